@@ -1,0 +1,94 @@
+// Decimal numbers in strings, with edge behaviour of their own.
+#include <cstring>
+
+#include "model/objects.h"
+
+namespace velumo {
+namespace {
+
+constexpr u32 most_digits_read = 9;
+constexpr float powers_of_ten[] = {1.0F,      10.0F,      100.0F,      1000.0F,      10000.0F,
+                                   100000.0F, 1000000.0F, 10000000.0F, 100000000.0F, 1000000000.0F};
+
+float tenth(u32 value) { return static_cast<float>(value) / 10.0F; }
+
+// Digits that a number is written with, by the size of its tenth; 0 when there is no answer.
+// On purpose: single precision rounds 99999999 up to a hundred million, which gets a digit too
+// many.
+u32 count_digits(float tenth_of_value) {
+    const float *above =
+        std::upper_bound(std::begin(powers_of_ten), std::end(powers_of_ten), tenth_of_value);
+    if (above == std::end(powers_of_ten)) return 0;
+    return static_cast<u32>(above - std::begin(powers_of_ten)) + 1;
+}
+
+// Digits left of the buffer, which the miscounted numbers have, are dropped.
+void write_digit(i32 digit, i32 position, char *destination) {
+    if (position >= 0) vel_transform_int_to_asccii(digit, destination + position);
+}
+
+void write_digits(u32 value, u32 digits, char *destination) {
+    // On purpose: the number is taken as signed, so from 2147483648 on no digit is written.
+    i32 rest = as_signed(value);
+    float rest_tenth = tenth(value);
+    i32 position = as_signed(digits) - 1;
+    while (position >= 0 && rest > 0) {
+        const i32 units = rest % 10;
+        write_digit(units, position, destination);
+        if (rest_tenth >= 10.0F) {
+            rest = (rest - units) / 10;
+        } else {
+            --position;
+            write_digit(static_cast<i32>(rest_tenth), position, destination);
+        }
+        --position;
+        rest_tenth = static_cast<float>(rest) / 10.0F;
+    }
+}
+
+} // namespace
+} // namespace velumo
+
+using namespace velumo;
+
+int32_t vel_transform_int_to_asccii(int32_t digit, char *destination) noexcept {
+    const bool is_digit = digit >= 0 && digit <= 9;
+    *destination = static_cast<char>('0' + (is_digit ? digit : 0));
+    return is_digit ? 1 : -1;
+}
+
+int32_t vel_transform_ascii_to_int(uint32_t *destination, const char *character) noexcept {
+    const bool is_digit = *character >= '0' && *character <= '9';
+    *destination = is_digit ? static_cast<u32>(*character - '0') : 0;
+    return is_digit ? 1 : -1;
+}
+
+void vel_transform_str_to_num(const char *string, uint32_t *destination) noexcept {
+    const auto length = static_cast<u32>(strnlen(string, most_digits_read + 1));
+    *destination = 0;
+    for (u32 k = 0; k < std::min(length, most_digits_read); ++k) {
+        u32 digit = 0;
+        vel_transform_ascii_to_int(&digit, string + k);
+        *destination = *destination * 10 + digit;
+    }
+}
+
+int32_t vel_transform_num_to_str(const uint32_t *value, char *destination) noexcept {
+    const u32 digits = count_digits(tenth(*value));
+    if (digits == 0) return -1;
+    destination[digits] = '\0';
+    if (digits == 1) {
+        vel_transform_int_to_asccii(as_signed(*value), destination);
+    } else {
+        write_digits(*value, digits, destination);
+    }
+    return as_signed(digits);
+}
+
+uint32_t vel_zehnerpotenz(uint32_t exponent) noexcept {
+    // On purpose: the power for 0 is 10 as well.
+    u32 power = 10;
+    // Ten to the 32 is 0 modulo 2 to the 32, and stays 0.
+    for (u32 k = 1; k < std::min<u32>(exponent, 32); ++k) power *= 10;
+    return power;
+}
