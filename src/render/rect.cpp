@@ -1,0 +1,26 @@
+// The one place that asks SDL to show what was drawn.
+#include "render/rect.h"
+
+namespace velumo {
+namespace {
+
+// Keeps the part of a line from start, length pixels long, that lies on 0 to size - 1.
+void cut_to(int size, Sint16 &start, Uint16 &length) {
+    const int first = std::clamp<int>(start, 0, size);
+    const int end = std::clamp<int>(start + length, first, size);
+    start = static_cast<Sint16>(first);
+    length = static_cast<Uint16>(end - first);
+}
+
+} // namespace
+
+void update_display(const vel_context &ctx, SDL_Rect rect) {
+    const SDL_Surface *display = SDL_GetVideoSurface();
+    if (display == nullptr || ctx.screen == nullptr) return;
+    // An X server ends programs that put pictures from outside of their memory.
+    cut_to(std::min(display->w, ctx.screen->w), rect.x, rect.w);
+    cut_to(std::min(display->h, ctx.screen->h), rect.y, rect.h);
+    if (rect.w != 0 && rect.h != 0) SDL_UpdateRects(ctx.screen, 1, &rect);
+}
+
+} // namespace velumo

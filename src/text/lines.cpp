@@ -1,0 +1,49 @@
+// Access to the block of line buffers.
+#include "text/lines.h"
+
+namespace velumo {
+namespace {
+
+// Bytes of the block. A program that fills the tables by hand may not tell their size; then the
+// block reaches to the end of the buffer asked for, or of the last that is counted.
+std::uint64_t block_size(const vel_context &ctx, u32 text) {
+    const std::uint64_t known = ctx.text_records;
+    const std::uint64_t buffers =
+        known != 0 ? known : std::max<std::uint64_t>(text, ctx.text_count) + 1;
+    return buffers * VEL_TEXT_BUFFER_SIZE;
+}
+
+// Null outside the block.
+char *byte_at(const vel_context &ctx, u32 text, u32 line, u32 column) {
+    const std::uint64_t offset =
+        std::uint64_t{text} * VEL_TEXT_BUFFER_SIZE + std::uint64_t{line} * VEL_LINE_SIZE + column;
+    if (ctx.text_bufs == nullptr || offset >= block_size(ctx, text)) return nullptr;
+    return &ctx.text_bufs[0][0] + offset;
+}
+
+} // namespace
+
+u32 text_of(const vel_context &ctx, const vel_object &object) {
+    const bool exists = ctx.text_recs != nullptr && ctx.text_bufs != nullptr &&
+                        (ctx.text_records == 0 || object.text_index < ctx.text_records);
+    return exists ? object.text_index : 0;
+}
+
+const char *line_of(const vel_context &ctx, u32 text, u32 line) {
+    const char *start = byte_at(ctx, text, line, 0);
+    return start == nullptr ? "" : start;
+}
+
+void put(vel_context &ctx, u32 text, u32 line, u32 column, char character) {
+    char *byte = byte_at(ctx, text, line, column);
+    if (byte == nullptr) return;
+    // The last byte of the block ends its last line, whatever is put there.
+    const bool is_last = byte_at(ctx, text, line, column + 1) == nullptr;
+    *byte = is_last ? '\0' : character;
+}
+
+void clear_lines(vel_context &ctx, u32 text, u32 from, u32 to) {
+    for (u32 line = from; line <= to; ++line) put(ctx, text, line, 0, '\0');
+}
+
+} // namespace velumo

@@ -1,0 +1,25 @@
+// Texts and their formatted lines by number, never outside their memory. For drawing, text layout
+// and editing.
+#pragma once
+
+#include "model/objects.h"
+
+namespace velumo {
+
+inline constexpr u32 last_line = VEL_TEXT_LINES - 1;
+inline constexpr u32 last_column = VEL_LINE_SIZE - 1;
+
+// Number of an object's text; 0 when it has none or the tables have no such text.
+u32 text_of(const vel_context &ctx, const vel_object &object);
+
+// Line n of a text, ended by a NUL; empty where the line would lie outside the line buffers.
+// On purpose: line 40 of a text is line 0 of the next.
+const char *line_of(const vel_context &ctx, u32 text, u32 line);
+
+// Writes one byte of a line; what would leave the block of line buffers is dropped.
+void put(vel_context &ctx, u32 text, u32 line, u32 column, char character);
+
+// Ends the lines from one on, so that they are empty.
+void clear_lines(vel_context &ctx, u32 text, u32 from, u32 to);
+
+} // namespace velumo

@@ -1,0 +1,20 @@
+// The font of an object and the size of texts in it. For drawing, text layout and editing.
+#pragma once
+
+#include "model/objects.h"
+
+namespace velumo {
+
+// Null when the object's own font did not open, and for a font choice that is not supported.
+TTF_Font *font_of(const vel_context &ctx, const vel_object &object);
+
+// Pixels; 0 without a font.
+u32 font_height(TTF_Font *font);
+u32 text_width(TTF_Font *font, const char *text);
+
+// Pixels from one line of an object's text to the next.
+inline u32 line_pitch(TTF_Font *font, const vel_object &object) {
+    return font_height(font) + object.line_spacing;
+}
+
+} // namespace velumo
