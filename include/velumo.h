@@ -117,6 +117,13 @@ enum vel_key_code {
     VEL_KEY_INSERT = 277   /**< Toggles inserting and overwriting. */
 };
 
+/** Verdicts of an event filter (vel_context::event_filter). */
+enum vel_filter_verdict {
+    VEL_FILTER_PASS = 0,    /**< The loop handles the event. */
+    VEL_FILTER_DROP = 1,    /**< The loop does not see the event. */
+    VEL_FILTER_END_LOOP = 2 /**< The loop ends. */
+};
+
 /** Results of vel_load_forms(). */
 enum vel_result {
     VEL_OK = 1,               /**< Done. */
@@ -256,6 +263,28 @@ typedef struct vel_object {
                              application. Default null. */
 } vel_object;
 
+struct vel_context;
+
+/**
+ * Gets every event that a loop of the library polls, before the loop does.
+ *
+ * When it ends the loop, a selection loop returns 7, a menu and vel_wait_for_object() return 0, and
+ * a move leaves the window where it is. It may draw, and run loops of its own.
+ *
+ * \param ctx   context
+ * \param event the event; it may be changed
+ * \returns one of vel_filter_verdict
+ */
+typedef uint32_t (*vel_event_filter)(struct vel_context *ctx, SDL_Event *event);
+
+/**
+ * Called by a loop of the library whenever no event is waiting: at least every 50 ms, at most about
+ * a thousand times a second. For clocks, timers and progress.
+ *
+ * \param ctx context
+ */
+typedef void (*vel_idle_hook)(struct vel_context *ctx);
+
 /** The state of one interface. The application owns it and fills it with zeros before use. */
 typedef struct vel_context {
     SDL_Event event;     /**< Read-write. The event last polled; a type of 0 marks it as used. */
@@ -305,6 +334,11 @@ typedef struct vel_context {
                                   the spare ones included; 0 = not known. */
     uint32_t text_records;   /**< Private to the library. Records of the text tables, record 0 and
                                   the spare ones included; 0 = not known. */
+    vel_event_filter event_filter; /**< Read-write. Sees every event first; default null, off. */
+    vel_idle_hook idle_hook;       /**< Read-write. Called while nothing happens; default null,
+                                        off. */
+    int64_t last_event_time;       /**< Private to the library. When the last event came, in
+                                        milliseconds of a clock that never stands still. */
 } vel_context;
 
 /** \name Start-up and shutdown */
@@ -917,6 +951,420 @@ VEL_API int32_t vel_go_to_next_chainmember(vel_context *ctx, uint32_t master,
                                            uint32_t *chain_position, uint32_t *member,
                                            uint32_t *text_index, uint32_t *line,
                                            uint32_t *column) VEL_NOTHROW;
+/**@}*/
+
+/** \name Waiting and hit tests
+ * Loops that wait for the user. They rest when nothing happens. Keys go to vel_get_text() while
+ * they run. */
+/**@{*/
+
+/**
+ * Waits until the left button is released over one of two objects or over frame button 7.
+ *
+ * The close of the program's window (SDL_QUIT) and all other events are dropped; an event filter
+ * can act on them.
+ *
+ * \param ctx    context
+ * \param stop_a number of an object; 0 returns 0 at once
+ * \param stop_b number of an object; 0 returns 0 at once
+ * \returns the object released on: stop_a, stop_b or 7
+ */
+VEL_API uint32_t vel_get_mouse_selection(vel_context *ctx, int32_t stop_a,
+                                         int32_t stop_b) VEL_NOTHROW;
+
+/**
+ * Waits as vel_get_mouse_selection() does, for one object.
+ *
+ * \param ctx  context
+ * \param stop number of an object; 0 returns 0 at once
+ * \returns the object released on: stop or 7
+ */
+VEL_API uint32_t vel_get_mono_mouse_selection(vel_context *ctx, int32_t stop) VEL_NOTHROW;
+
+/**
+ * Runs the form until the user does something that the application should act on.
+ *
+ * Keys edit the cursor object. Tab and Shift+Tab move the cursor through the visible editable
+ * objects of the active window. A press on frame buttons 2, 3, 5 or 6 resizes or scrolls the
+ * window, again every 50 ms after 400 ms of holding it; a release on 1, 4 or 7 moves the window,
+ * switches the mode or closes it. A release on a window behind raises it, one on an editable object
+ * gives it the cursor.
+ *
+ * \param ctx context
+ * \returns the object released on when it is a label, a picture, a menu or stands by itself on the
+ *          desktop; 7 when the user has closed the last window; 0 when the user closes the program
+ *          (SDL_QUIT), or the event filter ends the loop
+ */
+VEL_API uint32_t vel_wait_for_object(vel_context *ctx) VEL_NOTHROW;
+
+/**
+ * Finds the object under a point: frame buttons, the active window and its dependents, other
+ * windows from the highest number down, then objects without master and their dependents.
+ *
+ * \param ctx context
+ * \param x   column
+ * \param y   row
+ * \returns number of the innermost object, for windows behind that of the window; 0 for none
+ */
+VEL_API uint32_t vel_test_all_objects(const vel_context *ctx, uint32_t x, uint32_t y) VEL_NOTHROW;
+
+/**
+ * Finds the innermost dependent of an object under a point. Of several the first in list order
+ * counts; hidden and empty ones and those of border style 2 and 3 do not.
+ *
+ * \param ctx    context
+ * \param object number of the master
+ * \param x      column
+ * \param y      row
+ * \returns number of the dependent; 0 for none
+ */
+VEL_API uint32_t vel_test_dep_objs(const vel_context *ctx, uint32_t object, uint32_t x,
+                                   uint32_t y) VEL_NOTHROW;
+
+/**
+ * Tells whether a point lies inside an object, within its outermost pixels and its masters' limits.
+ *
+ * \param ctx    context
+ * \param object number of the object
+ * \param x      column
+ * \param y      row
+ * \returns 1 inside, 0 outside
+ */
+VEL_API uint32_t vel_in_object(const vel_context *ctx, uint32_t object, int32_t x,
+                               int32_t y) VEL_NOTHROW;
+/**@}*/
+
+/** \name Keys and text editing
+ * A key is translated when it is pressed and applied when a key is released. */
+/**@{*/
+
+/**
+ * Translates the key-down event of the context by the table of a German keyboard.
+ *
+ * Sets key_code and key_printable and marks the event as used. Without a cursor object, for other
+ * events and for keys without a code nothing is done, but that in a numeric field key_printable
+ * follows every key.
+ *
+ * \param ctx context
+ */
+VEL_API void vel_getfirstkeyinformation(vel_context *ctx) VEL_NOTHROW;
+
+/**
+ * Hands key_code over to final_key when the context's event is a key-up event.
+ *
+ * \param ctx context
+ */
+VEL_API void vel_getfinalkeyinformation(vel_context *ctx) VEL_NOTHROW;
+
+/**
+ * Applies final_key to the text of cursor_object, redraws the active window and updates it.
+ *
+ * A key that finds no room or no way to go changes nothing. When there is no cursor object, or it
+ * has no text to edit, final_key stays.
+ *
+ * \param ctx context
+ */
+VEL_API void vel_get_text(vel_context *ctx) VEL_NOTHROW;
+
+/**
+ * Sets cursor_index of the cursor object's text from cursor_line and cursor_column. A place that
+ * the formatted lines do not have leaves it as it is.
+ *
+ * \param ctx context
+ */
+VEL_API void vel_get_position_in_stream(vel_context *ctx) VEL_NOTHROW;
+
+/**
+ * Sets cursor_line and cursor_column of the cursor object from cursor_index of its text. An index
+ * behind the formatted lines leaves them as they are.
+ *
+ * \param ctx context
+ */
+VEL_API void vel_get_column_row(vel_context *ctx) VEL_NOTHROW;
+/**@}*/
+
+/** \name Windows */
+/**@{*/
+
+/**
+ * Opens the window in window_to_activate or brings it to the front, and gives it marks, frame
+ * buttons and text cursor. Nothing is redrawn.
+ *
+ * Anything but a top-level window that is not active yet is ignored. A closed window is refused
+ * while 100 are open; it is then visible but not on the stack.
+ *
+ * \param ctx context
+ */
+VEL_API void vel_activate_window(vel_context *ctx) VEL_NOTHROW;
+
+/**
+ * Closes a window, erases it and activates the one that takes its place on the stack. Nothing is
+ * redrawn.
+ *
+ * \param ctx    context
+ * \param window number of the window; 0 stands for the active one. One that is not open is ignored
+ */
+VEL_API void vel_close_win(vel_context *ctx, uint32_t window) VEL_NOTHROW;
+
+/**
+ * Places the frame buttons on the active window, or hides them when there is none.
+ *
+ * \param ctx context
+ */
+VEL_API void vel_set_operators(vel_context *ctx) VEL_NOTHROW;
+
+/**
+ * Acts on the object in window_to_activate: a top-level window is activated and the screen redrawn,
+ * an editable object gets the text cursor and the active window is redrawn. Others are ignored.
+ *
+ * \param ctx context
+ */
+VEL_API void vel_select_window(vel_context *ctx) VEL_NOTHROW;
+
+/**
+ * Opens a dialog, waits for one of two answers and closes it. The caller redraws the screen.
+ *
+ * \param ctx    context
+ * \param window number of the dialog's window
+ * \param first  number of the first answer
+ * \param last   number of the second answer
+ * \returns the answer, or 7 when the dialog was closed
+ */
+VEL_API uint32_t vel_decide_window(vel_context *ctx, uint32_t window, uint32_t first,
+                                   uint32_t last) VEL_NOTHROW;
+
+/**
+ * Opens a notice, waits until it is acknowledged or closed and closes it. The caller redraws the
+ * screen.
+ *
+ * \param ctx    context
+ * \param window number of the notice's window
+ * \param object number of the acknowledging object
+ */
+VEL_API void vel_notice_window(vel_context *ctx, uint32_t window, uint32_t object) VEL_NOTHROW;
+
+/**
+ * Places the text cursors of a window and its dependents at the start of their texts, unless they
+ * were placed before.
+ *
+ * \param ctx    context
+ * \param window number of the window
+ */
+VEL_API void vel_initiate_cursor_win(vel_context *ctx, uint32_t window) VEL_NOTHROW;
+
+/**
+ * Places the text cursors of an object's dependents as vel_initiate_cursor_win() does.
+ *
+ * \param ctx    context
+ * \param object number of the object
+ */
+VEL_API void vel_initiate_cursor_dep_objs(vel_context *ctx, uint32_t object) VEL_NOTHROW;
+
+/**
+ * Finds the first dependent that can take the text cursor, depth first, hidden ones included.
+ *
+ * \param ctx    context
+ * \param object number of the object
+ * \returns number of the dependent; 0 for none
+ */
+VEL_API uint32_t vel_check_cursor_dep_objs(const vel_context *ctx, uint32_t object) VEL_NOTHROW;
+/**@}*/
+
+/** \name Frame actions
+ * They act on the active window and do nothing without one. */
+/**@{*/
+
+/**
+ * Does what pressing the frame button in window_to_activate means: 2, 3, 5 and 6 resize a window of
+ * kind 0 by 4 pixels or scroll it by scroll_step, as frame_mode tells.
+ *
+ * \param ctx context
+ */
+VEL_API void vel_exa_left_pressed(vel_context *ctx) VEL_NOTHROW;
+
+/**
+ * Does what releasing the frame button in window_to_activate means: 1 moves the window, 4 switches
+ * frame_mode, 7 closes the window.
+ *
+ * \param ctx context
+ */
+VEL_API void vel_exa_left_released(vel_context *ctx) VEL_NOTHROW;
+
+/**
+ * Waits for a press of the left button and moves the window there, to x of at least 11 and y of at
+ * least 25. All events before the press are dropped.
+ *
+ * \param ctx context
+ */
+VEL_API void vel_move_window(vel_context *ctx) VEL_NOTHROW;
+
+/**
+ * Makes the window 4 pixels wider while it is narrower than screen_width - 50, and redraws.
+ *
+ * \param ctx context
+ */
+VEL_API void vel_increase_win_w(vel_context *ctx) VEL_NOTHROW;
+
+/**
+ * Makes the window 4 pixels higher while it is lower than screen_height - 50, and redraws.
+ *
+ * \param ctx context
+ */
+VEL_API void vel_increase_win_h(vel_context *ctx) VEL_NOTHROW;
+
+/**
+ * Makes the window 4 pixels narrower while it is wider than 20, and redraws.
+ *
+ * \param ctx context
+ */
+VEL_API void vel_decrease_win_w(vel_context *ctx) VEL_NOTHROW;
+
+/**
+ * Makes the window 4 pixels lower while it is higher than 20, and redraws.
+ *
+ * \param ctx context
+ */
+VEL_API void vel_decrease_win_h(vel_context *ctx) VEL_NOTHROW;
+
+/**
+ * Moves the contents up by scroll_step while scroll_y is above -scroll_max_y, and updates the
+ * window.
+ *
+ * \param ctx context
+ */
+VEL_API void vel_scroll_win_up(vel_context *ctx) VEL_NOTHROW;
+
+/**
+ * Moves the contents down by scroll_step while scroll_y is below 2 * scroll_max_y, and updates the
+ * window.
+ *
+ * \param ctx context
+ */
+VEL_API void vel_scroll_win_down(vel_context *ctx) VEL_NOTHROW;
+
+/**
+ * Moves the contents left by scroll_step while scroll_x is above -scroll_max_x, and updates the
+ * window. The window's own cursor moves right.
+ *
+ * \param ctx context
+ */
+VEL_API void vel_scroll_win_left(vel_context *ctx) VEL_NOTHROW;
+
+/**
+ * Moves the contents right by scroll_step while scroll_x is below 2 * scroll_max_x, and updates the
+ * window.
+ *
+ * \param ctx context
+ */
+VEL_API void vel_scroll_win_right(vel_context *ctx) VEL_NOTHROW;
+
+/**
+ * Moves the dependents of an object, and their cursors, horizontally as scrolling does: those of
+ * clip mode 0, and of clip mode 1 below the first level, each with what hangs on it.
+ *
+ * \param ctx       context
+ * \param object    number of the object
+ * \param direction 1 left, 2 right
+ * \param distance  pixels
+ */
+VEL_API void vel_update_x_dependent_obj(vel_context *ctx, uint32_t object, uint32_t direction,
+                                        uint32_t distance) VEL_NOTHROW;
+
+/**
+ * Moves the dependents of an object vertically as vel_update_x_dependent_obj() does horizontally.
+ *
+ * \param ctx       context
+ * \param object    number of the object
+ * \param direction 1 up, 2 down
+ * \param distance  pixels
+ */
+VEL_API void vel_update_y_dependent_obj(vel_context *ctx, uint32_t object, uint32_t direction,
+                                        uint32_t distance) VEL_NOTHROW;
+
+/**
+ * Moves all dependents of an object, and the cursors of editable windows, texts, fields and chain
+ * members among them.
+ *
+ * \param ctx    context
+ * \param object number of the object
+ * \param dx     pixels to the right; a move to the left wraps around
+ * \param dy     pixels down; a move up wraps around
+ */
+VEL_API void vel_update_dep_objs_after_move(vel_context *ctx, uint32_t object, uint32_t dx,
+                                            uint32_t dy) VEL_NOTHROW;
+
+/**
+ * Moves all dependents of an object that have a size, and the cursors of all editable ones.
+ *
+ * \param ctx    context
+ * \param object number of the object
+ * \param dx     pixels to the right; a move to the left wraps around
+ * \param dy     pixels down; a move up wraps around
+ */
+VEL_API void vel_add_difference_toxy_dep_objs(vel_context *ctx, uint32_t object, uint32_t dx,
+                                              uint32_t dy) VEL_NOTHROW;
+/**@}*/
+
+/** \name Loading texts */
+/**@{*/
+
+/**
+ * Puts a text into a window or text object and formats it. The cursor stays; vel_reset_textobject()
+ * brings it to the start.
+ *
+ * \param ctx    context
+ * \param object number of the object
+ * \param text   1 to 999 characters
+ * \returns index of the last formatted line, as vel_format_object_text()
+ */
+VEL_API uint32_t vel_load_window_text(vel_context *ctx, uint32_t object,
+                                      const char *text) VEL_NOTHROW;
+
+/**
+ * Loads a text as vel_load_window_text() does and prepares the captions of two buttons.
+ *
+ * \param ctx      context
+ * \param object   number of the object
+ * \param text     1 to 999 characters
+ * \param button_a number of the first button
+ * \param button_b number of the second button
+ * \returns what vel_format_small_obj() returns for the second button
+ */
+VEL_API uint32_t vel_load_window_text_buttons(vel_context *ctx, uint32_t object, const char *text,
+                                              uint32_t button_a, uint32_t button_b) VEL_NOTHROW;
+
+/**
+ * Counts the characters of an object's text and brings its cursor to the start.
+ *
+ * \param ctx    context
+ * \param mode   0 the text is the object's label; 1 it is in its text record; with other values
+ *               text_length stays
+ * \param object number of the object
+ */
+VEL_API void vel_reset_textobject(vel_context *ctx, uint32_t mode, uint32_t object) VEL_NOTHROW;
+
+/**
+ * Right-aligns the label of an object in a field, filling up its left.
+ *
+ * \param ctx          context
+ * \param string       the text whose length counts, normally the label itself; not empty
+ * \param object       number of the object
+ * \param field_length characters of the field, at most 67
+ * \param fill_char    character to fill with
+ * \returns field_length; the length of string when that fills the field already, and 0 when string
+ *          is empty or the field longer than a label, with nothing changed
+ */
+VEL_API uint32_t vel_fill_form_with_dummies(vel_context *ctx, const char *string, uint32_t object,
+                                            uint32_t field_length, uint8_t fill_char) VEL_NOTHROW;
+
+/**
+ * Reads a whole file that may be written to as well. No NUL is added.
+ *
+ * \param path the file
+ * \returns a buffer of the file's size that the caller releases with free(); null when the file
+ *          cannot be opened
+ */
+VEL_API char *vel_read_external_stream(const char *path) VEL_NOTHROW;
 /**@}*/
 
 #ifdef __cplusplus

@@ -1,0 +1,89 @@
+// How the library's loops get their events without wasting a processor on waiting.
+#include "input/events.h"
+
+#include <SDL_syswm.h>
+#include <poll.h>
+
+namespace velumo {
+namespace {
+
+using std::chrono::milliseconds;
+
+constexpr milliseconds quiet_after{1000};
+constexpr milliseconds nap_while_busy{1};
+constexpr milliseconds nap_while_quiet{10};
+
+// Descriptor of the connection to the X server; -1 with other drivers.
+int x_connection() {
+#if defined(SDL_VIDEO_DRIVER_X11)
+    SDL_SysWMinfo info;
+    SDL_VERSION(&info.version);
+    if (SDL_GetVideoSurface() != nullptr && SDL_GetWMInfo(&info) == 1 &&
+        info.subsystem == SDL_SYSWM_X11) {
+        return ConnectionNumber(info.info.x11.display);
+    }
+#endif
+    return -1;
+}
+
+bool event_is_waiting() {
+    SDL_Event event;
+    SDL_PumpEvents();
+    return SDL_PeepEvents(&event, 1, SDL_PEEKEVENT, SDL_ALLEVENTS) > 0;
+}
+
+milliseconds nap_length(const vel_context &ctx) {
+    return now() - milliseconds(ctx.last_event_time) < quiet_after ? nap_while_busy
+                                                                   : nap_while_quiet;
+}
+
+} // namespace
+
+milliseconds now() {
+    return std::chrono::duration_cast<milliseconds>(
+        std::chrono::steady_clock::now().time_since_epoch());
+}
+
+Polled poll_event(vel_context &ctx) {
+    if (SDL_PollEvent(&ctx.event) == 0) return Polled::nothing;
+    ctx.last_event_time = now().count();
+    if (ctx.event_filter == nullptr) return Polled::event;
+    const u32 verdict = ctx.event_filter(&ctx, &ctx.event);
+    if (verdict != VEL_FILTER_PASS) consume_event(ctx);
+    return verdict == VEL_FILTER_END_LOOP ? Polled::end_of_loop : Polled::event;
+}
+
+void rest(vel_context &ctx, milliseconds longest) {
+    if (ctx.idle_hook != nullptr) {
+        ctx.idle_hook(&ctx);
+        // Drawing in the hook may have read events from the connection already.
+        if (event_is_waiting()) return;
+    }
+    pollfd connection{x_connection(), POLLIN, 0};
+    const bool has_connection = connection.fd >= 0;
+    const milliseconds length = std::min(has_connection ? longest_rest : nap_length(ctx), longest);
+    ::poll(&connection, has_connection ? 1 : 0, static_cast<int>(length.count()));
+}
+
+bool is_left_button(const SDL_Event &event, Button state) {
+    const bool pressed = state == Button::pressed;
+    return event.type == (pressed ? SDL_MOUSEBUTTONDOWN : SDL_MOUSEBUTTONUP) &&
+           event.button.button == SDL_BUTTON_LEFT &&
+           event.button.state == (pressed ? SDL_PRESSED : SDL_RELEASED);
+}
+
+void handle_key_event(vel_context &ctx) {
+    switch (ctx.event.type) {
+    case SDL_KEYDOWN:
+        vel_getfirstkeyinformation(&ctx);
+        break;
+    case SDL_KEYUP:
+        vel_getfinalkeyinformation(&ctx);
+        vel_get_text(&ctx);
+        break;
+    default:
+        break;
+    }
+}
+
+} // namespace velumo

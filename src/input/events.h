@@ -1,0 +1,31 @@
+// Polling of events and resting when there are none. For every loop of the library.
+#pragma once
+
+#include <chrono>
+
+#include "model/objects.h"
+
+namespace velumo {
+
+enum class Polled { event, nothing, end_of_loop };
+
+// Fetches the next event into the context's event and shows it to the event filter. Without one the
+// event stays as it was, and a loop handles it once more.
+Polled poll_event(vel_context &ctx);
+
+// For a loop whose poll found nothing: calls the idle hook and waits for the next event, but not
+// longer than told.
+inline constexpr std::chrono::milliseconds longest_rest{50};
+void rest(vel_context &ctx, std::chrono::milliseconds longest = longest_rest);
+
+std::chrono::milliseconds now();
+
+inline void consume_event(vel_context &ctx) { ctx.event.type = SDL_NOEVENT; }
+
+enum class Button { pressed, released };
+bool is_left_button(const SDL_Event &event, Button state);
+
+// Hands the context's event to key translation and editor when it comes from the keyboard.
+void handle_key_event(vel_context &ctx);
+
+} // namespace velumo

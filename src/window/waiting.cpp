@@ -1,0 +1,159 @@
+// The loop that runs a form until the application has something to do.
+#include <optional>
+
+#include "input/events.h"
+#include "window/window.h"
+
+namespace velumo {
+namespace {
+
+using std::chrono::milliseconds;
+
+constexpr milliseconds repeat_after{400};
+constexpr milliseconds repeat_every{50};
+
+// --- Tab
+
+// The visible objects of the active window that take the cursor: itself, then depth first.
+std::vector<u32> cursor_stops(const vel_context &ctx) {
+    std::vector<u32> stops;
+    const u32 window = ctx.active_window;
+    if (window == 0) return stops;
+    if (takes_cursor(object_at(ctx, window))) stops.push_back(window);
+    walk_dependents(ctx, window, [&](u32 number) {
+        const vel_object &o = object_at(ctx, number);
+        if (!is_drawable(o)) return Walk::skip;
+        if (takes_cursor(o)) stops.push_back(number);
+        return Walk::descend;
+    });
+    return stops;
+}
+
+void move_cursor(vel_context &ctx, bool backwards) {
+    const std::vector<u32> stops = cursor_stops(ctx);
+    if (stops.empty()) return;
+    const auto here = std::find(stops.begin(), stops.end(), ctx.cursor_object);
+    const auto place = static_cast<std::size_t>(here - stops.begin());
+    std::size_t next = place + 1;
+    if (here == stops.end())
+        next = backwards ? stops.size() - 1 : 0;
+    else if (backwards)
+        next = place + stops.size() - 1;
+    ctx.cursor_object = stops[next % stops.size()];
+    vel_draw_and_screenup_selected_window(&ctx);
+}
+
+bool is_tab(const SDL_Event &event) {
+    return event.type == SDL_KEYDOWN && event.key.keysym.sym == SDLK_TAB;
+}
+
+// --- Objects
+
+bool is_frame_button(u32 number) { return number != 0 && number <= VEL_FRAME_BUTTONS; }
+
+bool is_for_application(const vel_object &o) {
+    switch (o.type) {
+    case VEL_TYPE_LABEL:
+    case VEL_TYPE_PICTURE_UNLOADED:
+    case VEL_TYPE_PICTURE:
+    case VEL_TYPE_MENU:
+        return true;
+    default:
+        return o.master == 0 && o.type != VEL_TYPE_WINDOW;
+    }
+}
+
+u32 object_under(const vel_context &ctx) {
+    return vel_test_all_objects(&ctx, ctx.event.button.x, ctx.event.button.y);
+}
+
+// --- The loop
+
+class FormLoop {
+public:
+    explicit FormLoop(vel_context &ctx) : ctx_(ctx) {}
+
+    u32 run() {
+        for (;;) {
+            const Polled polled = poll_event(ctx_);
+            if (polled == Polled::end_of_loop) return 0;
+            if (polled == Polled::event) {
+                if (const auto result = handle_event()) return *result;
+            }
+            repeat_press();
+            if (polled == Polled::nothing) rest(ctx_, longest_rest_now());
+        }
+    }
+
+private:
+    // What the loop returns, if the event ends it.
+    std::optional<u32> handle_event() {
+        if (ctx_.event.type == SDL_QUIT) return 0;
+        if (is_tab(ctx_.event)) {
+            move_cursor(ctx_, (ctx_.event.key.keysym.mod & KMOD_SHIFT) != 0);
+            consume_event(ctx_);
+        } else if (is_left_button(ctx_.event, Button::pressed)) {
+            press();
+        } else if (is_left_button(ctx_.event, Button::released)) {
+            return release();
+        } else {
+            handle_key_event(ctx_);
+        }
+        return {};
+    }
+
+    void press() {
+        const u32 number = object_under(ctx_);
+        if (!is_frame_button(number)) return;
+        held_ = number;
+        next_press_ = now() + repeat_after;
+        ctx_.window_to_activate = number;
+        vel_exa_left_pressed(&ctx_);
+    }
+
+    void repeat_press() {
+        if (held_ == 0 || now() < next_press_) return;
+        next_press_ = now() + repeat_every;
+        ctx_.window_to_activate = held_;
+        vel_exa_left_pressed(&ctx_);
+    }
+
+    milliseconds longest_rest_now() const {
+        if (held_ == 0) return longest_rest;
+        return std::clamp(next_press_ - now(), milliseconds{0}, longest_rest);
+    }
+
+    std::optional<u32> release() {
+        held_ = 0;
+        const u32 number = object_under(ctx_);
+        consume_event(ctx_);
+        if (number == 0) return {};
+        if (is_frame_button(number)) return release_frame_button(number);
+        const vel_object &o = object_at(ctx_, number);
+        if (is_top_level_window(o) || takes_cursor(o)) {
+            ctx_.window_to_activate = number;
+            vel_select_window(&ctx_);
+            return {};
+        }
+        if (is_for_application(o)) return number;
+        return {};
+    }
+
+    std::optional<u32> release_frame_button(u32 number) {
+        ctx_.window_to_activate = number;
+        vel_exa_left_released(&ctx_);
+        if (number == VEL_BUTTON_CLOSE && ctx_.active_window == 0) return number;
+        return {};
+    }
+
+    vel_context &ctx_;
+    u32 held_ = 0; // frame button under the pressed mouse button
+    milliseconds next_press_{0};
+};
+
+} // namespace
+} // namespace velumo
+
+using namespace velumo;
+
+uint32_t vel_wait_for_object(vel_context *ctx) noexcept { return FormLoop(*ctx).run(); }
