@@ -1367,6 +1367,51 @@ VEL_API uint32_t vel_fill_form_with_dummies(vel_context *ctx, const char *string
 VEL_API char *vel_read_external_stream(const char *path) VEL_NOTHROW;
 /**@}*/
 
+/** \name Menus and the file selector */
+/**@{*/
+
+/**
+ * Shows a menu, darkens the entry under the pointer and waits until the left button is released or
+ * the pointer leaves the menu. All other events are dropped meanwhile. Afterwards the menu is
+ * erased and hidden; the caller redraws what it covered.
+ *
+ * \param ctx  context
+ * \param menu number of the menu; its dependents are the entries
+ * \param mode 1 the pointer may stay above the menu, on its title, until it has been on an entry;
+ *             with other values it must not be above the menu
+ * \returns the entry released on; 0 when the menu was left, the button released elsewhere, or the
+ *          event filter ended the loop
+ */
+VEL_API uint32_t vel_move_out_menu(vel_context *ctx, uint32_t menu, uint32_t mode) VEL_NOTHROW;
+
+/**
+ * Makes the rows of a file selector, the objects that follow its first dependent in number, from
+ * that dependent: 3 pixels apart, with its type, size, colours, left and top margin.
+ *
+ * \param ctx  context
+ * \param list number of the list
+ * \param rows rows to make; at most one row behind the loaded objects is made, and 99 in all
+ */
+VEL_API void vel_prepare_fileselector(vel_context *ctx, uint32_t list, uint32_t rows) VEL_NOTHROW;
+
+/**
+ * Reads the first 100 names of the current folder, cut to 64 characters, into dir_names, and orders
+ * them in dir_order by their first character. A folder that cannot be read leaves all as it is.
+ *
+ * \param ctx context
+ */
+VEL_API void vel_read_app_dir(vel_context *ctx) VEL_NOTHROW;
+
+/**
+ * Writes the names that vel_read_app_dir() read into the rows of a list, makes these 180 pixels
+ * wide, hides the rest, and sets the height of the list. A folder of one name is not shown.
+ *
+ * \param ctx  context
+ * \param list number of the list
+ */
+VEL_API void vel_load_dir_entries(vel_context *ctx, uint32_t list) VEL_NOTHROW;
+/**@}*/
+
 #ifdef __cplusplus
 }
 #endif

@@ -1,0 +1,170 @@
+// Pull-down menus: shown, followed by the pointer and gone within one call.
+#include <optional>
+
+#include "input/events.h"
+#include "render/geometry.h"
+#include "render/rect.h"
+
+namespace velumo {
+namespace {
+
+constexpr u32 highlight_step = 20;
+constexpr u32 sliver = 5; // pixels of the screen that a menu beyond its edge updates
+
+// The entry under the pointer, darkened in its own record and given back its colour later.
+class Highlight {
+public:
+    explicit Highlight(vel_context &ctx) : ctx_(ctx) {}
+    ~Highlight() { give_back(); }
+    Highlight(const Highlight &) = delete;
+    Highlight &operator=(const Highlight &) = delete;
+
+    u32 entry() const { return entry_; }
+
+    void move_to(u32 entry) {
+        give_back();
+        entry_ = entry;
+        vel_object &o = object_at(ctx_, entry_);
+        for (std::size_t k = 0; k < std::size(components); ++k) {
+            u32 &component = o.*components[k];
+            // On purpose: what is too dark to be lowered is not raised later.
+            lowered_[k] = component > highlight_step;
+            if (lowered_[k]) component -= highlight_step;
+        }
+    }
+
+private:
+    static constexpr u32 vel_object::*components[] = {&vel_object::fill_r, &vel_object::fill_g,
+                                                      &vel_object::fill_b};
+
+    void give_back() {
+        vel_object &o = object_at(ctx_, entry_);
+        for (std::size_t k = 0; k < std::size(components); ++k) {
+            if (lowered_[k]) o.*components[k] += highlight_step;
+            lowered_[k] = false;
+        }
+    }
+
+    vel_context &ctx_;
+    u32 entry_ = 0;
+    bool lowered_[std::size(components)] = {};
+};
+
+struct Point {
+    i32 x, y;
+};
+
+Point pointer() {
+    int x = 0;
+    int y = 0;
+    SDL_GetMouseState(&x, &y);
+    return {x, y};
+}
+
+class Menu {
+public:
+    Menu(vel_context &ctx, u32 number, bool hangs_below_title)
+        : ctx_(ctx), number_(number), hangs_below_title_(hangs_below_title), highlight_(ctx) {}
+
+    u32 run() {
+        consume_event(ctx_);
+        menu().hidden = 0;
+        paint();
+        while (!finished_) pass();
+        vel_undraw_object(&ctx_, number_);
+        menu().hidden = 1;
+        return chosen_;
+    }
+
+private:
+    vel_object &menu() { return object_at(ctx_, number_); }
+
+    void pass() {
+        const Polled polled = poll_event(ctx_);
+        if (polled == Polled::end_of_loop) {
+            close();
+            return;
+        }
+        const Point mouse = pointer();
+        if (has_dependents(menu())) {
+            if (const u32 entry = entry_under(mouse)) enter(entry);
+            if (is_left_button(ctx_.event, Button::released)) release();
+        }
+        // On purpose: these tests come last, so a pointer that has left takes back a choice made in
+        // the same pass.
+        if (has_left(mouse)) close();
+        if (polled == Polled::nothing && !finished_) rest(ctx_);
+    }
+
+    u32 entry_under(Point point) {
+        for (const u32 entry : dependents_of(menu())) {
+            if (is_drawable(object_at(ctx_, entry)) &&
+                vel_in_object(&ctx_, entry, point.x, point.y) == 1) {
+                return entry;
+            }
+        }
+        return 0;
+    }
+
+    void enter(u32 entry) {
+        entered_ = true;
+        if (entry == highlight_.entry()) return;
+        highlight_.move_to(entry);
+        paint();
+    }
+
+    void release() {
+        chosen_ = entry_under({ctx_.event.button.x, ctx_.event.button.y});
+        finished_ = true;
+        consume_event(ctx_);
+    }
+
+    void close() {
+        chosen_ = 0;
+        finished_ = true;
+    }
+
+    // On purpose: below a title the pointer may stay above the menu until it has been on an entry.
+    bool has_left(Point point) {
+        const i32 left = as_signed(menu().x);
+        const i32 top = as_signed(menu().y);
+        const i32 right = as_signed(menu().x + visible_size(horizontal) - 1);
+        const i32 bottom = as_signed(menu().y + visible_size(vertical) - 1);
+        return point.x < left || point.x > right || point.y > bottom ||
+               (point.y < top && (entered_ || !hangs_below_title_));
+    }
+
+    u32 visible_size(const Axis &axis) { return cut_size(ctx_, menu(), axis); }
+
+    u32 update_start(const Axis &axis) {
+        const i32 start = as_signed(menu().*axis.position);
+        const i32 screen = as_signed(ctx_.*axis.screen_size);
+        return static_cast<u32>(start < 0         ? 0
+                                : start >= screen ? screen - as_signed(sliver)
+                                                  : start);
+    }
+
+    void paint() {
+        vel_evoke_object(&ctx_, number_);
+        vel_draw_dep_objs(&ctx_, number_);
+        update_display(ctx_, sdl_rect(update_start(horizontal), update_start(vertical),
+                                      visible_size(horizontal), visible_size(vertical)));
+    }
+
+    vel_context &ctx_;
+    const u32 number_;
+    const bool hangs_below_title_;
+    Highlight highlight_;
+    u32 chosen_ = 0;
+    bool entered_ = false;
+    bool finished_ = false;
+};
+
+} // namespace
+} // namespace velumo
+
+using namespace velumo;
+
+uint32_t vel_move_out_menu(vel_context *ctx, uint32_t menu, uint32_t mode) noexcept {
+    return Menu(*ctx, menu, mode == 1).run();
+}
