@@ -1,0 +1,83 @@
+#include "compile.h"
+
+#include <array>
+#include <filesystem>
+#include <set>
+
+#include <fmt/format.h>
+
+#include "files.h"
+#include "form.h"
+#include "header.h"
+#include "identifier.h"
+#include "records.h"
+#include "toml_text.h"
+
+namespace velform {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string with_suffix(const std::string &path, const char *suffix) {
+    return fs::path(path).replace_extension(suffix).string();
+}
+
+CompileOptions with_all_paths(CompileOptions options) {
+    if (options.form.empty()) options.form = with_suffix(options.source, ".form");
+    if (options.text.empty()) options.text = with_suffix(options.form, ".text");
+    if (options.header.empty()) options.header = with_suffix(options.form, ".h");
+    return options;
+}
+
+bool name_four_files(const CompileOptions &o) {
+    std::set<fs::path> paths;
+    for (const std::string &path : {o.source, o.form, o.text, o.header}) {
+        paths.insert(fs::weakly_canonical(path));
+    }
+    return paths.size() == 4;
+}
+
+std::string prefix_of(const CompileOptions &options, const FormSource &source,
+                      Diagnostics &diagnostics) {
+    if (!options.prefix.empty()) return upper_case(options.prefix);
+    if (!source.prefix || source.prefix->empty()) return prefix_for(options.source);
+    std::string prefix = upper_case(*source.prefix);
+    if (prefix == "VEL") {
+        diagnostics.error(source.prefix_where, "the prefix VEL is the library's; choose another");
+    }
+    return prefix;
+}
+
+// Returns the files to write; what they hold counts only when nothing is wrong.
+std::array<OutputFile, 3> outputs_of(const CompileOptions &options, Diagnostics &diagnostics) {
+    const auto root = parse_toml(read_file(options.source), diagnostics);
+    if (!root) return {};
+    const FormSource source = read_form_source(*root, diagnostics);
+    const Form form = build_form(source, diagnostics);
+    const std::string prefix = prefix_of(options, source, diagnostics);
+    std::string header = header_text(form, prefix, diagnostics);
+    if (diagnostics.has_errors()) return {};
+    return {{{options.form, form_file_bytes(form)},
+             {options.text, text_file_bytes(form)},
+             {options.header, std::move(header)}}};
+}
+
+} // namespace
+
+Status compile(const CompileOptions &given, std::ostream &err) {
+    const CompileOptions options = with_all_paths(given);
+    if (!name_four_files(options)) {
+        throw WrongUsage("the source and the three outputs must be four different files");
+    }
+    if (!options.prefix.empty() && !is_identifier(options.prefix)) {
+        throw WrongUsage("the prefix must be a letter followed by letters, digits and '_'");
+    }
+    Diagnostics diagnostics;
+    const auto outputs = outputs_of(options, diagnostics);
+    diagnostics.print(err, options.source);
+    if (diagnostics.has_errors()) return Status::faulty_source;
+    replace_files(outputs);
+    return Status::done;
+}
+
+} // namespace velform

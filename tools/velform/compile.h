@@ -1,0 +1,20 @@
+// velform compile: from a source to the files that a program loads.
+#pragma once
+
+#include <ostream>
+#include <string>
+
+#include "status.h"
+
+namespace velform {
+
+struct CompileOptions {
+    std::string source;
+    std::string form, text, header; // empty: made from the source's or the form's name
+    std::string prefix;             // empty: as the source says, or made from its name
+};
+
+// Prints what is wrong with the source to err. Throws WrongUsage and FileProblem.
+Status compile(const CompileOptions &options, std::ostream &err);
+
+} // namespace velform

@@ -1,0 +1,37 @@
+// What is wrong with a form source, and where; gathered over a whole run and printed in order.
+#pragma once
+
+#include <cstdint>
+#include <ostream>
+#include <string>
+#include <vector>
+
+namespace velform {
+
+// Line and column of a source, both from 1; the column counts characters.
+struct Position {
+    std::uint32_t line = 1;
+    std::uint32_t column = 1;
+    auto operator<=>(const Position &) const = default;
+};
+
+class Diagnostics {
+public:
+    void error(Position where, std::string message);
+    void warning(Position where, std::string message);
+    bool has_errors() const;
+
+    // Prints one line each, in the order of the source: "file:line:column: error: message".
+    void print(std::ostream &out, const std::string &file) const;
+
+private:
+    enum class Severity { error, warning };
+    struct Entry {
+        Position where;
+        Severity severity;
+        std::string message;
+    };
+    std::vector<Entry> entries_;
+};
+
+} // namespace velform

@@ -1,0 +1,138 @@
+#include "fields_page.h"
+
+#include <vector>
+
+#include <fmt/format.h>
+
+#include "record_table.h"
+#include "status.h"
+
+namespace velform {
+namespace {
+
+constexpr std::string_view begin_mark = "<!-- fields -->\n";
+constexpr std::string_view end_mark = "<!-- /fields -->\n";
+
+std::string joined(const std::vector<std::string> &parts) {
+    return fmt::format("{}", fmt::join(parts, ", "));
+}
+
+std::string codes_of(const RecordField &row) {
+    std::vector<std::string> parts;
+    for (const Name &name : row.names)
+        parts.push_back(fmt::format("`\"{}\"` {}", name.name, name.code));
+    return joined(parts);
+}
+
+std::string values_of(const RecordField &row) {
+    switch (row.kind) {
+    case Kind::number:
+        return fmt::format("{} to {}", row.range.first, row.range.last);
+    case Kind::colour:
+        return "`\"#rrggbb\"`";
+    case Kind::flag:
+        return "`true` 1, `false` 0";
+    case Kind::code:
+        return codes_of(row);
+    case Kind::path:
+        return "file name, at most 67 bytes";
+    default:
+        return "string";
+    }
+}
+
+// A value as a source says it.
+std::string written(const RecordField &row, std::int64_t value) {
+    if (row.kind == Kind::colour) return fmt::format("`\"#{:06x}\"`", value);
+    if (row.kind == Kind::flag) return value != 0 ? "`true`" : "`false`";
+    for (const Name &name : row.names) {
+        if (name.code == value) return fmt::format("`\"{}\"`", name.name);
+    }
+    return fmt::format("{}", value);
+}
+
+std::string default_of(const RecordField &row) {
+    if (row.kind == Kind::caption || row.kind == Kind::path) return "empty";
+    if (row.kind == Kind::text || row.field == Field::type) return "none";
+    std::vector<std::string> parts{written(row, row.standard)};
+    for (const TypeStandard &standard : type_standards()) {
+        if (standard.field != row.field) continue;
+        parts.push_back(
+            fmt::format("{} {}", type_name(standard.type), written(row, standard.value)));
+    }
+    return joined(parts);
+}
+
+// The types for which a field means something.
+std::string users_of(const RecordField &row) {
+    std::vector<std::string> parts;
+    bool is_for_all = true;
+    for (const Name &type : record_field(Field::type).names) {
+        const bool is_user = means_something(row, type.code);
+        if (is_user) parts.emplace_back(type.name);
+        is_for_all = is_for_all && is_user;
+    }
+    return is_for_all ? "all" : joined(parts);
+}
+
+std::string key_rows() {
+    std::string rows;
+    for (const RecordField &row : record_table()) {
+        if (row.key.empty()) continue;
+        rows += fmt::format("| `{}` | {} | {} | {} | {} |\n", row.key, values_of(row),
+                            default_of(row), users_of(row), row.meaning);
+    }
+    return rows;
+}
+
+std::string shorthand_rows() {
+    std::string rows;
+    for (const Shorthand &shorthand : shorthands()) {
+        std::vector<std::string> keys;
+        for (const Field field : shorthand.fields) {
+            keys.push_back(fmt::format("`{}`", record_field(field).key));
+        }
+        rows += fmt::format("| `{}` | {} | {} |\n", shorthand.key, shorthand.meaning, joined(keys));
+    }
+    return rows;
+}
+
+std::string source_of(const RecordField &row) {
+    if (row.kind == Kind::reserved) return "nothing; written as 0 and not read";
+    if (row.kind == Kind::computed) return std::string(row.meaning);
+    return fmt::format("`{}`", row.key);
+}
+
+std::string layout_rows() {
+    std::string rows;
+    for (const RecordField &row : record_table()) {
+        rows += fmt::format("| {} | {} | `{}` | {} |\n", row.offset, row.size, row.name,
+                            source_of(row));
+    }
+    return rows;
+}
+
+} // namespace
+
+std::string field_reference() {
+    return fmt::format("\n### Keys of an object\n\n"
+                       "| Key | Value | Default | Types | Meaning |\n|---|---|---|---|---|\n{}\n"
+                       "### Keys for several fields\n\n"
+                       "| Key | Value | Stands for |\n|---|---|---|\n{}\n"
+                       "### The record\n\n"
+                       "| Byte | Size | Field in `velumo.h` | Holds |\n|---|---|---|---|\n{}\n",
+                       key_rows(), shorthand_rows(), layout_rows());
+}
+
+std::string with_field_reference(std::string_view page) {
+    const std::size_t begin = page.find(begin_mark);
+    const std::size_t end = page.find(end_mark);
+    if (begin == std::string_view::npos || end == std::string_view::npos || end < begin) {
+        throw FileProblem("the page has no part between the marks <!-- fields --> and "
+                          "<!-- /fields -->");
+    }
+    return fmt::format("{}{}{}{}", page.substr(0, begin), begin_mark, field_reference(),
+                       page.substr(end));
+}
+
+} // namespace velform

@@ -1,0 +1,131 @@
+#include "form.h"
+
+#include <fmt/format.h>
+
+#include "form_check.h"
+#include "styles.h"
+
+namespace velform {
+namespace {
+
+Settings standard_settings(std::uint32_t type) {
+    Settings settings;
+    for (const RecordField &row : record_table()) {
+        if (row.kind == Kind::caption || row.kind == Kind::path) {
+            settings[row.field] = Setting{std::string{}, {}};
+        } else if (!row.key.empty() && row.kind != Kind::text) {
+            settings[row.field] = Setting{row.standard, {}};
+        }
+    }
+    for (const TypeStandard &standard : type_standards()) {
+        if (standard.type == type) settings[standard.field] = Setting{standard.value, {}};
+    }
+    return settings;
+}
+
+// The window manager places and shows the buttons.
+Settings frame_button_settings(const FormSource &source, std::size_t button) {
+    const auto size = Setting{VEL_FRAME_BUTTON_SIZE, {}};
+    Settings settings;
+    settings[Field::type] = Setting{VEL_TYPE_PICTURE_UNLOADED, {}};
+    settings[Field::width] = settings[Field::height] = size;
+    settings[Field::hidden] = Setting{1, {}};
+    settings[Field::picture] =
+        Setting{fmt::format("{}/{}.png", source.frame_pictures, frame_button_names[button]), {}};
+    return settings;
+}
+
+class Builder {
+public:
+    Builder(const FormSource &source, Diagnostics &diagnostics)
+        : source_(source), diagnostics_(diagnostics), styles_(source, diagnostics) {}
+
+    Form build() {
+        for (std::size_t k = 0; k < source_.frame_buttons.size(); ++k) {
+            const ObjectSource &button = source_.frame_buttons[k];
+            Settings settings = frame_button_settings(source_, k);
+            settings.overlay(styles_.resolve(button));
+            add(button, 0, settings);
+        }
+        add_list(source_.objects, 0);
+        for (FormObject &object : form_.objects) add_text(object);
+        return std::move(form_);
+    }
+
+private:
+    void add_list(const std::vector<ObjectSource> &list, std::uint32_t master) {
+        for (const ObjectSource &source : list) {
+            const std::uint32_t number = add(source, master, styles_.resolve(source));
+            if (master != 0) form_.objects[master - 1].dependents.push_back(number);
+            add_list(source.objects, number);
+        }
+    }
+
+    std::uint32_t add(const ObjectSource &source, std::uint32_t master, const Settings &said) {
+        FormObject object(&source, standard_settings(type_of(source, said)));
+        object.number = static_cast<std::uint32_t>(form_.objects.size() + 1);
+        object.master = master;
+        object.settings.overlay(said);
+        object.settings[Field::type]->value = std::int64_t{type_of(source, said)};
+        if (!said[Field::type] && !source.default_type) report_missing_type(source);
+        if (!said[Field::font_choice]) choose_font(object);
+        if (master != 0) make_absolute(object);
+        form_.objects.push_back(std::move(object));
+        return form_.objects.back().number;
+    }
+
+    static std::uint32_t type_of(const ObjectSource &source, const Settings &said) {
+        if (!said[Field::type]) return source.default_type.value_or(VEL_TYPE_EMPTY);
+        return static_cast<std::uint32_t>(said[Field::type]->number());
+    }
+
+    void report_missing_type(const ObjectSource &source) {
+        diagnostics_.error(source.where, "the object has no type; add one, as in type = \"label\"");
+    }
+
+    static void choose_font(FormObject &object) {
+        const bool has_own = !object.settings[Field::font_file]->string().empty();
+        object.settings[Field::font_choice]->value = std::int64_t{has_own ? 1 : 0};
+    }
+
+    void make_absolute(FormObject &object) {
+        const FormObject &master = form_.object(object.master);
+        for (const Field field : {Field::x, Field::y}) {
+            object.settings[field]->value = object.value(field) + master.value(field);
+        }
+    }
+
+    void add_text(FormObject &object) {
+        const std::optional<Setting> &text = object.settings[Field::text];
+        if (takes_text(form_, object)) {
+            form_.texts.push_back(text ? text->string() : std::string{});
+            object.text = static_cast<std::uint32_t>(form_.texts.size());
+            object.text_length = static_cast<std::uint32_t>(form_.texts.back().size());
+        } else if (means_something(record_field(Field::label), object.type())) {
+            const std::string &label = object.settings[Field::label]->string();
+            object.text_length = static_cast<std::uint32_t>(label.size());
+        }
+    }
+
+    // A text that is empty gives the program, or the person who types, a place to write to.
+    static bool takes_text(const Form &form, const FormObject &object) {
+        if (is_chain_member(form, object)) return true;
+        if (!means_something(record_field(Field::text), object.type())) return false;
+        return object.settings[Field::text].has_value() || object.value(Field::editable) != 0;
+    }
+
+    const FormSource &source_;
+    Diagnostics &diagnostics_;
+    StyleResolver styles_;
+    Form form_;
+};
+
+} // namespace
+
+Form build_form(const FormSource &source, Diagnostics &diagnostics) {
+    Form form = Builder(source, diagnostics).build();
+    for (const FormObject &object : form.objects) check_object(form, object, diagnostics);
+    return form;
+}
+
+} // namespace velform

@@ -1,0 +1,38 @@
+// A form with numbers, places on the display and texts: all that its files hold.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "form_source.h"
+
+namespace velform {
+
+struct FormObject {
+    FormObject(const ObjectSource *said_by, Settings all)
+        : source(said_by), settings(std::move(all)) {}
+
+    const ObjectSource *source;
+    Settings
+        settings; // of all fields that have a key but the text; x and y are those of the record
+    std::uint32_t number = 0;
+    std::uint32_t master = 0;
+    std::uint32_t text = 0; // number of its text
+    std::uint32_t text_length = 0;
+    std::vector<std::uint32_t> dependents;
+
+    std::int64_t value(Field field) const { return settings[field]->number(); }
+    std::uint32_t type() const { return static_cast<std::uint32_t>(value(Field::type)); }
+};
+
+struct Form {
+    std::vector<FormObject> objects; // object 1 comes first
+    std::vector<std::string> texts;  // text 1 comes first
+
+    const FormObject &object(std::uint32_t number) const { return objects[number - 1]; }
+};
+
+// The source must outlive the form. Reports what is wrong with single objects and between them.
+Form build_form(const FormSource &source, Diagnostics &diagnostics);
+
+} // namespace velform

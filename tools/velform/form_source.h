@@ -1,0 +1,52 @@
+// What a form source says, object by object, before styles and numbers are worked out.
+#pragma once
+
+#include <array>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <toml++/toml.h>
+#include <velumo.h>
+
+#include "settings.h"
+
+namespace velform {
+
+struct StyleUse {
+    std::string name;
+    Position where;
+};
+
+// A style, or the part of an object that a style can have as well.
+struct Block {
+    Position where;
+    std::vector<StyleUse> styles; // later ones win over earlier ones
+    Settings own;                 // wins over all styles
+};
+
+struct ObjectSource : Block {
+    std::string id; // empty when it has none
+    Position id_where;
+    std::optional<std::uint32_t> default_type;
+    std::vector<ObjectSource> objects;
+};
+
+struct FormSource {
+    std::optional<std::string> prefix; // of the names in the header
+    Position prefix_where;
+    std::string frame_pictures = "frame"; // the folder
+    std::map<std::string, Block, std::less<>> styles;
+    std::array<ObjectSource, VEL_FRAME_BUTTONS> frame_buttons;
+    std::vector<ObjectSource> objects;
+};
+
+// Names of the frame buttons, from button 1 on.
+inline constexpr std::array<std::string_view, VEL_FRAME_BUTTONS> frame_button_names{
+    "move", "height_less", "height_more", "mode", "width_less", "width_more", "close"};
+
+// Whatever is wrong is reported and left out.
+FormSource read_form_source(const toml::table &root, Diagnostics &diagnostics);
+
+} // namespace velform

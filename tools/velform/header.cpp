@@ -1,0 +1,105 @@
+#include "header.h"
+
+#include <charconv>
+#include <filesystem>
+#include <sstream>
+
+#include <fmt/format.h>
+
+#include "identifier.h"
+
+namespace velform {
+namespace {
+
+constexpr std::string_view guard_line = "#ifndef VELFORM_";
+constexpr std::string_view indent = "    ";
+
+class HeaderWriter {
+public:
+    HeaderWriter(const Form &form, std::string_view prefix, Diagnostics &diagnostics)
+        : form_(form), prefix_(prefix), guard_(fmt::format("VELFORM_{}_H", prefix)),
+          diagnostics_(diagnostics) {}
+
+    std::string write() {
+        std::string objects, texts;
+        for (const FormObject &object : form_.objects) {
+            if (object.source->id.empty()) continue;
+            objects += constant(object, "", object.number);
+            if (object.text != 0) texts += constant(object, "_TEXT", object.text);
+        }
+        return fmt::format("/* Made by velform: change the form source, not this. */\n"
+                           "#ifndef {0}\n#define {0}\n{1}{2}\n#endif\n",
+                           guard_, list("Objects of the form.", objects),
+                           list("Texts of the form.", texts));
+    }
+
+private:
+    // C has no empty lists of constants.
+    static std::string list(std::string_view title, const std::string &constants) {
+        if (constants.empty()) return {};
+        return fmt::format("\n/** {} */\nenum {{\n{}}};\n", title, constants);
+    }
+
+    std::string constant(const FormObject &object, std::string_view suffix, std::uint32_t number) {
+        const ObjectSource &source = *object.source;
+        const std::string name = fmt::format("{}_{}{}", prefix_, upper_case(source.id), suffix);
+        const auto [first, is_new] = names_.try_emplace(name, &source);
+        if (!is_new || name == guard_) report_clash(source, *first->second, name);
+        return fmt::format("    {} = {},\n", name, number);
+    }
+
+    void report_clash(const ObjectSource &source, const ObjectSource &first,
+                      const std::string &name) {
+        const std::string what =
+            first.id == source.id
+                ? fmt::format("the id '{}' is taken", source.id)
+                : fmt::format("the id '{}' becomes {} in the header, as '{}' does", source.id, name,
+                              first.id);
+        diagnostics_.error(source.id_where, fmt::format("{}, see line {}; choose another", what,
+                                                        first.id_where.line));
+    }
+
+    const Form &form_;
+    const std::string_view prefix_;
+    const std::string guard_;
+    Diagnostics &diagnostics_;
+    std::map<std::string, const ObjectSource *> names_;
+};
+
+} // namespace
+
+std::string prefix_for(std::string_view source_path) {
+    std::string prefix = upper_case(std::filesystem::path(source_path).stem().string());
+    for (char &c : prefix) {
+        if (!is_letter(c) && !is_digit(c)) c = '_';
+    }
+    return is_identifier(prefix) ? prefix : "FORM_" + prefix;
+}
+
+std::string header_text(const Form &form, std::string_view prefix, Diagnostics &diagnostics) {
+    return HeaderWriter(form, prefix, diagnostics).write();
+}
+
+HeaderNames::HeaderNames(const std::string &header) {
+    std::istringstream lines(header);
+    // The list of objects comes first; that of texts must not be taken for it.
+    for (std::string line; std::getline(lines, line) && line != "};";) {
+        const std::size_t equals = line.find(" = ");
+        if (line.starts_with(guard_line)) {
+            prefix_ = line.substr(guard_line.size(), line.rfind('_') + 1 - guard_line.size());
+        } else if (line.starts_with(indent) && equals != std::string::npos) {
+            std::uint32_t &number = objects_[line.substr(indent.size(), equals - indent.size())];
+            std::from_chars(line.data() + equals + 3, line.data() + line.size(), number);
+        }
+    }
+}
+
+std::uint32_t HeaderNames::object(std::string_view name) const {
+    for (const std::string &wanted : {upper_case(name), prefix_ + upper_case(name)}) {
+        const auto found = objects_.find(wanted);
+        if (found != objects_.end()) return found->second;
+    }
+    return 0;
+}
+
+} // namespace velform

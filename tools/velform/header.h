@@ -1,0 +1,32 @@
+// The C header with the numbers of a form's objects and texts.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <string_view>
+
+#include "form.h"
+
+namespace velform {
+
+// Returns the prefix of the names for a source: its file name in capitals, without the suffix.
+std::string prefix_for(std::string_view source_path);
+
+// Valid C11 and C++. Names that would stand for two things are reported, at their ids.
+std::string header_text(const Form &form, std::string_view prefix, Diagnostics &diagnostics);
+
+// The numbers of the objects, read back from what header_text() wrote.
+class HeaderNames {
+public:
+    explicit HeaderNames(const std::string &header);
+
+    // Takes a whole name, or an id, with capitals or without. Returns 0 for unknown ones.
+    std::uint32_t object(std::string_view name) const;
+
+private:
+    std::string prefix_;
+    std::map<std::string, std::uint32_t> objects_;
+};
+
+} // namespace velform

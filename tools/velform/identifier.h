@@ -1,0 +1,28 @@
+// Names that become constants of a C header.
+#pragma once
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+
+namespace velform {
+
+// Ask no locale: a form must not depend on who compiles it.
+constexpr bool is_letter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
+constexpr bool is_digit(char c) { return c >= '0' && c <= '9'; }
+
+constexpr bool is_identifier(std::string_view name) {
+    return !name.empty() && is_letter(name.front()) && std::ranges::all_of(name, [](char c) {
+        return is_letter(c) || is_digit(c) || c == '_';
+    });
+}
+
+inline std::string upper_case(std::string_view name) {
+    std::string result(name);
+    for (char &c : result) {
+        if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
+    }
+    return result;
+}
+
+} // namespace velform

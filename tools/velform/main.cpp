@@ -1,0 +1,117 @@
+// velform: compiles, renders and documents forms.
+#include <functional>
+#include <iostream>
+
+#include <CLI/CLI.hpp>
+
+#include "compile.h"
+#include "fields_page.h"
+#include "files.h"
+#include "render.h"
+
+using namespace velform;
+
+namespace {
+
+Status print_fields(const std::string &page) {
+    if (page.empty()) {
+        std::cout << field_reference();
+    } else {
+        const OutputFile file{page, with_field_reference(read_file(page))};
+        replace_files({&file, 1});
+    }
+    return Status::done;
+}
+
+// Each command fills its options and says what to run.
+class Program {
+public:
+    Program() {
+        app_.require_subcommand(1);
+        app_.set_help_all_flag("--help-all", "Print the help of all commands");
+        add_compile();
+        add_render();
+        add_fields();
+    }
+
+    Status run(int argc, char **argv) {
+        try {
+            app_.parse(argc, argv);
+        } catch (const CLI::ParseError &e) {
+            return app_.exit(e) == 0 ? Status::done : Status::wrong_usage;
+        }
+        return action_();
+    }
+
+private:
+    void add_compile() {
+        CLI::App *command = app_.add_subcommand(
+            "compile", "Make the form description file, the text file and a C header of a source");
+        command->add_option("source", compile_.source, "Form source, TOML")->required();
+        command->add_option("-o,--form", compile_.form,
+                            "Form description file [the source's name with .form]");
+        command->add_option("--text", compile_.text, "Text file [the form's name with .text]");
+        command->add_option("--header", compile_.header, "C header [the form's name with .h]");
+        command->add_option("--prefix", compile_.prefix,
+                            "What the names in the header begin with [the source's name]");
+        command->callback([this] { action_ = [this] { return compile(compile_, std::cerr); }; });
+    }
+
+    void add_render() {
+        CLI::App *command =
+            app_.add_subcommand("render", "Draw a form into a PNG file, without a display");
+        command->add_option("form", render_.form, "Form description file")->required();
+        command->add_option("text", render_.text, "Text file")->required();
+        command->add_option("-o,--output", render_.output, "PNG file to write")->required();
+        command->add_option("-C,--directory", render_.directory,
+                            "Folder to work in; all other files are seen from there");
+        command
+            ->add_option("--activate", render_.activate,
+                         "Window to open, by number or name; may be repeated, the last is in front")
+            ->expected(1)
+            ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+        command->add_option("--header", render_.header,
+                            "C header with the names [the form's name with .h]");
+        command->add_option("--size", render_.size, "Size of the display")->capture_default_str();
+        command->add_option("--background", render_.background, "Colour of the bare display")
+            ->capture_default_str();
+        command->add_option("--font", render_.font, "Default font, TrueType")
+            ->capture_default_str();
+        command->add_option("--font-size", render_.font_size, "Points of the default font")
+            ->check(CLI::Range(1, 1000))
+            ->capture_default_str();
+        command->callback([this] { action_ = [this] { return render(render_, std::cerr); }; });
+    }
+
+    void add_fields() {
+        CLI::App *command = app_.add_subcommand(
+            "fields", "Print the reference of keys and record fields, as Markdown");
+        command->add_option("--into", page_,
+                            "Page whose part between the marks is to be replaced instead");
+        command->callback([this] { action_ = [this] { return print_fields(page_); }; });
+    }
+
+    CLI::App app_{"Compiles forms for programs with Velumo, and draws them."};
+    CompileOptions compile_;
+    RenderOptions render_;
+    std::string page_;
+    std::function<Status()> action_;
+};
+
+Status guarded_run(int argc, char **argv) {
+    const auto fail = [](const std::exception &e, Status status) {
+        std::cerr << "velform: " << e.what() << '\n';
+        return status;
+    };
+    try {
+        return Program().run(argc, argv);
+    } catch (const WrongUsage &e) {
+        return fail(e, Status::wrong_usage);
+    } catch (const std::exception &e) {
+        return fail(e, Status::file_problem);
+    }
+}
+
+} // namespace
+
+int main(int argc, char **argv) { return static_cast<int>(guarded_run(argc, argv)); }

@@ -1,0 +1,84 @@
+#include "records.h"
+
+namespace velform {
+namespace {
+
+constexpr std::uint32_t number_size = 4;
+constexpr std::size_t text_offset = 8; // behind the first word and the place of the cursor
+
+void put_number(std::string &bytes, std::size_t offset, std::uint32_t number) {
+    for (std::uint32_t k = 0; k < number_size; ++k) {
+        bytes[offset + k] = static_cast<char>(number >> 8 * k & 0xFF);
+    }
+}
+
+void put_string(std::string &bytes, std::size_t offset, const std::string &string) {
+    bytes.replace(offset, string.size(), string);
+}
+
+void put_colour(std::string &record, std::size_t offset, std::uint32_t rgb) {
+    put_number(record, offset, rgb >> 16);
+    put_number(record, offset + number_size, rgb >> 8 & 0xFF);
+    put_number(record, offset + 2 * number_size, rgb & 0xFF);
+}
+
+void put_computed(std::string &record, const RecordField &row, const FormObject &object) {
+    if (row.field == Field::text_length) put_number(record, row.offset, object.text_length);
+    if (row.field == Field::master) put_number(record, row.offset, object.master);
+    if (row.field != Field::dependents) return;
+    std::size_t place = row.offset;
+    for (const std::uint32_t number : object.dependents) {
+        put_number(record, place, number);
+        place += number_size;
+    }
+}
+
+void put_field(std::string &record, const RecordField &row, const FormObject &object) {
+    const std::optional<Setting> &setting = object.settings[row.field];
+    switch (row.kind) {
+    case Kind::number:
+    case Kind::flag:
+    case Kind::code:
+        put_number(record, row.offset, static_cast<std::uint32_t>(setting->number()));
+        break;
+    case Kind::colour:
+        put_colour(record, row.offset, static_cast<std::uint32_t>(setting->number()));
+        break;
+    case Kind::caption:
+    case Kind::path:
+        put_string(record, row.offset, setting->string());
+        break;
+    case Kind::text:
+        put_number(record, row.offset, object.text);
+        break;
+    case Kind::computed:
+        put_computed(record, row, object);
+        break;
+    case Kind::reserved:
+        break;
+    }
+}
+
+} // namespace
+
+std::string form_file_bytes(const Form &form) {
+    std::string bytes;
+    for (const FormObject &object : form.objects) {
+        std::string record(record_size, '\0');
+        for (const RecordField &row : record_table()) put_field(record, row, object);
+        bytes += record;
+    }
+    return bytes;
+}
+
+std::string text_file_bytes(const Form &form) {
+    std::string bytes;
+    for (const std::string &text : form.texts) {
+        std::string record(text_record_size, '\0');
+        put_string(record, text_offset, text);
+        bytes += record;
+    }
+    return bytes;
+}
+
+} // namespace velform

@@ -1,0 +1,176 @@
+#include "render.h"
+
+#include <algorithm>
+#include <charconv>
+#include <filesystem>
+#include <optional>
+#include <span>
+
+#include <fmt/format.h>
+#include <velumo.h>
+
+#include "files.h"
+#include "header.h"
+#include "png_file.h"
+
+namespace velform {
+namespace {
+
+constexpr std::uint32_t largest_side = 8192;
+constexpr vel_colour mark_colour{0x2F, 0x6F, 0xDE};
+
+// Reads the whole text as a number, or returns nothing.
+std::optional<std::uint32_t> number_in(std::string_view text, int base = 10) {
+    std::uint32_t number = 0;
+    const char *const end = text.data() + text.size();
+    const auto [stop, fault] = std::from_chars(text.data(), end, number, base);
+    if (fault != std::errc{} || stop != end) return std::nullopt;
+    return number;
+}
+
+struct Size {
+    std::uint32_t width, height;
+};
+
+Size size_in(std::string_view text) {
+    const std::size_t cross = std::min(text.find('x'), text.size());
+    const auto width = number_in(text.substr(0, cross));
+    const auto height = number_in(text.substr(std::min(cross + 1, text.size())));
+    const auto is_good = [](auto side) { return side && *side > 0 && *side <= largest_side; };
+    if (!is_good(width) || !is_good(height)) {
+        throw WrongUsage(fmt::format("the size must be like 800x600, with sides of at most {}, not "
+                                     "'{}'",
+                                     largest_side, text));
+    }
+    return {*width, *height};
+}
+
+vel_colour colour_in(std::string_view text) {
+    const auto rgb = text.size() == 7 && text[0] == '#' ? number_in(text.substr(1), 16)
+                                                        : std::optional<std::uint32_t>{};
+    if (!rgb) throw WrongUsage(fmt::format("the background must be like #20a0ff, not '{}'", text));
+    const auto part = [&rgb](int shift) { return static_cast<std::uint8_t>(*rgb >> shift); };
+    return {part(16), part(8), part(0)};
+}
+
+// A context that draws into memory, with all that has to be released.
+class Stage {
+public:
+    Stage(const RenderOptions &options, Size size) {
+        ctx_.texts_loaded = 1;
+        ctx_.mark_colour_a = ctx_.mark_colour_b = mark_colour;
+        ctx_.background_colour = colour_in(options.background);
+        if (TTF_Init() != 0) throw FileProblem(fmt::format("no fonts: {}", TTF_GetError()));
+        open_screen(size);
+        ctx_.font = TTF_OpenFont(options.font.c_str(), options.font_size);
+        if (ctx_.screen == nullptr || ctx_.font == nullptr) {
+            const std::string fault = SDL_GetError();
+            vel_close(&ctx_);
+            throw FileProblem(fmt::format("cannot open the font {}: {}", options.font, fault));
+        }
+    }
+    ~Stage() { vel_close(&ctx_); }
+    Stage(const Stage &) = delete;
+    Stage &operator=(const Stage &) = delete;
+
+    vel_context &ctx() { return ctx_; }
+
+private:
+    void open_screen(Size size) {
+        const auto [width, height] = size;
+        ctx_.screen_width = width;
+        ctx_.screen_height = height;
+        ctx_.screen_rect.w = static_cast<Uint16>(width);
+        ctx_.screen_rect.h = static_cast<Uint16>(height);
+        ctx_.screen = SDL_CreateRGBSurface(SDL_SWSURFACE, static_cast<int>(width),
+                                           static_cast<int>(height), 32, 0xFF0000, 0xFF00, 0xFF, 0);
+        if (ctx_.screen == nullptr) return;
+        const auto [r, g, b] = ctx_.background_colour;
+        SDL_FillRect(ctx_.screen, nullptr, SDL_MapRGB(ctx_.screen->format, r, g, b));
+    }
+
+    vel_context ctx_{};
+};
+
+void load(vel_context &ctx, const RenderOptions &options) {
+    const std::int32_t result =
+        vel_load_forms(&ctx, 0, 0, options.form.c_str(), options.text.c_str());
+    if (result == VEL_OK) return;
+    throw FileProblem(fmt::format("cannot load {} and {}: {}", options.form, options.text,
+                                  vel_error_text(result)));
+}
+
+// What an author would look for in vain on the picture.
+void warn_of_missing_files(const vel_context &ctx, std::ostream &err) {
+    for (std::uint32_t number = 1; number <= ctx.object_count; ++number) {
+        const vel_object &o = ctx.objects[number];
+        if (o.type == VEL_TYPE_PICTURE_UNLOADED) {
+            err << fmt::format("velform: warning: object {}: cannot load the picture {}\n", number,
+                               o.image_path);
+        }
+        if (o.font_choice == 1 && o.own_font == nullptr) {
+            err << fmt::format("velform: warning: object {}: cannot open the font {}\n", number,
+                               o.font_path);
+        }
+    }
+}
+
+// Finds windows by number, or by the names in the form's header.
+class WindowFinder {
+public:
+    explicit WindowFinder(const RenderOptions &options) : options_(options) {}
+
+    std::uint32_t find(const vel_context &ctx, const std::string &name) {
+        const auto number = number_in(name);
+        const std::uint32_t window = number ? *number : names().object(name);
+        if (window == 0 || window > ctx.object_count || ctx.objects[window].master != 0 ||
+            ctx.objects[window].type != VEL_TYPE_WINDOW) {
+            throw WrongUsage(fmt::format("'{}' is no window of the top level", name));
+        }
+        return window;
+    }
+
+private:
+    // A form that is drawn by numbers needs no header.
+    const HeaderNames &names() {
+        if (!names_) names_.emplace(read_file(header_path()));
+        return *names_;
+    }
+
+    std::string header_path() const {
+        if (!options_.header.empty()) return options_.header;
+        return std::filesystem::path(options_.form).replace_extension(".h").string();
+    }
+
+    const RenderOptions &options_;
+    std::optional<HeaderNames> names_;
+};
+
+void open_window(vel_context &ctx, std::uint32_t window) {
+    const std::span opened(ctx.window_stack, ctx.window_count);
+    // The stack counts only windows that were hidden before they came onto it.
+    if (std::ranges::find(opened, window) == opened.end()) ctx.objects[window].hidden = 1;
+    ctx.window_to_activate = window;
+    vel_activate_window(&ctx);
+}
+
+void open_windows(vel_context &ctx, const RenderOptions &options) {
+    WindowFinder finder(options);
+    for (const std::string &name : options.activate) open_window(ctx, finder.find(ctx, name));
+}
+
+} // namespace
+
+Status render(const RenderOptions &options, std::ostream &err) {
+    if (!options.directory.empty()) std::filesystem::current_path(options.directory);
+    Stage stage(options, size_in(options.size));
+    load(stage.ctx(), options);
+    warn_of_missing_files(stage.ctx(), err);
+    open_windows(stage.ctx(), options);
+    vel_draw_all_objects(&stage.ctx(), 1, 0);
+    const OutputFile picture{options.output, png_bytes(*stage.ctx().screen)};
+    replace_files({&picture, 1});
+    return Status::done;
+}
+
+} // namespace velform

@@ -1,0 +1,27 @@
+// velform render: draws a form into a PNG file, without a display.
+#pragma once
+
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "status.h"
+
+namespace velform {
+
+struct RenderOptions {
+    std::string form, text;
+    std::string output;
+    std::string directory;             // where to work, seen from the current one; may be empty
+    std::string header;                // empty: the form's name with .h
+    std::vector<std::string> activate; // windows, by number or by name; the last ends in front
+    std::string size = "800x600";
+    std::string background = "#e3e9f0";
+    std::string font = "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf";
+    int font_size = 14;
+};
+
+// Warns on err of fonts and pictures that cannot be loaded. Throws WrongUsage and FileProblem.
+Status render(const RenderOptions &options, std::ostream &err);
+
+} // namespace velform

@@ -1,0 +1,41 @@
+// What a form source says about the fields of one object or style.
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string>
+#include <variant>
+
+#include "diagnostics.h"
+#include "record_table.h"
+
+namespace velform {
+
+struct Setting {
+    std::variant<std::int64_t, std::string> value;
+    Position where;
+    bool is_faulty = false; // was reported; the value stands in for the wrong one
+
+    std::int64_t number() const { return std::get<std::int64_t>(value); }
+    const std::string &string() const { return std::get<std::string>(value); }
+};
+
+class Settings {
+public:
+    std::optional<Setting> &operator[](Field f) { return settings_[static_cast<std::size_t>(f)]; }
+    const std::optional<Setting> &operator[](Field f) const {
+        return settings_[static_cast<std::size_t>(f)];
+    }
+
+    // What the other says wins.
+    void overlay(const Settings &other) {
+        for (std::size_t k = 0; k < field_count; ++k) {
+            if (other.settings_[k]) settings_[k] = other.settings_[k];
+        }
+    }
+
+private:
+    std::array<std::optional<Setting>, field_count> settings_;
+};
+
+} // namespace velform

@@ -1,0 +1,33 @@
+// What the named styles of a source come to.
+#pragma once
+
+#include <map>
+#include <string>
+
+#include "form_source.h"
+
+namespace velform {
+
+class StyleResolver {
+public:
+    // Both live as long as the resolver. Works out all styles, also those that nothing uses, so
+    // that what is wrong with them is reported.
+    StyleResolver(const FormSource &source, Diagnostics &diagnostics);
+
+    // What an object says by itself and by its styles.
+    Settings resolve(const Block &block);
+
+private:
+    struct Resolved {
+        Settings settings;
+        bool is_finished = false;
+    };
+    const Settings &resolve_style(const StyleUse &use);
+
+    const FormSource &source_;
+    Diagnostics &diagnostics_;
+    std::map<std::string, Resolved, std::less<>> resolved_;
+    int depth_ = 0;
+};
+
+} // namespace velform
