@@ -1,0 +1,53 @@
+# velumo_add_form(target source.toml [PICTURES folder...]) compiles a form source for a program.
+#
+# Whenever the source has changed it writes <name>.form, <name>.text and the header <name>.h with
+# the object numbers into the folder where the program is built, and puts the header on the
+# program's include path. The pictures of the frame buttons, as the folder frame/, and the folders
+# named after PICTURES are copied to the same place, so that the program can be run from there.
+
+function(velumo_find_velform result)
+    foreach(name IN ITEMS velform velumo::velform)
+        if(TARGET ${name})
+            set(${result} ${name} PARENT_SCOPE)
+            return()
+        endif()
+    endforeach()
+    message(FATAL_ERROR "velumo_add_form needs the form tool velform, which is not there")
+endfunction()
+
+function(velumo_add_form target source)
+    cmake_parse_arguments(PARSE_ARGV 2 form "" "" PICTURES)
+    velumo_find_velform(velform)
+    get_filename_component(name ${source} NAME_WE)
+    get_filename_component(source ${source} ABSOLUTE)
+    set(base ${CMAKE_CURRENT_BINARY_DIR}/${name})
+
+    get_property(folders GLOBAL PROPERTY VELUMO_FRAME_PICTURES)
+    list(APPEND folders ${form_PICTURES})
+    set(copies "")
+    set(pictures "")
+    foreach(folder IN LISTS folders)
+        get_filename_component(folder ${folder} ABSOLUTE)
+        get_filename_component(folder_name ${folder} NAME)
+        file(GLOB files CONFIGURE_DEPENDS ${folder}/*)
+        list(APPEND pictures ${files})
+        list(
+            APPEND copies
+            COMMAND ${CMAKE_COMMAND} -E copy_directory ${folder}
+                ${CMAKE_CURRENT_BINARY_DIR}/${folder_name}
+        )
+    endforeach()
+
+    add_custom_command(
+        OUTPUT ${base}.form ${base}.text ${base}.h
+        COMMAND
+            ${velform} compile ${source}
+            --form ${base}.form --text ${base}.text --header ${base}.h
+        ${copies}
+        DEPENDS ${source} ${velform} ${pictures}
+        COMMENT "Compiling form ${name}"
+        VERBATIM
+    )
+    target_sources(${target} PRIVATE ${base}.h)
+    target_include_directories(${target} PRIVATE ${CMAKE_CURRENT_BINARY_DIR})
+endfunction()
