@@ -98,6 +98,8 @@ TEST(Faults, point_at_the_place_and_name_what_is_wrong) {
         {"[styles.a]\nstyle = \"b\"\n[styles.b]\nstyle = \"a\"",
          "f:4:9: error: ", "includes itself"},
         {"[styles.a]\nstyle = \"a\"", "f:2:9: error: ", "includes itself"},
+        {"[[object]]\ntype = \"chain\"\n[[object.object]]\ntype = \"chain\"\ntext = \"t\"",
+         "f:5:8: error: ", "from its head"},
         {"[frame]\nclos = 1", "f:2:1: error: ", "did you mean 'close'?"},
         {"[frame.close]\nobjects = []", "f:2:1: error: ", "'objects'"},
         {"[frame]\npictures = \"" + std::string(60, 'x') + "\"", "f:2:12: error: ", "bytes"},

@@ -211,6 +211,9 @@ TEST(Texts, are_made_for_what_has_or_may_get_one) {
         {"[[object]]\ntype = \"entry\"", 8, 0},
         {"[[object]]\ntype = \"chain\"\n[[object.object]]\ntype = \"chain\"", 8, 0},
         {"[[object]]\ntype = \"chain\"\n[[object.object]]\ntype = \"chain\"", 9, 1},
+        {"[[object]]\ntype = \"chain\"\ntext = \"t\"\n[[object.object]]\ntype = \"chain\"", 8, 1},
+        {"[[object]]\ntype = \"chain\"\ntext = \"t\"\n[[object.object]]\ntype = \"chain\"", 9, 2},
+        {"[[object]]\ntype = \"chain\"\neditable = true", 8, 0},
         {"[styles.s]\ntext = \"t\"\n[[object]]\ntype = \"label\"\nstyle = \"s\"", 8, 0},
     };
     for (const auto &t : cases) {

@@ -171,6 +171,32 @@ TEST(Render, finds_pictures_from_the_folder_it_works_in) {
               std::string::npos);
 }
 
+TEST(Render, lets_the_text_of_a_chain_flow_into_its_members) {
+    const Folder folder;
+    folder.write("a.toml", R"(
+[[object]]
+type = "chain"
+rect = [0, 0, 300, 100]
+text = "HHHH"
+objects = [{ type = "chain", rect = [50, 20, 200, 60], text_colour = "#ff0000" }]
+)");
+    ASSERT_EQ(run("compile " + folder.file("a.toml")).status, 0);
+    const std::string png = folder.file("a.png");
+    const auto result =
+        run("render " + folder.file("a.form") + " " + folder.file("a.text") + " -o " + png);
+    EXPECT_EQ(result.status, 0) << result.output;
+    const Picture picture(png);
+    const auto reds_between = [&picture](std::uint32_t left, std::uint32_t right) {
+        int reds = 0;
+        for (std::uint32_t x = left; x < right; ++x) {
+            for (std::uint32_t y = 20; y < 80; ++y) reds += picture.at(x, y) == test::red ? 1 : 0;
+        }
+        return reds;
+    };
+    EXPECT_GT(reds_between(50, 250), 0);
+    EXPECT_EQ(reds_between(0, 50), 0);
+}
+
 TEST(Render, ends_with_the_status_that_fits) {
     const Drawn drawn;
     const std::string files = drawn.form + " " + drawn.text;

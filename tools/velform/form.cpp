@@ -111,7 +111,8 @@ private:
     static bool takes_text(const Form &form, const FormObject &object) {
         if (is_chain_member(form, object)) return true;
         if (!means_something(record_field(Field::text), object.type())) return false;
-        return object.settings[Field::text].has_value() || object.value(Field::editable) != 0;
+        if (object.settings[Field::text].has_value()) return true;
+        return object.type() != VEL_TYPE_CHAIN && object.value(Field::editable) != 0;
     }
 
     const FormSource &source_;

@@ -151,6 +151,9 @@ private:
             warn(Field::type, "a chain inside another object is never filled; put its head at the "
                               "top level");
         }
+        if (is_chain_member(form_, object_) && object_.source->own[Field::text]) {
+            error(Field::text, "the text of a chain flows from its head; write the `text` there");
+        }
         if (!is(VEL_TYPE_CHAIN) && is_master_a_chain()) {
             warn(Field::type, "the chain ends before this object, because it is no chain");
         }

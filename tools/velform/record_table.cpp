@@ -108,9 +108,10 @@ constexpr std::array<RecordField, field_count> table{
     number(font_size, 100, "font_size", {1, 1000}, 14, written, "Points of the own font."),
     string(font_file, 104, "font_path", "font_file", Kind::path, written,
            "TrueType file of the own font; seen from the folder where the program runs."),
-    string(text, 172, "text_index", "text", Kind::text, texts,
+    string(text, 172, "text_index", "text", Kind::text, flowing,
            "Text, at most 999 characters. The record holds the number of the text, 0 = none. "
-           "A text object that can be edited and the members of a chain get an empty text."),
+           "A text object that can be edited and the members of a chain get an empty text; the "
+           "head of a chain keeps one for the program to hand over as its `stream`."),
     colour(text_colour, 176, "text_r, text_g, text_b", "text_colour", black, written,
            "Colour of the text and of the text cursor."),
     number(margin_left, 188, "margin_left", pixels, 0, any,

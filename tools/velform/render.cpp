@@ -146,6 +146,16 @@ private:
     std::optional<HeaderNames> names_;
 };
 
+// As a program would: the text that the form has for a chain flows from its head.
+void fill_chains(vel_context &ctx) {
+    for (std::uint32_t number = 1; number <= ctx.object_count; ++number) {
+        vel_object &o = ctx.objects[number];
+        if (o.type == VEL_TYPE_CHAIN && o.master == 0 && o.text_index != 0) {
+            o.stream = ctx.text_recs[o.text_index].text;
+        }
+    }
+}
+
 void open_window(vel_context &ctx, std::uint32_t window) {
     const std::span opened(ctx.window_stack, ctx.window_count);
     // The stack counts only windows that were hidden before they came onto it.
@@ -166,6 +176,7 @@ Status render(const RenderOptions &options, std::ostream &err) {
     Stage stage(options, size_in(options.size));
     load(stage.ctx(), options);
     warn_of_missing_files(stage.ctx(), err);
+    fill_chains(stage.ctx());
     open_windows(stage.ctx(), options);
     vel_draw_all_objects(&stage.ctx(), 1, 0);
     const OutputFile picture{options.output, png_bytes(*stage.ctx().screen)};
