@@ -4,6 +4,8 @@
 #include <SDL_syswm.h>
 #include <poll.h>
 
+#include "render/rect.h"
+
 namespace velumo {
 namespace {
 
@@ -32,6 +34,13 @@ bool event_is_waiting() {
     return SDL_PeepEvents(&event, 1, SDL_PEEKEVENT, SDL_ALLEVENTS) > 0;
 }
 
+// Something covered the display and is gone; what it showed is still on the surface.
+void show_again(const vel_context &ctx) {
+    if (ctx.screen == nullptr) return;
+    update_display(ctx,
+                   {0, 0, static_cast<Uint16>(ctx.screen->w), static_cast<Uint16>(ctx.screen->h)});
+}
+
 milliseconds nap_length(const vel_context &ctx) {
     return now() - milliseconds(ctx.last_event_time) < quiet_after ? nap_while_busy
                                                                    : nap_while_quiet;
@@ -47,6 +56,7 @@ milliseconds now() {
 Polled poll_event(vel_context &ctx) {
     if (SDL_PollEvent(&ctx.event) == 0) return Polled::nothing;
     ctx.last_event_time = now().count();
+    if (ctx.event.type == SDL_VIDEOEXPOSE) show_again(ctx);
     if (ctx.event_filter == nullptr) return Polled::event;
     const u32 verdict = ctx.event_filter(&ctx, &ctx.event);
     if (verdict != VEL_FILTER_PASS) consume_event(ctx);
