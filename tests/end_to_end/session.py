@@ -83,7 +83,7 @@ class Display:
         reader, writer = os.pipe()
         self._server = subprocess.Popen(
             ["Xvfb", "-displayfd", str(writer), "-screen", "0",
-             f"{SCREEN_WIDTH}x{SCREEN_HEIGHT}x24", "-nolisten", "tcp"],
+             f"{SCREEN_WIDTH}x{SCREEN_HEIGHT}x24", "-nolisten", "tcp", "-noreset"],
             pass_fds=[writer], stderr=subprocess.DEVNULL)  # fmt: skip
         os.close(writer)
         with os.fdopen(reader) as answer:
@@ -157,13 +157,30 @@ class Session:
         """Takes a picture of the screen, as soon as it no longer changes."""
         before = None
         for _ in range(20):
-            self.display.run("import", "-silent", "-window", "root", "png24:" + path)
+            self.display.run("import", "-silent", "-window", "root", "-depth", "8", path)
             with open(path, "rb") as file:
                 now = file.read()
             if now == before:
                 return
             before = now
             time.sleep(0.05)
+
+    def look(self):
+        """The bytes of a picture of the screen, once the program has begun to draw."""
+        return self.look_until_it_differs_from(None)
+
+    def look_until_it_differs_from(self, before):
+        end = time.monotonic() + PATIENCE
+        with tempfile.TemporaryDirectory() as folder:
+            path = os.path.join(folder, "shown.ppm")
+            while time.monotonic() < end:
+                self.picture(path)
+                with open(path, "rb") as file:
+                    shown = file.read()
+                is_blank = len(set(shown[-3 * SCREEN_WIDTH * SCREEN_HEIGHT:])) == 1
+                if not is_blank and shown != before:
+                    return shown
+        raise Failure("the screen stays as it is")
 
     # --- Pointer and keyboard
 
