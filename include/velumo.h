@@ -176,7 +176,7 @@ typedef struct vel_object_file_rec {
     uint32_t text_length;                  /**< Byte 248. Characters of the text. */
     uint32_t reserved_cursor_line;         /**< Byte 252. Ignored. */
     uint32_t reserved_cursor_column;       /**< Byte 256. Ignored. */
-    uint32_t max_chars;                    /**< Byte 260. Column limit. */
+    uint32_t max_chars;                    /**< Byte 260. Column limit, or menu of a title. */
     uint32_t border_style;                 /**< Byte 264. Border code. */
     uint32_t border_inset;                 /**< Byte 268. Offset of the border lines. */
     uint32_t border_r;                     /**< Byte 272. Border colour, red. */
@@ -242,7 +242,9 @@ typedef struct vel_object {
     uint32_t cursor_line;   /**< Read-write. Line of the text cursor, from 0; default 0. */
     uint32_t cursor_column; /**< Read-write. Column of the text cursor, from 0; default 0. */
     uint32_t max_chars;     /**< Read-write, file. Most characters of an entry field (at most 64
-                                 count, 0 = none); column limit when overwriting. */
+                                 count, 0 = none); column limit when overwriting. For types 2, 4 and
+                                 9 the number of the menu (type 7) that the object opens as its
+                                 title in vel_wait_for_object(); 0 = none. */
     uint32_t border_style;  /**< Read-write, file. One of vel_border_style. */
     uint32_t border_inset;  /**< Read-write, file. Offset of the border lines, pixels. */
     uint32_t border_r;      /**< Read-write, file. Border colour, red. */
@@ -990,10 +992,17 @@ VEL_API uint32_t vel_get_mono_mouse_selection(vel_context *ctx, int32_t stop) VE
  * switches the mode or closes it. A release on a window behind raises it, one on an editable object
  * gives it the cursor.
  *
+ * A press on a label or picture whose max_chars names a menu, in the active window or on the
+ * desktop, opens that menu by vel_move_out_menu() with mode 1: moved with its entries to right
+ * below the title, left edges in line, or as far left of that as the screen's right edge demands,
+ * but not beyond its left edge. A button released over the title itself leaves the menu open; the
+ * next click on the title closes it. Afterwards the screen is redrawn.
+ *
  * \param ctx context
  * \returns the object released on when it is a label, a picture, a menu or stands by itself on the
- *          desktop; 7 when the user has closed the last window; 0 when the user closes the program
- *          (SDL_QUIT), or the event filter ends the loop
+ *          desktop; the entry chosen in the menu of a title; 7 when the user has closed the last
+ *          window; 0 when the user closes the program (SDL_QUIT), or the event filter ends the loop
+ *          or a menu
  */
 VEL_API uint32_t vel_wait_for_object(vel_context *ctx) VEL_NOTHROW;
 

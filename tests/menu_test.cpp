@@ -165,4 +165,138 @@ TEST_F(Menus, the_filter_ends_a_menu) {
               0U);
 }
 
+// Title 13 at 90, 20, of 40 x 20 pixels, opens menu 8; label 14 at 200, 150 does not.
+class Titles : public Menus {
+protected:
+    Titles() {
+        make(13, VEL_TYPE_LABEL, 90, 20, 40, 20).max_chars = 8;
+        make(14, VEL_TYPE_LABEL, 200, 150, 40, 20).max_chars = 13; // a label, no menu
+    }
+    static void press(int x, int y) {
+        point(x, y);
+        SDL_Event event{};
+        event.button.type = SDL_MOUSEBUTTONDOWN;
+        event.button.button = SDL_BUTTON_LEFT;
+        event.button.state = SDL_PRESSED;
+        event.button.x = static_cast<Uint16>(x);
+        event.button.y = static_cast<Uint16>(y);
+        SDL_PushEvent(&event);
+    }
+    uint32_t wait(std::vector<std::function<void()>> steps) {
+        steps_ = std::move(steps);
+        next_ = 0;
+        const uint32_t result = vel_wait_for_object(&ctx);
+        EXPECT_EQ(next_, steps_.size());
+        return result;
+    }
+    std::function<void()> expect_open(bool open) {
+        return [this, open] { EXPECT_EQ(objects[8].hidden, open ? 0U : 1U) << next_; };
+    }
+};
+
+TEST_F(Titles, a_drag_from_the_title_chooses_an_entry) {
+    const auto rest = [] {};
+    press(110, 30);
+    EXPECT_EQ(wait({expect_open(true), [] { point(110, 70); }, rest, [] { release(110, 70); }}),
+              10U);
+    EXPECT_EQ(ctx.event.type, SDL_NOEVENT);
+}
+
+TEST_F(Titles, clicks_open_and_close_the_menu) {
+    const auto click = [] { press(110, 30), release(110, 30); };
+    const auto rest = [] {};
+    // Opened by a click, an entry is chosen by another.
+    click();
+    EXPECT_EQ(wait({expect_open(true), [] { point(110, 50); }, rest,
+                    [] { press(110, 50), release(110, 50); }}),
+              9U);
+    // The second click on the title closes it, the third opens it again.
+    click();
+    EXPECT_EQ(wait({expect_open(true), click, expect_open(false), click, expect_open(true),
+                    [] { point(110, 70); }, rest, [] { release(110, 70); }}),
+              10U);
+    // A release elsewhere is no click on the title.
+    press(110, 30);
+    EXPECT_EQ(wait({expect_open(true), [] { release(220, 30); }, expect_open(false),
+                    [] { release(220, 160); }}),
+              14U);
+}
+
+TEST_F(Titles, the_menu_hangs_below_its_title_on_the_screen) {
+    const struct {
+        int title, menu, before;
+    } cases[] = {{90, 90, 100}, {5, 5, 90},    {259, 259, 5}, {260, 260, 259},
+                 {261, 260, 0}, {310, 260, 7}, {-10, 0, 300}, {90, 90, -200}};
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.title);
+        objects[13].x = static_cast<uint32_t>(c.title);
+        const uint32_t shift = static_cast<uint32_t>(c.before) - objects[8].x;
+        objects[8].x += shift;
+        for (uint32_t k = 9; k < 12; ++k) objects[k].x += shift;
+        press(std::max(c.title + 1, 1), 30);
+        wait({[] { release(220, 30); }, [] { release(220, 160); }});
+        EXPECT_EQ(std::tuple(objects[8].x, objects[8].y), std::tuple(c.menu, 40U));
+        EXPECT_EQ(std::tuple(objects[10].x, objects[10].y), std::tuple(c.menu, 60U));
+    }
+}
+
+TEST_F(Titles, what_the_menu_covered_is_drawn_again) {
+    press(110, 30);
+    vel_draw_all_objects(&ctx, 0, 0);
+    make(15, VEL_TYPE_LABEL, 90, 45, 40, 20).fill_g = 99;
+    EXPECT_EQ(wait({[this] { EXPECT_EQ(at(100, 55).g, 21); }, [] { point(300, 30); }, [] {},
+                    expect_open(false), [] { release(220, 160); }}),
+              14U);
+    EXPECT_EQ(at(100, 55), (vel_colour{255, 99, 0}));
+}
+
+TEST_F(Titles, only_labels_and_pictures_in_front_open_what_is_a_menu) {
+    const struct {
+        uint32_t type, named;
+        bool opens;
+    } cases[] = {
+        {VEL_TYPE_LABEL, 8, true},          {VEL_TYPE_PICTURE_UNLOADED, 8, true},
+        {VEL_TYPE_PICTURE, 8, true},        {VEL_TYPE_ENTRY, 8, false},
+        {VEL_TYPE_MENU, 8, false},          {VEL_TYPE_LABEL, 0, false},
+        {VEL_TYPE_LABEL, 14, false},        {VEL_TYPE_LABEL, 20, false}, // behind the table
+        {VEL_TYPE_LABEL, 0xFFFFFFFF, false}};
+    for (const auto &c : cases) {
+        SCOPED_TRACE(std::to_string(c.type) + " " + std::to_string(c.named));
+        objects[13].type = c.type;
+        objects[13].max_chars = c.named;
+        press(110, 30);
+        EXPECT_EQ(
+            wait({expect_open(c.opens), [] { point(300, 30); }, [] {}, [] { release(220, 160); }}),
+            14U);
+    }
+    // In a window behind the active one a title is not reached.
+    make(15, VEL_TYPE_WINDOW, 30, 80, 100, 60).hidden = 1;
+    make(16, VEL_TYPE_LABEL, 40, 90, 40, 20, 15).max_chars = 8;
+    make(17, VEL_TYPE_WINDOW, 150, 30, 30, 30).hidden = 1;
+    for (const uint32_t window : {15U, 17U}) {
+        ctx.window_to_activate = window;
+        vel_activate_window(&ctx);
+    }
+    press(60, 100);
+    wait({expect_open(false), [] { release(60, 100); },
+          [this] { EXPECT_EQ(ctx.active_window, 15U); }, [] { press(60, 100); }, expect_open(true),
+          [] { point(300, 30); }, [] {}, [] { release(220, 160); }});
+}
+
+TEST_F(Titles, the_filter_that_ends_the_menu_ends_the_wait) {
+    ctx.event_filter = [](vel_context *, SDL_Event *e) -> uint32_t {
+        return e->type == SDL_QUIT ? VEL_FILTER_END_LOOP : VEL_FILTER_PASS;
+    };
+    const auto end = [] {
+        SDL_Event event{};
+        event.type = SDL_QUIT;
+        SDL_PushEvent(&event);
+    };
+    press(110, 30);
+    EXPECT_EQ(wait({expect_open(true), end}), 0U);
+    press(110, 30), release(110, 30); // in the menu that was opened again
+    EXPECT_EQ(wait({expect_open(true), end}), 0U);
+    EXPECT_EQ(objects[8].hidden, 1U);
+}
+
 } // namespace

@@ -1,5 +1,5 @@
 // Pull-down menus: shown, followed by the pointer and gone within one call.
-#include <optional>
+#include "menu/pull_down.h"
 
 #include "input/events.h"
 #include "render/geometry.h"
@@ -50,10 +50,6 @@ private:
     bool lowered_[std::size(components)] = {};
 };
 
-struct Point {
-    i32 x, y;
-};
-
 Point pointer() {
     int x = 0;
     int y = 0;
@@ -66,14 +62,14 @@ public:
     Menu(vel_context &ctx, u32 number, bool hangs_below_title)
         : ctx_(ctx), number_(number), hangs_below_title_(hangs_below_title), highlight_(ctx) {}
 
-    u32 run() {
+    MenuEnd run() {
         consume_event(ctx_);
         menu().hidden = 0;
         paint();
         while (!finished_) pass();
         vel_undraw_object(&ctx_, number_);
         menu().hidden = 1;
-        return chosen_;
+        return end_;
     }
 
 private:
@@ -82,7 +78,7 @@ private:
     void pass() {
         const Polled polled = poll_event(ctx_);
         if (polled == Polled::end_of_loop) {
-            close();
+            end(MenuEnd::Cause::filter);
             return;
         }
         const Point mouse = pointer();
@@ -92,7 +88,7 @@ private:
         }
         // On purpose: these tests come last, so a pointer that has left takes back a choice made in
         // the same pass.
-        if (has_left(mouse)) close();
+        if (has_left(mouse)) end(MenuEnd::Cause::left);
         if (polled == Polled::nothing && !finished_) rest(ctx_);
     }
 
@@ -114,13 +110,14 @@ private:
     }
 
     void release() {
-        chosen_ = entry_under({ctx_.event.button.x, ctx_.event.button.y});
+        const Point at{ctx_.event.button.x, ctx_.event.button.y};
+        end_ = {MenuEnd::Cause::released, entry_under(at), at};
         finished_ = true;
         consume_event(ctx_);
     }
 
-    void close() {
-        chosen_ = 0;
+    void end(MenuEnd::Cause cause) {
+        end_ = {cause, 0, {}};
         finished_ = true;
     }
 
@@ -155,16 +152,19 @@ private:
     const u32 number_;
     const bool hangs_below_title_;
     Highlight highlight_;
-    u32 chosen_ = 0;
+    MenuEnd end_{};
     bool entered_ = false;
     bool finished_ = false;
 };
 
 } // namespace
+
+MenuEnd run_menu(vel_context &ctx, u32 menu, u32 mode) { return Menu(ctx, menu, mode == 1).run(); }
+
 } // namespace velumo
 
 using namespace velumo;
 
 uint32_t vel_move_out_menu(vel_context *ctx, uint32_t menu, uint32_t mode) noexcept {
-    return Menu(*ctx, menu, mode == 1).run();
+    return run_menu(*ctx, menu, mode).entry;
 }

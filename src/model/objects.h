@@ -29,6 +29,12 @@ inline const vel_object &object_at(const vel_context &ctx, u32 number) {
     return ctx.objects[object_index(ctx, number)];
 }
 
+// Whether the table has an object of this number, as far as its length is known.
+inline bool has_object(const vel_context &ctx, u32 number) {
+    return number != 0 &&
+           (ctx.object_records != 0 ? number < ctx.object_records : number <= ctx.object_count);
+}
+
 // Frame buttons that the table has: 7, or fewer in a table that is shorter.
 inline u32 frame_button_count(const vel_context &ctx) {
     return std::min<u32>(ctx.object_records != 0 ? ctx.object_records - 1 : ctx.object_count,

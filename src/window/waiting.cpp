@@ -2,6 +2,7 @@
 #include <optional>
 
 #include "input/events.h"
+#include "window/title.h"
 #include "window/window.h"
 
 namespace velumo {
@@ -93,7 +94,7 @@ private:
             move_cursor(ctx_, (ctx_.event.key.keysym.mod & KMOD_SHIFT) != 0);
             consume_event(ctx_);
         } else if (is_left_button(ctx_.event, Button::pressed)) {
-            press();
+            return press();
         } else if (is_left_button(ctx_.event, Button::released)) {
             return release();
         } else {
@@ -102,13 +103,29 @@ private:
         return {};
     }
 
-    void press() {
+    std::optional<u32> press() {
         const u32 number = object_under(ctx_);
-        if (!is_frame_button(number)) return;
-        held_ = number;
+        if (is_frame_button(number)) {
+            hold(number);
+        } else if (menu_of_title(ctx_, number) != 0) {
+            return open_menu(number);
+        }
+        return {};
+    }
+
+    void hold(u32 frame_button) {
+        held_ = frame_button;
         next_press_ = now() + repeat_after;
-        ctx_.window_to_activate = number;
+        ctx_.window_to_activate = frame_button;
         vel_exa_left_pressed(&ctx_);
+    }
+
+    std::optional<u32> open_menu(u32 title) {
+        const MenuEnd end = open_menu_of_title(ctx_, title);
+        consume_event(ctx_);
+        if (end.cause == MenuEnd::Cause::filter) return 0;
+        if (end.entry != 0) return end.entry;
+        return {};
     }
 
     void repeat_press() {

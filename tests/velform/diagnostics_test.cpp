@@ -93,6 +93,10 @@ TEST(Faults, point_at_the_place_and_name_what_is_wrong) {
         {"[window]", "f:1:1: error: ", "[[window]]"},
         {"[[window]]\nx = 32000\n[[window.window]]\nx = 768", "f:4:5: error: ", "32768"},
         {"[[window]]\n" + repeated("[[window.window]]\n", 101), "f:102:1: error: ", "at most 100"},
+        {label("menu = 3"), "f:4:8: error: ", "a string"},
+        {label("menu = \"mm\"\n[[object]]\nid = \"m\"\ntype = \"menu\"\nrect = [0, 0, 9, 9]"),
+         "f:4:8: error: ", "did you mean 'm'?"},
+        {label("id = \"a\"\nmenu = \"a\""), "f:5:8: error: ", "'a' is no menu but a label"},
         {"styles = 1", "f:1:10: error: ", "a table"},
         {"[styles.a]\nid = \"x\"", "f:2:1: error: ", "'id'"},
         {"[styles.a]\nstyle = \"b\"\n[styles.b]\nstyle = \"a\"",
@@ -114,6 +118,7 @@ TEST(Warnings, tell_what_will_not_show_and_let_the_form_pass) {
     const std::string window = "[[window]]\nrect = [20, 30, 9, 9]\n";
     const Fault faults[] = {
         {label("picture = \"p\""), "f:4:11: warning: ", "nothing for a label"},
+        {window + "menu = \"m\"", "f:3:8: warning: ", "nothing for a window"},
         {label("border = \"frame\"\nlabel = \"x\""), "f:4:10: warning: ", "shadow"},
         {"[[object]]\ntype = \"text\"\nrect = [0, 0, 9, 9]", "f:2:8: warning: ", "top level"},
         {"[[object]]\ntype = \"label\"\nheight = 1", "f:1:1: warning: ", "no width"},

@@ -102,6 +102,25 @@ TEST(Record, each_key_stands_at_its_byte) {
     }
 }
 
+TEST(Record, a_title_holds_the_number_of_its_menu_in_max_chars) {
+    const std::string title = object("label", "menu = \"m\""), menu = object("menu", "id = \"m\"");
+    const std::string style = "[styles.s]\nmax_chars = 9\nmenu = \"m\"\n";
+    const std::pair<std::string, std::uint32_t> cases[] = {
+        {title + menu, 9}, // before the menu as well as behind it
+        {menu + object("label", "") + title, 0},
+        {menu + object("picture", "picture = \"p\"\nmenu = \"m\""), 8},
+        {style + menu + object("label", "style = \"s\""), 8},
+        {style + menu + object("entry", "style = \"s\""), 9},
+        // A label's max_chars would be taken for a menu.
+        {"[styles.s]\nmax_chars = 8\n" + menu + object("label", "style = \"s\""), 0},
+    };
+    for (const auto &[source, word] : cases) {
+        const Compiled c(source);
+        EXPECT_EQ(c.messages, "");
+        EXPECT_EQ(WORD(c, source.starts_with(title) ? 8 : 9, max_chars), word) << source;
+    }
+}
+
 TEST(Record, strings_are_latin1_and_paths_keep_their_bytes) {
     const Compiled c(object("label", "label = \"Grüße\"\nfont_file = \"schöne.ttf\"") +
                      object("picture", "picture = \"ä.png\""));

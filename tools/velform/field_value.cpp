@@ -74,6 +74,7 @@ Reading string_in(Kind kind, const toml::node &node) {
     if (string == nullptr) {
         return {std::string{}, fmt::format("must be a string in quotes, not {}", kind_of(node))};
     }
+    if (kind == Kind::object) return {string->get(), {}};
     if (kind == Kind::path) return path_of(string->get());
     if (kind == Kind::text) return latin1_of(string->get(), LineFeeds::allowed, VEL_TEXT_SIZE - 1);
     return latin1_of(string->get(), LineFeeds::refused, VEL_STRING_SIZE - 1);

@@ -34,6 +34,8 @@ std::string values_of(const RecordField &row) {
         return "`true` 1, `false` 0";
     case Kind::code:
         return codes_of(row);
+    case Kind::object:
+        return "`id` of an object";
     case Kind::path:
         return "file name, at most 67 bytes";
     default:
@@ -53,7 +55,9 @@ std::string written(const RecordField &row, std::int64_t value) {
 
 std::string default_of(const RecordField &row) {
     if (row.kind == Kind::caption || row.kind == Kind::path) return "empty";
-    if (row.kind == Kind::text || row.field == Field::type) return "none";
+    if (row.kind == Kind::text || row.kind == Kind::object || row.field == Field::type) {
+        return "none";
+    }
     std::vector<std::string> parts{written(row, row.standard)};
     for (const TypeStandard &standard : type_standards()) {
         if (standard.field != row.field) continue;
@@ -100,6 +104,7 @@ std::string shorthand_rows() {
 std::string source_of(const RecordField &row) {
     if (row.kind == Kind::reserved) return "nothing; written as 0 and not read";
     if (row.kind == Kind::computed) return std::string(row.meaning);
+    if (row.kind == Kind::object) return fmt::format("the number of `{}`, for titles", row.key);
     return fmt::format("`{}`", row.key);
 }
 

@@ -1,9 +1,12 @@
 #include "form.h"
 
+#include <algorithm>
+
 #include <fmt/format.h>
 
 #include "form_check.h"
 #include "styles.h"
+#include "suggestion.h"
 
 namespace velform {
 namespace {
@@ -11,7 +14,7 @@ namespace {
 Settings standard_settings(std::uint32_t type) {
     Settings settings;
     for (const RecordField &row : record_table()) {
-        if (row.kind == Kind::caption || row.kind == Kind::path) {
+        if (row.kind == Kind::caption || row.kind == Kind::path || row.kind == Kind::object) {
             settings[row.field] = Setting{std::string{}, {}};
         } else if (!row.key.empty() && row.kind != Kind::text) {
             settings[row.field] = Setting{row.standard, {}};
@@ -48,7 +51,10 @@ public:
             add(button, 0, settings);
         }
         add_list(source_.objects, 0);
-        for (FormObject &object : form_.objects) add_text(object);
+        for (FormObject &object : form_.objects) {
+            add_text(object);
+            link_menu(object);
+        }
         return std::move(form_);
     }
 
@@ -113,6 +119,36 @@ private:
         if (!means_something(record_field(Field::text), object.type())) return false;
         if (object.settings[Field::text].has_value()) return true;
         return object.type() != VEL_TYPE_CHAIN && object.value(Field::editable) != 0;
+    }
+
+    void link_menu(FormObject &object) {
+        const Setting &menu = *object.settings[Field::menu];
+        if (menu.string().empty() || menu.is_faulty) return;
+        if (!means_something(record_field(Field::menu), object.type())) return;
+        const auto named = std::ranges::find(form_.objects, menu.string(), [](const auto &o) {
+            return std::string_view(o.source->id);
+        });
+        if (named == form_.objects.end()) {
+            diagnostics_.error(menu.where,
+                               fmt::format("there is no object '{}'{}", menu.string(),
+                                           did_you_mean(menu.string(), ids_of_menus())));
+        } else if (named->type() != VEL_TYPE_MENU) {
+            diagnostics_.error(menu.where,
+                               fmt::format("'{}' is no menu but {}{}", menu.string(),
+                                           type_with_article(named->type()),
+                                           did_you_mean(menu.string(), ids_of_menus())));
+        } else {
+            object.menu = named->number;
+        }
+    }
+
+    std::vector<std::string_view> ids_of_menus() const {
+        std::vector<std::string_view> ids;
+        for (const FormObject &object : form_.objects) {
+            const bool has_id = !object.source->id.empty();
+            if (has_id && object.type() == VEL_TYPE_MENU) ids.push_back(object.source->id);
+        }
+        return ids;
     }
 
     const FormSource &source_;

@@ -18,6 +18,7 @@ struct FormObject {
     std::uint32_t number = 0;
     std::uint32_t master = 0;
     std::uint32_t text = 0; // number of its text
+    std::uint32_t menu = 0; // number of the menu that it opens
     std::uint32_t text_length = 0;
     std::vector<std::uint32_t> dependents;
 

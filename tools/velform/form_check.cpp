@@ -47,11 +47,7 @@ private:
     void warn(Field field, std::string message) {
         diagnostics_.warning(place_of(field), std::move(message));
     }
-    std::string a_type() const {
-        const std::string_view name = type_name(object_.type());
-        if (name.empty()) return fmt::format("an object of type {}", object_.type());
-        return fmt::format("{} {}", name == "empty" || name == "entry" ? "an" : "a", name);
-    }
+    std::string a_type() const { return type_with_article(object_.type()); }
 
     // Styles are shared by objects of many types, so only what the object says itself counts.
     void check_own_keys() {

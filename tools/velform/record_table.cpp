@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <limits>
 
+#include <fmt/format.h>
 #include <velumo.h>
 
 namespace velform {
@@ -44,6 +45,7 @@ constexpr std::uint32_t texts = windows | bits({VEL_TYPE_TEXT});
 constexpr std::uint32_t flowing = texts | bits({VEL_TYPE_CHAIN});
 constexpr std::uint32_t written = captions | flowing;
 constexpr std::uint32_t pictures = bits({VEL_TYPE_PICTURE_UNLOADED});
+constexpr std::uint32_t titles = bits({VEL_TYPE_LABEL}) | pictures;
 constexpr std::uint32_t boxes = written | bits({VEL_TYPE_MENU});
 
 constexpr Range signed_pixels{-32768, 32767};
@@ -69,7 +71,8 @@ constexpr RecordField colour(Field f, std::uint32_t offset, std::string_view nam
 constexpr RecordField string(Field f, std::uint32_t offset, std::string_view name,
                              std::string_view key, Kind kind, std::uint32_t types,
                              std::string_view meaning) {
-    const std::uint32_t size = kind == Kind::text ? 4 : VEL_STRING_SIZE;
+    const bool is_in_record = kind == Kind::caption || kind == Kind::path;
+    const std::uint32_t size = is_in_record ? VEL_STRING_SIZE : 4;
     return {f, offset, size, name, key, kind, {}, {}, 0, types, meaning};
 }
 constexpr RecordField flag(Field f, std::uint32_t offset, std::string_view key, std::uint32_t types,
@@ -146,6 +149,10 @@ constexpr std::array<RecordField, field_count> table{
     number(
         max_chars, 260, "max_chars", {0, 999}, 0, texts | fields,
         "Characters that a field takes, at most 64; columns that overwriting in a text reaches."),
+    string(
+        menu, 260, "max_chars", "menu", Kind::object, titles,
+        "The `id` of the menu that a press on this title opens while `vel_wait_for_object` runs. "
+        "The record holds its number, 0 = none."),
     code(border, 264, "border_style", "border", codes, border_names, any,
          "Border. A fitted object covers the inner area of its master, whatever its rectangle "
          "says."),
@@ -168,10 +175,17 @@ constexpr std::array<RecordField, field_count> table{
          "How the objects around this one limit it: inside their margins, by their outline, or not "
          "at all.")};
 
+// Rows that mean something for different types may share their bytes.
+constexpr bool share_bytes(const RecordField &a, const RecordField &b) {
+    return a.offset == b.offset && a.size == b.size && (a.types & b.types) == 0;
+}
+
 constexpr bool table_is_gapless() {
     std::uint32_t place = 0;
     for (std::size_t row = 0; row < table.size(); ++row) {
-        if (table[row].field != static_cast<Field>(row) || table[row].offset != place) return false;
+        if (table[row].field != static_cast<Field>(row)) return false;
+        if (row != 0 && share_bytes(table[row - 1], table[row])) continue;
+        if (table[row].offset != place) return false;
         place += table[row].size;
     }
     return place == record_size;
@@ -220,6 +234,12 @@ bool means_something(const RecordField &field, std::uint32_t type) {
 std::string_view type_name(std::uint32_t type) {
     const auto found = std::ranges::find(type_names, type, &Name::code);
     return found == std::end(type_names) ? std::string_view{} : found->name;
+}
+
+std::string type_with_article(std::uint32_t type) {
+    const std::string_view name = type_name(type);
+    if (name.empty()) return fmt::format("an object of type {}", type);
+    return fmt::format("{} {}", name == "empty" || name == "entry" ? "an" : "a", name);
 }
 
 } // namespace velform

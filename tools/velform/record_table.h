@@ -5,6 +5,7 @@
 #include <array>
 #include <cstdint>
 #include <span>
+#include <string>
 #include <string_view>
 
 namespace velform {
@@ -41,6 +42,7 @@ enum class Field : std::uint8_t {
     reserved_cursor_line,
     reserved_cursor_column,
     max_chars,
+    menu,
     border,
     border_inset,
     border_colour,
@@ -67,6 +69,7 @@ enum class Kind : std::uint8_t {
     text,     // a text of many lines; the record holds its number
     flag,     // true or false, or a number
     code,     // a name, or a number
+    object,   // the id of another object; the record holds its number
     computed, // has no key: follows from the rest of the source
     reserved  // 0
 };
@@ -121,5 +124,7 @@ const Shorthand *find_shorthand(std::string_view key);
 bool means_something(const RecordField &field, std::uint32_t type);
 // Returns the name of an object type in a source; an empty one for codes that have none.
 std::string_view type_name(std::uint32_t type);
+// As in "a label", for messages.
+std::string type_with_article(std::uint32_t type);
 
 } // namespace velform

@@ -36,6 +36,10 @@ void put_computed(std::string &record, const RecordField &row, const FormObject 
 void put_field(std::string &record, const RecordField &row, const FormObject &object) {
     const std::optional<Setting> &setting = object.settings[row.field];
     switch (row.kind) {
+    case Kind::object:
+        // Its bytes belong to another field where there are no titles.
+        if (means_something(row, object.type())) put_number(record, row.offset, object.menu);
+        break;
     case Kind::number:
     case Kind::flag:
     case Kind::code:
