@@ -475,6 +475,7 @@ VEL_API uint32_t vel_get_lastposition_before_zero(const char *string) VEL_NOTHRO
 
 /**
  * Copies the first n + 1 characters of a string, or the whole when it is shorter, and a NUL.
+ * Source and destination may overlap when the destination comes first.
  *
  * \param n           index of the last character to copy
  * \param source      a string

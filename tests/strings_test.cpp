@@ -39,6 +39,14 @@ TEST(Strings, partial_copies_end_with_a_nul) {
     EXPECT_EQ(std::string(destination, 5), std::string("xyz\0#", 5));
 }
 
+TEST(Strings, partial_copies_move_a_string_to_the_left) {
+    char field[40] = "#0123456789abcdefghijklmnopqrstuvwxyz";
+    vel_copy_st_first_part(34, field + 1, field);
+    EXPECT_STREQ(field, "0123456789abcdefghijklmnopqrstuvwxy");
+    EXPECT_EQ(vel_copy_st_last_part(field + 3, field), 32U);
+    EXPECT_STREQ(field, "3456789abcdefghijklmnopqrstuvwxy");
+}
+
 TEST(Numbers, digits_are_converted_both_ways) {
     for (const auto &[digit, character, result] :
          {std::tuple{0, '0', 1}, {9, '9', 1}, {10, '0', -1}, {12, '0', -1}, {-1, '0', -1}}) {

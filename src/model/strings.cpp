@@ -29,9 +29,10 @@ uint32_t vel_get_lastposition_before_zero(const char *string) noexcept {
 }
 
 void vel_copy_st_first_part(uint32_t n, const char *source, char *destination) noexcept {
-    // On purpose: n is the index of the last character, so n + 1 characters are copied.
-    const std::size_t count = strnlen(source, std::size_t{n} + 1);
-    std::memcpy(destination, source, count);
+    // On purpose: n is the index of the last character, so n + 1 characters are copied. They are
+    // copied one by one, from the first on, so a string may be moved to the left within its field.
+    std::size_t count = 0;
+    for (; count <= n && source[count] != '\0'; ++count) destination[count] = source[count];
     destination[count] = '\0';
 }
 
