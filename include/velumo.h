@@ -725,7 +725,7 @@ VEL_API void vel_get_borders_for_text(const vel_context *ctx, uint32_t object, u
  * buttons are 16 by 16 pixels whatever their record says.
  *
  * \param ctx    context
- * \param object number of the object; 0 paints nothing
+ * \param object number of the object; 0 and a number beyond the tables paint nothing
  */
 VEL_API void vel_evoke_object(vel_context *ctx, uint32_t object) VEL_NOTHROW;
 

@@ -307,6 +307,22 @@ TEST(Faults, deep_nesting_is_drawn) {
     EXPECT_EQ(form.ctx.objects[depth].hidden, 0U);
 }
 
+TEST(Faults, numbers_beyond_the_tables_draw_and_move_nothing) {
+    Loaded form;
+    ASSERT_EQ(Files(9).load(form.ctx), VEL_OK);
+    form.ctx.screen = test::make_surface(100, 100, 32);
+    form.ctx.screen_width = form.ctx.screen_height = 100;
+    test::fill(form.ctx.screen, test::green);
+    const vel_object before = form.ctx.objects[0];
+    for (const auto draw : {vel_evoke_object, vel_draw_selected_lines, vel_draw_selected_box,
+                            vel_undraw_selected_lines, vel_undraw_selected_box, vel_undraw_object,
+                            vel_draw_dep_objs, vel_draw_cursor}) {
+        for (const uint32_t number : {0U, 10U, 0xFFFFFFFFU}) draw(&form.ctx, number);
+    }
+    EXPECT_EQ(test::pixels_of_colour(form.ctx.screen, test::black), "");
+    EXPECT_EQ(std::memcmp(&form.ctx.objects[0], &before, sizeof before), 0);
+}
+
 TEST(Assets, pictures_and_fonts_report_the_last_one_tried) {
     const Folder folder;
     SDL_Surface *picture = test::make_surface(12, 5, 32);

@@ -22,6 +22,10 @@ constexpr i32 as_signed(u32 value) { return static_cast<i32>(value); }
 inline u32 object_index(const vel_context &ctx, u32 number) {
     return ctx.object_records != 0 && number >= ctx.object_records ? 0 : number;
 }
+// 0, or a number beyond the tables: there is nothing to draw or to move.
+inline bool names_nothing(const vel_context &ctx, u32 number) {
+    return object_index(ctx, number) == 0;
+}
 inline vel_object &object_at(vel_context &ctx, u32 number) {
     return ctx.objects[object_index(ctx, number)];
 }

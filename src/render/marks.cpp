@@ -30,24 +30,28 @@ void make_room(vel_object &o, i32 last_row_moved) {
 using namespace velumo;
 
 void vel_draw_selected_lines(vel_context *ctx, uint32_t object) noexcept {
+    if (names_nothing(*ctx, object)) return;
     vel_object &o = object_at(*ctx, object);
     make_room(o, 0);
     draw_outline(*ctx, o, ctx->mark_colour);
 }
 
 void vel_draw_selected_box(vel_context *ctx, uint32_t object) noexcept {
+    if (names_nothing(*ctx, object)) return;
     vel_object &o = object_at(*ctx, object);
     make_room(o, 1);
     draw_square(*ctx, o, ctx->mark_colour);
 }
 
 void vel_undraw_selected_lines(vel_context *ctx, uint32_t object) noexcept {
+    if (names_nothing(*ctx, object)) return;
     vel_object &o = object_at(*ctx, object);
     keep_window_on_screen(o);
     draw_outline(*ctx, o, ctx->background_colour);
 }
 
 void vel_undraw_selected_box(vel_context *ctx, uint32_t object) noexcept {
+    if (names_nothing(*ctx, object)) return;
     vel_object &o = object_at(*ctx, object);
     keep_window_on_screen(o);
     draw_square(*ctx, o, ctx->background_colour);

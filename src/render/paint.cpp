@@ -177,7 +177,7 @@ void keep_window_on_screen(vel_object &object) {
 using namespace velumo;
 
 void vel_evoke_object(vel_context *ctx, uint32_t object) noexcept {
-    if (object == 0 || ctx->screen == nullptr) return;
+    if (names_nothing(*ctx, object) || ctx->screen == nullptr) return;
     vel_object &o = object_at(*ctx, object);
     const Size size = top_level_size(*ctx, object, o);
     keep_window_on_screen(o);
