@@ -400,7 +400,7 @@ VEL_API const char *vel_error_text(int32_t code) VEL_NOTHROW;
  * Loads the pictures of the objects of type 4 from first to object_count.
  *
  * An object whose picture loads gets image, the picture's width and height, and type 9; the others
- * stay as they are. Nothing is printed.
+ * stay as they are. Only regular files are read. Nothing is printed.
  *
  * \param ctx   context
  * \param first first object to look at; 0 stands for 1
@@ -412,7 +412,8 @@ VEL_API int32_t vel_load_object_images(vel_context *ctx, uint32_t first) VEL_NOT
  * Opens own_font of the objects from first to object_count whose font_choice is 1.
  *
  * A font that cannot be opened leaves own_font null and prints "TTF_OpenFont: ", SDL's error text
- * and a line end to standard output. A font that was open before is not closed.
+ * and a line end to standard output. Only regular files are read. A font that was open before is
+ * not closed.
  *
  * \param ctx   context
  * \param first first object to look at; 0 stands for 1

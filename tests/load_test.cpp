@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -355,6 +356,26 @@ TEST(Assets, pictures_and_fonts_report_the_last_one_tried) {
     EXPECT_EQ(vel_load_object_fonts(&form.ctx, 5), 0);
     std::string(test::font_file).copy(form.ctx.objects[4].font_path, 67);
     EXPECT_EQ(vel_load_object_fonts(&form.ctx, 4), 1);
+}
+
+TEST(Assets, pipes_are_not_waited_for) {
+    Files files(2);
+    const std::string pipe = files.folder.file("pipe");
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    files.set(1, 228, VEL_TYPE_PICTURE_UNLOADED);
+    pipe.copy(&files.form[704], 67);
+    files.set(2, 96, 1);
+    pipe.copy(&files.form[776 + 104], 67);
+    EXPECT_EXIT(
+        {
+            alarm(10); // ends a process that waits
+            Loaded form;
+            const int32_t result = files.load(form.ctx);
+            const bool told = vel_load_object_images(&form.ctx, 1) == -1 &&
+                              vel_load_object_fonts(&form.ctx, 1) == -1;
+            std::_Exit(result == VEL_OK && told ? 0 : 1);
+        },
+        testing::ExitedWithCode(0), "");
 }
 
 } // namespace

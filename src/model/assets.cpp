@@ -3,6 +3,7 @@
 
 #include <SDL_image.h>
 #include <cstdio>
+#include <sys/stat.h>
 
 namespace velumo {
 namespace {
@@ -18,8 +19,17 @@ i32 load_each(vel_context &ctx, u32 first, Wanted wanted, Load load) {
     return result;
 }
 
+// Opening a named pipe would wait for its writer, and a terminal for its user. What cannot be
+// looked at is left to the loaders, which tell why.
+bool may_be_read(const char *path) {
+    struct stat status {};
+    if (::stat(path, &status) != 0 || S_ISREG(status.st_mode)) return true;
+    SDL_SetError("%s is no regular file", path);
+    return false;
+}
+
 bool load_image(vel_object &object) {
-    SDL_Surface *image = IMG_Load(object.image_path);
+    SDL_Surface *image = may_be_read(object.image_path) ? IMG_Load(object.image_path) : nullptr;
     if (image == nullptr) return false;
     object.image = image;
     object.width = static_cast<u32>(image->w);
@@ -29,7 +39,9 @@ bool load_image(vel_object &object) {
 }
 
 bool load_font(vel_object &object, FontMessages messages) {
-    object.own_font = TTF_OpenFont(object.font_path, static_cast<int>(object.font_size));
+    object.own_font = may_be_read(object.font_path)
+                          ? TTF_OpenFont(object.font_path, static_cast<int>(object.font_size))
+                          : nullptr;
     if (object.own_font == nullptr && messages == FontMessages::print) {
         std::printf("TTF_OpenFont: %s\n", SDL_GetError());
     }
