@@ -642,8 +642,8 @@ VEL_API void vel_draw_rectangle(vel_context *ctx, uint32_t x, uint32_t y, uint32
  *
  * \param ctx    context
  * \param object number of an object without master
- * \returns its width; screen_width - x - 2 when it reaches beyond the screen's right edge, wrapped
- *          when it starts beyond it
+ * \returns its width; screen_width - x - 2 when x + width - 1 is above screen_width, wrapped when
+ * it starts beyond the screen
  */
 VEL_API uint32_t vel_p_cutted_w_independent(const vel_context *ctx, uint32_t object) VEL_NOTHROW;
 
@@ -652,8 +652,8 @@ VEL_API uint32_t vel_p_cutted_w_independent(const vel_context *ctx, uint32_t obj
  *
  * \param ctx    context
  * \param object number of an object without master
- * \returns its height; screen_height - y - 5 when it reaches beyond the screen's bottom edge,
- *          wrapped when it starts beyond it
+ * \returns its height; screen_height - y - 5 when y + height - 1 is above screen_height, wrapped
+ * when it starts beyond the screen
  */
 VEL_API uint32_t vel_p_cutted_h_independent(const vel_context *ctx, uint32_t object) VEL_NOTHROW;
 
@@ -739,8 +739,8 @@ VEL_API void vel_evoke_object(vel_context *ctx, uint32_t object) VEL_NOTHROW;
 VEL_API void vel_evoke_borders(vel_context *ctx, uint32_t object) VEL_NOTHROW;
 
 /**
- * Draws the whole screen: objects without master, the windows of the stack from the bottom up, the
- * active window with its marks, the frame buttons.
+ * Draws the whole screen: objects without master other than windows and texts, the windows of the
+ * stack from the bottom up, the active window with its marks, the frame buttons.
  *
  * \param ctx          context
  * \param format_first 1 = break all texts into lines first
@@ -793,8 +793,8 @@ VEL_API void vel_draw_and_screenup_selected_window(vel_context *ctx) VEL_NOTHROW
 VEL_API void vel_undraw_object(vel_context *ctx, uint32_t object) VEL_NOTHROW;
 
 /**
- * Draws the one-pixel outline around a window in mark_colour. The object is first moved to x of at
- * least 11 and y of at least 2 when x is at most 10 or y at most 0.
+ * Draws the one-pixel outline around a window in mark_colour. The object is first moved: an x of at
+ * most 10 becomes 11, a y of at most 0 becomes 2.
  *
  * \param ctx    context
  * \param object number of the window
@@ -865,10 +865,10 @@ VEL_API uint32_t vel_format_object_text(vel_context *ctx, uint32_t object) VEL_N
  * \param ctx         context
  * \param object      number of the object; a line_width of 0 is set from its width and margins
  * \param word        the word, ended by a NUL
- * \param line        line to start on; the line where the word ends
- * \param column      column to start at; the column behind the word
+ * \param line        line to start on; the line where the text goes on
+ * \param column      column to start at; the column where the text goes on
  * \param word_length characters of the word; not changed
- * \param break_after 1 = end the line after the word
+ * \param break_after 1 = end the line after the word; a word that was split is not followed by it
  * \returns 0; 1 when the word was split and is complete; -1 when the lines ran out
  */
 VEL_API int32_t vel_copy_word_into_line(vel_context *ctx, uint32_t object, const char *word,
@@ -896,7 +896,7 @@ VEL_API uint32_t vel_check_line_volume(const vel_context *ctx, uint32_t object, 
  *
  * \param ctx    context
  * \param object number of the object
- * \returns 0 nothing done; 1 centred horizontally; 2 centred vertically, or both ways; 3 an entry
+ * \returns 0 not centred; 1 centred horizontally; 2 centred vertically, or both ways; 3 an entry
  *          field (types 5 and 6), whose margins are left alone
  */
 VEL_API uint32_t vel_format_small_obj(vel_context *ctx, uint32_t object) VEL_NOTHROW;
