@@ -1345,7 +1345,8 @@ VEL_API uint32_t vel_load_window_text_buttons(vel_context *ctx, uint32_t object,
                                               uint32_t button_a, uint32_t button_b) VEL_NOTHROW;
 
 /**
- * Counts the characters of an object's text and brings its cursor to the start.
+ * Counts the characters of an object's text and brings its cursor to the start. The scroll offsets,
+ * which typing moves in a narrow field, stay; set them to 0 to show the text from its start.
  *
  * \param ctx    context
  * \param mode   0 the text is the object's label; 1 it is in its text record; with other values

@@ -246,6 +246,21 @@ TEST_F(Loops, moves_go_to_the_next_press) {
     EXPECT_EQ(label(12), ""); // the keys before the press are lost
 }
 
+TEST_F(Loops, the_release_of_the_press_that_places_a_window_selects_nothing) {
+    open(9);
+    open(8);
+    for (const auto &[x, y] : {std::pair{150, 100}, std::pair{11, 60}}) {
+        release_on(VEL_BUTTON_MOVE);
+        push_mouse(true, x, y);
+        release(x, y); // a corner belongs to no object, so that it would hit window 9
+        release_on(16);
+        EXPECT_EQ(vel_wait_for_object(&ctx), 16U);
+        EXPECT_EQ(std::tuple(objects[8].x, objects[8].y),
+                  std::tuple(static_cast<uint32_t>(x), static_cast<uint32_t>(y)));
+        EXPECT_EQ(ctx.active_window, 8U);
+    }
+}
+
 TEST_F(Loops, waiting_does_what_the_user_means) {
     push_key('a');
     push_key(SDLK_TAB);

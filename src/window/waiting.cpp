@@ -104,6 +104,7 @@ private:
     }
 
     std::optional<u32> press() {
+        is_placing_ = false;
         const u32 number = object_under(ctx_);
         if (is_frame_button(number)) {
             hold(number);
@@ -142,7 +143,8 @@ private:
 
     std::optional<u32> release() {
         held_ = 0;
-        const u32 number = object_under(ctx_);
+        const u32 number = is_placing_ ? 0 : object_under(ctx_);
+        is_placing_ = false;
         consume_event(ctx_);
         if (number == 0) return {};
         if (is_frame_button(number)) return release_frame_button(number);
@@ -159,6 +161,7 @@ private:
     std::optional<u32> release_frame_button(u32 number) {
         ctx_.window_to_activate = number;
         vel_exa_left_released(&ctx_);
+        is_placing_ = number == VEL_BUTTON_MOVE;
         if (number == VEL_BUTTON_CLOSE && ctx_.active_window == 0) return number;
         return {};
     }
@@ -166,6 +169,7 @@ private:
     vel_context &ctx_;
     u32 held_ = 0; // frame button under the pressed mouse button
     milliseconds next_press_{0};
+    bool is_placing_ = false; // the release of the press that placed a window is still to come
 };
 
 } // namespace
