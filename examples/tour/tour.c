@@ -1,32 +1,33 @@
-/* The tour: shows a form with all kinds of objects, borders and windows until it is closed. */
+/* The tour: a desk with all kinds of objects, borders and windows, to click and to type on. */
 #include <stdio.h>
 #include <stdlib.h>
+#include <string.h>
+#include <time.h>
 
 #include <velumo.h>
 
+#include "report.h"
 #include "tour.h"
 
-enum { SCREEN_WIDTH = 800, SCREEN_HEIGHT = 600, FONT_SIZE = 13 };
+enum { SCREEN_WIDTH = 800, SCREEN_HEIGHT = 600, FONT_SIZE = 13, SCROLL_STEP = 10 };
 
 static const char *const font_path = "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf";
 static const vel_colour desk = {0xe3, 0xe9, 0xf0};
 static const vel_colour blue = {0x2f, 0x6f, 0xde};
 static const vel_colour orange = {0xd9, 0x70, 0x3b};
 
-/* The text of the chain; the library wants it in ISO 8859-1. */
-static char story[] =
-    "Am Morgen liegt der Nebel über den Hügeln, und die Fähre wartet schon am Ufer. Wer "
-    "früh genug aufsteht, hört die Glocken aus dem Tal und riecht das Brot der Bäckerei. "
-    "Gegen Mittag wird es warm; die Kinder laufen über die Brücke, und vor dem Rathaus "
-    "stehen Stände mit Äpfeln, Käse und Honig. Ein Mann mit Hut verkauft Körbe, die er im "
-    "Winter geflochten hat. Später zieht ein Gewitter auf, aber es dauert nicht lange. Dann "
-    "tropft es nur noch von den Dächern, und die Straßen glänzen. Am Abend sitzen alle "
-    "draußen, erzählen und lachen, bis der Mond über den Bäumen steht. Wer noch nicht müde "
-    "ist, geht zum Fluss hinunter und zählt die Lichter der Schiffe. So vergeht ein Tag im "
-    "Städtchen, und keiner hat es eilig. Morgen kommt die Fähre wieder, und mit ihr kommen "
-    "Gäste, Briefe und Neuigkeiten aus der großen Stadt. Dann beginnt alles von vorn: "
-    "Nebel, Glocken, Brot. Und wer geblieben ist, erzählt den Neuen, wie schön es gestern "
-    "war.";
+/* What the program keeps; it hangs on the context. */
+struct tour {
+    struct report report;
+    char shown_amount[VEL_STRING_SIZE]; /* what the total was worked out from */
+    time_t shown_time;
+    char sample_name[VEL_STRING_SIZE], sample_street[VEL_STRING_SIZE];
+    char sample_amount[VEL_STRING_SIZE], sample_remark[VEL_TEXT_SIZE];
+};
+
+static struct tour *tour_of(vel_context *ctx) { return ctx->application_a[0]; }
+
+/* ---- Start ---- */
 
 static int fail(const char *what, const char *why) {
     fprintf(stderr, "tour: %s: %s\n", what, why);
@@ -59,59 +60,168 @@ static void fill_context(vel_context *ctx) {
     ctx->screen_rect.w = SCREEN_WIDTH;
     ctx->screen_rect.h = SCREEN_HEIGHT;
     ctx->background_colour = desk;
+    SDL_FillRect(ctx->screen, NULL, SDL_MapRGB(ctx->screen->format, desk.r, desk.g, desk.b));
     ctx->mark_colour_a = blue;
     ctx->mark_colour_b = orange;
+    ctx->scroll_step = SCROLL_STEP;
     ctx->texts_loaded = 1;
 }
 
-/* Puts the frame buttons into a row above the right end of a window. */
-static void place_frame_buttons(vel_context *ctx, uint32_t window) {
-    const vel_object *const o = &ctx->objects[window];
-    const uint32_t left = o->x + o->width - VEL_FRAME_BUTTONS * VEL_FRAME_BUTTON_SIZE;
-    uint32_t k;
-    for (k = 1; k <= VEL_FRAME_BUTTONS; ++k) {
-        ctx->objects[k].x = left + (k - 1) * VEL_FRAME_BUTTON_SIZE;
-        ctx->objects[k].y = o->y - 24;
-        ctx->objects[k].hidden = 0;
-    }
+static char *text_of(vel_context *ctx, uint32_t object) {
+    return ctx->text_recs[ctx->objects[object].text_index].text;
 }
 
-/* Fills the window stack, the front window first, and makes that one active. */
-static void open_windows(vel_context *ctx) {
-    static const uint32_t front_first[] = {TOUR_ORDER, TOUR_PHOTOS, TOUR_LOG};
-    const uint32_t count = sizeof front_first / sizeof *front_first;
+static void open_window(vel_context *ctx, uint32_t window) {
+    ctx->window_to_activate = window;
+    vel_select_window(ctx);
+}
+
+/* ---- The order ---- */
+
+/* Works out the total for what stands in the amount, right-aligned. */
+static void show_total(vel_context *ctx) {
+    enum { FIELD = 7, PRICE = 975 };
+    char *const label = ctx->objects[TOUR_TOTAL].label;
+    const long cents = PRICE * strtol(ctx->objects[TOUR_AMOUNT].label, NULL, 10);
+    if (cents > 999999) {
+        strcpy(label, "-----");
+    } else {
+        snprintf(label, VEL_STRING_SIZE, "%ld,%02ld", cents / 100, cents % 100);
+    }
+    vel_fill_form_with_dummies(ctx, label, TOUR_TOTAL, FIELD, ' ');
+    vel_format_small_obj(ctx, TOUR_TOTAL);
+    strcpy(tour_of(ctx)->shown_amount, ctx->objects[TOUR_AMOUNT].label);
+}
+
+/* Brings the cursor of a field back to its start, and what typing has scrolled. */
+static void reset(vel_context *ctx, uint32_t mode, uint32_t field) {
+    vel_reset_textobject(ctx, mode, field);
+    ctx->objects[field].scroll_x = ctx->objects[field].scroll_y = 0;
+}
+
+static void set_field(vel_context *ctx, uint32_t field, const char *text) {
+    strcpy(ctx->objects[field].label, text);
+    reset(ctx, 0, field);
+}
+
+static void set_order(vel_context *ctx, const char *name, const char *street, const char *amount,
+                      const char *remark) {
+    set_field(ctx, TOUR_NAME, name);
+    set_field(ctx, TOUR_STREET, street);
+    set_field(ctx, TOUR_AMOUNT, amount);
+    vel_load_window_text(ctx, TOUR_REMARK, remark);
+    reset(ctx, 1, TOUR_REMARK);
+    show_total(ctx);
+    open_window(ctx, TOUR_ORDER);
+    vel_draw_all_objects(ctx, 0, 1);
+}
+
+/* The sample is what the form holds at first. */
+static void keep_sample(vel_context *ctx) {
+    struct tour *const tour = tour_of(ctx);
+    strcpy(tour->sample_name, ctx->objects[TOUR_NAME].label);
+    strcpy(tour->sample_street, ctx->objects[TOUR_STREET].label);
+    strcpy(tour->sample_amount, ctx->objects[TOUR_AMOUNT].label);
+    strcpy(tour->sample_remark, text_of(ctx, TOUR_REMARK));
+}
+
+static void load_sample(vel_context *ctx) {
+    const struct tour *const tour = tour_of(ctx);
+    set_order(ctx, tour->sample_name, tour->sample_street, tour->sample_amount,
+              tour->sample_remark);
+}
+
+static void save(vel_context *ctx) {
+    char text[VEL_TEXT_SIZE];
+    const uint32_t answer = vel_decide_window(ctx, TOUR_QUESTION, TOUR_YES, TOUR_NO);
+    printf("answer: %s\n", answer == TOUR_YES ? "yes" : "no");
+    if (answer == TOUR_YES) {
+        const char *const amount = ctx->objects[TOUR_AMOUNT].label;
+        snprintf(text, sizeof text, "Notiert: %s Kisten", amount[0] != '\0' ? amount : "keine");
+        vel_load_window_text_buttons(ctx, TOUR_NOTICE, text, TOUR_UNDERSTOOD, TOUR_UNDERSTOOD);
+        vel_notice_window(ctx, TOUR_NOTICE, TOUR_UNDERSTOOD);
+        puts("saved");
+    }
+    vel_draw_all_objects(ctx, 0, 1);
+}
+
+/* ---- What goes on beside ---- */
+
+/* A label may be drawn alone while no window lies over it. */
+static int is_clock_free(const vel_context *ctx) {
+    enum { ROOM = 24 }; /* for the frame buttons above a window */
+    const vel_object *const clock = &ctx->objects[TOUR_CLOCK];
     uint32_t i;
-    for (i = 0; i < count; ++i) {
-        ctx->window_stack[i] = front_first[i];
-        ctx->objects[front_first[i]].hidden = 0;
+    for (i = 0; i < ctx->window_count; ++i) {
+        if (ctx->objects[ctx->window_stack[i]].y < clock->y + clock->height + ROOM) return 0;
     }
-    ctx->window_count = count;
-    ctx->active_window = front_first[0];
-    place_frame_buttons(ctx, ctx->active_window);
+    return 1;
 }
 
-/* Turns UTF-8 into ISO 8859-1, in place; characters beyond that are not expected. */
-static char *to_latin1(char *text) {
-    const unsigned char *from = (const unsigned char *)text;
-    char *to = text;
-    for (; *from != 0; ++from) {
-        const int is_pair = (*from & 0xe0) == 0xc0 && from[1] != 0;
-        *to++ = (char)(is_pair ? (*from & 0x03) << 6 | (from[1] & 0x3f) : *from);
-        from += is_pair;
-    }
-    *to = 0;
-    return text;
+static void show_time(vel_context *ctx) {
+    const time_t now = time(NULL);
+    vel_object *const clock = &ctx->objects[TOUR_CLOCK];
+    if (now == tour_of(ctx)->shown_time || !is_clock_free(ctx)) return;
+    tour_of(ctx)->shown_time = now;
+    strftime(clock->label, sizeof clock->label, "%H:%M:%S", localtime(&now));
+    vel_format_small_obj(ctx, TOUR_CLOCK);
+    vel_evoke_object(ctx, TOUR_CLOCK);
+    SDL_UpdateRect(ctx->screen, (Sint32)clock->x, (Sint32)clock->y, clock->width, clock->height);
 }
 
-static void wait_until_closed(vel_context *ctx) {
-    while (SDL_WaitEvent(&ctx->event) == 1 && ctx->event.type != SDL_QUIT) {
-        if (ctx->event.type == SDL_VIDEOEXPOSE) vel_draw_all_objects(ctx, 0, 1);
+static void on_idle(vel_context *ctx) {
+    report_changes(ctx, &tour_of(ctx)->report);
+    if (strcmp(tour_of(ctx)->shown_amount, ctx->objects[TOUR_AMOUNT].label) != 0) {
+        show_total(ctx);
+        if (ctx->active_window == TOUR_ORDER) vel_draw_and_screenup_selected_window(ctx);
     }
+    show_time(ctx);
+}
+
+/* ---- The tour ---- */
+
+/* Does what an object stands for; returns 0 when the tour ends. */
+static int act_on(vel_context *ctx, uint32_t object) {
+    report_click(object);
+    switch (object) {
+    case 0:
+    case TOUR_FILE_QUIT:
+        return 0;
+    case TOUR_ORDER_ICON:
+    case TOUR_VIEW_ORDER:
+        open_window(ctx, TOUR_ORDER);
+        break;
+    case TOUR_PHOTOS_ICON:
+    case TOUR_VIEW_PHOTOS:
+        open_window(ctx, TOUR_PHOTOS);
+        break;
+    case TOUR_LOG_ICON:
+    case TOUR_VIEW_LOG:
+        open_window(ctx, TOUR_LOG);
+        break;
+    case TOUR_LOAD:
+    case TOUR_EDIT_LOAD:
+        load_sample(ctx);
+        break;
+    case TOUR_CLEAR:
+    case TOUR_EDIT_CLEAR:
+        set_order(ctx, "", "", "", "");
+        break;
+    case TOUR_SAVE:
+    case TOUR_FILE_SAVE:
+        save(ctx);
+        break;
+    default:
+        break;
+    }
+    return 1;
 }
 
 int main(void) {
     static vel_context ctx;
+    static struct tour tour;
     int32_t result;
+    setvbuf(stdout, NULL, _IOLBF, 0);
     if (!start_display(&ctx)) return EXIT_FAILURE;
     fill_context(&ctx);
     result = vel_load_forms(&ctx, 0, 0, "tour.form", "tour.text");
@@ -119,10 +229,17 @@ int main(void) {
         fail("tour.form and tour.text", vel_error_text(result));
         return EXIT_FAILURE;
     }
-    ctx.objects[TOUR_NOTES].stream = to_latin1(story);
-    open_windows(&ctx);
-    vel_draw_all_objects(&ctx, 1, 1);
-    wait_until_closed(&ctx);
+    ctx.application_a[0] = &tour;
+    ctx.idle_hook = on_idle;
+    ctx.objects[TOUR_NOTES].stream = text_of(&ctx, TOUR_NOTES);
+    keep_sample(&ctx);
+    show_total(&ctx);
+    vel_draw_all_objects(&ctx, 1, 0);
+    open_window(&ctx, TOUR_LOG);
+    open_window(&ctx, TOUR_PHOTOS);
+    open_window(&ctx, TOUR_ORDER);
+    while (act_on(&ctx, vel_wait_for_object(&ctx))) continue;
     vel_close(&ctx);
+    puts("end");
     return EXIT_SUCCESS;
 }

@@ -73,6 +73,7 @@ FRAME_BUTTONS = ["move", "height_less", "height_more", "mode", "width_less", "wi
 def frame_button(rect, name):
     """Middle of a frame button of a window with a full frame; of a reduced one, only 'close'."""
     x, y, width, _ = rect
+    width = min(width, SCREEN_WIDTH - x - 2)
     return x + width - 16 * (7 - FRAME_BUTTONS.index(name)) + 8, y - 16
 
 
@@ -147,7 +148,7 @@ class Session:
         if self._steps > 0:
             self._keep_picture()
         self._steps += 1
-        print(f"{self._steps:2}. {text}", flush=True)
+        print(f"{self._steps:02}  {text}", flush=True)
 
     def _keep_picture(self):
         if self._pictures is not None:
