@@ -124,14 +124,15 @@ enum vel_filter_verdict {
     VEL_FILTER_END_LOOP = 2 /**< The loop ends. */
 };
 
-/** Results of vel_load_forms(). */
+/** Results of vel_load_forms(), and errors of other functions. */
 enum vel_result {
     VEL_OK = 1,               /**< Done. */
     VEL_ERROR_ARGUMENT = -1,  /**< A null context or path. */
     VEL_ERROR_FORM_FILE = -2, /**< The form description file cannot be opened. */
     VEL_ERROR_TEXT_FILE = -3, /**< The text file is needed and cannot be opened. */
     VEL_ERROR_READ = -4,      /**< A file could be opened and not be read to its end. */
-    VEL_ERROR_MEMORY = -5     /**< The tables do not fit into memory. */
+    VEL_ERROR_MEMORY = -5,    /**< The memory does not suffice. */
+    VEL_ERROR_FOLDER = -6     /**< A folder cannot be read. */
 };
 
 /** A colour. */
@@ -266,6 +267,7 @@ typedef struct vel_object {
 } vel_object;
 
 struct vel_context;
+struct vel_listings;
 
 /**
  * Gets every event that a loop of the library polls, before the loop does.
@@ -341,6 +343,8 @@ typedef struct vel_context {
                                         off. */
     int64_t last_event_time;       /**< Private to the library. When the last event came, in
                                         milliseconds of a clock that never stands still. */
+    struct vel_listings *listings; /**< Private to the library. The names that vel_list_directory()
+                                        found; released by vel_close(). Default null. */
 } vel_context;
 
 /** \name Start-up and shutdown */
@@ -389,7 +393,7 @@ VEL_API int32_t vel_load_forms(vel_context *ctx, uint32_t extra_objs, uint32_t e
                                const char *form_path, const char *text_path) VEL_NOTHROW;
 
 /**
- * Tells in English what a result of vel_load_forms() means.
+ * Tells in English what a code of vel_result means.
  *
  * \param code a result
  * \returns a constant string without line end, never null; "unknown error" for other numbers
@@ -1001,10 +1005,10 @@ VEL_API uint32_t vel_get_mono_mouse_selection(vel_context *ctx, int32_t stop) VE
  * next click on the title closes it. Afterwards the screen is redrawn.
  *
  * \param ctx context
- * \returns the object released on when it is a label, a picture, a menu or stands by itself on the
- *          desktop; the entry chosen in the menu of a title; 7 when the user has closed the last
- *          window; 0 when the user closes the program (SDL_QUIT), or the event filter ends the loop
- *          or a menu
+ * \returns the object released on when it is a label, a picture, a menu, a field that cannot be
+ *          edited or stands by itself on the desktop; the entry chosen in the menu of a title; 7
+ * when the user has closed the last window; 0 when the user closes the program (SDL_QUIT), or the
+ * event filter ends the loop or a menu
  */
 VEL_API uint32_t vel_wait_for_object(vel_context *ctx) VEL_NOTHROW;
 
@@ -1239,7 +1243,8 @@ VEL_API void vel_decrease_win_h(vel_context *ctx) VEL_NOTHROW;
 
 /**
  * Moves the contents up by scroll_step while scroll_y is above -scroll_max_y, and updates the
- * window.
+ * window. In a window that shows a list of vel_list_directory() the names move on instead, by as
+ * many rows as fit into scroll_step, at least one.
  *
  * \param ctx context
  */
@@ -1247,7 +1252,8 @@ VEL_API void vel_scroll_win_up(vel_context *ctx) VEL_NOTHROW;
 
 /**
  * Moves the contents down by scroll_step while scroll_y is below 2 * scroll_max_y, and updates the
- * window.
+ * window. In a window that shows a list of vel_list_directory() the names move back instead, as
+ * with vel_scroll_win_up().
  *
  * \param ctx context
  */
@@ -1422,6 +1428,46 @@ VEL_API void vel_read_app_dir(vel_context *ctx) VEL_NOTHROW;
  * \param list number of the list
  */
 VEL_API void vel_load_dir_entries(vel_context *ctx, uint32_t list) VEL_NOTHROW;
+
+/**
+ * Fills a list with the names in a folder: the folders, each with a "/" behind it and ".." before
+ * the others, then the files that match a pattern. Upper and lower case of A to Z count alike in
+ * their order, all else by its bytes.
+ *
+ * "." and hidden names, which begin with a dot, are left out; so is ".." in the root. A symbolic
+ * link is what it leads to; what is neither folder nor regular file is left out.
+ *
+ * The rows are the dependents of the list, whatever their type; one row shows one name in its
+ * label. The first name shown is the one that the list's scroll_y tells, in pixels of the rows'
+ * distance; it is brought to the nearest value that leaves no row empty without need. As long as
+ * the list is visible, the vertical scroll functions of its window, and so its frame buttons in
+ * scroll mode, scroll through the names. Rows without a name get a width of 0, others the width
+ * that the rows had before. Nothing is drawn.
+ *
+ * A name is shown in ISO 8859-1, "?" standing for what that does not have, and cut to 64
+ * characters, the "/" included; vel_listed_name() tells the real one. Formatting centres the labels
+ * of rows of type 2; those of type 5 that cannot be edited begin at their margin.
+ *
+ * \param ctx     context
+ * \param list    number of the list
+ * \param path    the folder
+ * \param pattern as for fnmatch(), or several of them separated by ";"; null or "" for all files
+ * \returns the names found, ".." included, whether there are rows for them or not;
+ *          VEL_ERROR_FOLDER when the folder cannot be read, VEL_ERROR_ARGUMENT for a null context
+ * or path and list 0, VEL_ERROR_MEMORY; then list and rows are as they were
+ */
+VEL_API int32_t vel_list_directory(vel_context *ctx, uint32_t list, const char *path,
+                                   const char *pattern) VEL_NOTHROW;
+
+/**
+ * Tells which name of its folder a row shows.
+ *
+ * \param ctx context
+ * \param row number of a row of a list that vel_list_directory() filled
+ * \returns the bytes of the name in the file system, without "/", owned by the library until the
+ * list is filled again; null when the row shows no name
+ */
+VEL_API const char *vel_listed_name(const vel_context *ctx, uint32_t row) VEL_NOTHROW;
 /**@}*/
 
 #ifdef __cplusplus

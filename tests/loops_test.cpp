@@ -282,6 +282,9 @@ TEST_F(Loops, waiting_does_what_the_user_means) {
         release_on(number);
         EXPECT_EQ(vel_wait_for_object(&ctx), number);
     }
+    objects[13].editable = 0; // a field that only shows
+    release_on(13);
+    EXPECT_EQ(vel_wait_for_object(&ctx), 13U);
     push_type(SDL_QUIT);
     EXPECT_EQ(vel_wait_for_object(&ctx), 0U);
 }

@@ -6,6 +6,7 @@
 #include "model/assets.h"
 #include "model/file.h"
 #include "model/form_check.h"
+#include "model/listings.h"
 
 namespace velumo {
 namespace {
@@ -124,7 +125,9 @@ const char *vel_error_text(int32_t code) noexcept {
     case VEL_ERROR_READ:
         return "a form file cannot be read to its end";
     case VEL_ERROR_MEMORY:
-        return "the form does not fit into memory";
+        return "the memory does not suffice";
+    case VEL_ERROR_FOLDER:
+        return "the folder cannot be read";
     default:
         return "unknown error";
     }
@@ -140,6 +143,7 @@ void vel_close(vel_context *ctx) noexcept {
         std::free(ctx->text_bufs);
     }
     std::free(ctx->objects);
+    delete ctx->listings;
     TTF_Quit();
     SDL_Quit();
 }

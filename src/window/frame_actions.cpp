@@ -1,5 +1,6 @@
 // Moving, resizing and scrolling the active window, and how its dependents follow.
 #include "input/events.h"
+#include "menu/folder_listing.h"
 #include "model/axis.h"
 #include "window/window.h"
 
@@ -134,6 +135,15 @@ void scroll_window(vel_context &ctx, const Scroll &scroll) {
     vel_draw_and_screenup_selected_window(&ctx);
 }
 
+// Lists of folders have more names than rows, so in a window that shows one the names move instead.
+void scroll_names_or_window(vel_context &ctx, Towards names, const Scroll &window) {
+    if (scroll_listings(ctx, ctx.active_window, names)) {
+        vel_draw_and_screenup_selected_window(&ctx);
+    } else {
+        scroll_window(ctx, window);
+    }
+}
+
 } // namespace
 } // namespace velumo
 
@@ -164,10 +174,10 @@ void vel_scroll_win_left(vel_context *ctx) noexcept {
     scroll_window(*ctx, {horizontal, Direction::back, Direction::on});
 }
 void vel_scroll_win_down(vel_context *ctx) noexcept {
-    scroll_window(*ctx, {vertical, Direction::on, Direction::on});
+    scroll_names_or_window(*ctx, Towards::start, {vertical, Direction::on, Direction::on});
 }
 void vel_scroll_win_up(vel_context *ctx) noexcept {
-    scroll_window(*ctx, {vertical, Direction::back, Direction::back});
+    scroll_names_or_window(*ctx, Towards::end, {vertical, Direction::back, Direction::back});
 }
 
 void vel_update_x_dependent_obj(vel_context *ctx, uint32_t object, uint32_t direction,

@@ -59,6 +59,9 @@ bool is_for_application(const vel_object &o) {
     case VEL_TYPE_PICTURE:
     case VEL_TYPE_MENU:
         return true;
+    case VEL_TYPE_ENTRY:
+    case VEL_TYPE_NUMBER:
+        return o.editable == 0;
     default:
         return o.master == 0 && o.type != VEL_TYPE_WINDOW;
     }

@@ -1,0 +1,14 @@
+// The names in a folder that a file selector offers. For the listing.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "model/listings.h"
+
+namespace velumo {
+
+// Folders first, each group in order. Nothing when the folder cannot be read to its end.
+std::optional<std::vector<ListedName>> read_folder(const char *path, const char *pattern);
+
+} // namespace velumo
