@@ -19,6 +19,7 @@
 #ifndef VELUMO_H
 #define VELUMO_H
 
+#include <stddef.h>
 #include <stdint.h>
 
 #include <SDL.h>
@@ -132,7 +133,8 @@ enum vel_result {
     VEL_ERROR_TEXT_FILE = -3, /**< The text file is needed and cannot be opened. */
     VEL_ERROR_READ = -4,      /**< A file could be opened and not be read to its end. */
     VEL_ERROR_MEMORY = -5,    /**< The memory does not suffice. */
-    VEL_ERROR_FOLDER = -6     /**< A folder cannot be read. */
+    VEL_ERROR_FOLDER = -6,    /**< A folder cannot be read. */
+    VEL_ERROR_SIZE = -7       /**< A path is longer than the room for it. */
 };
 
 /** A colour. */
@@ -1468,6 +1470,42 @@ VEL_API int32_t vel_list_directory(vel_context *ctx, uint32_t list, const char *
  * list is filled again; null when the row shows no name
  */
 VEL_API const char *vel_listed_name(const vel_context *ctx, uint32_t row) VEL_NOTHROW;
+
+/**
+ * Lets the user choose a file in a modal dialog, walking through the folders.
+ *
+ * The window is one that velform makes of a [[file_dialog]], or one of the top level whose first
+ * dependents are, in this order: an entry field that cannot be edited and shows the folder; the
+ * list, its dependents being the rows, best entry fields that cannot be edited; the entry field for
+ * the name; the OK button; the cancel button; the label that says that a folder cannot be read.
+ * That label shows only when it is so. More dependents may follow.
+ *
+ * A click on a folder walks into it, on ".." out of it; one on a file puts its name into the field.
+ * OK, or the Enter key, chooses the name in the field, of a file that need not exist; a folder's
+ * name walks into that, and a name with * or ? shows the files that match it. Cancel, the Escape
+ * key and the frame's close button give up. A folder that cannot be read is told and changes
+ * nothing. While the dialog is open, the frame buttons scroll the list, and what lies outside of
+ * the window cannot be reached; frame_mode, the windows behind and their text cursor are as before
+ * afterwards, and the screen is redrawn. The event filter and the idle hook work as in
+ * vel_wait_for_object(); the close of the program (SDL_QUIT) stays in the queue for the
+ * application's own loop.
+ *
+ * \param ctx      context
+ * \param window   number of the dialog's window
+ * \param path_out on entry the suggestion in the bytes of the file system: a folder, a file whose
+ *                 name goes into the field, or a pattern for vel_list_directory() behind a folder,
+ *                 which has * or ? in it, as "mail/a.txt" or "mail/a*"; relative to the
+ *                 working folder, which "" stands for. When the folder cannot be read, that is told
+ *                 and the working folder shown. With result 1 the absolute path of the file, else
+ *                 unchanged
+ * \param size     bytes of path_out, the NUL included
+ * \returns 1 when a file was chosen; 0 when the user gave up or closed the program, or the event
+ *          filter ended the loop; VEL_ERROR_SIZE when the path does not fit, VEL_ERROR_ARGUMENT for
+ *          null pointers, a suggestion without a NUL and a window that is no such dialog,
+ *          VEL_ERROR_MEMORY
+ */
+VEL_API int32_t vel_choose_file(vel_context *ctx, uint32_t window, char *path_out,
+                                size_t size) VEL_NOTHROW;
 /**@}*/
 
 #ifdef __cplusplus

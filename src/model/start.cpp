@@ -128,6 +128,8 @@ const char *vel_error_text(int32_t code) noexcept {
         return "the memory does not suffice";
     case VEL_ERROR_FOLDER:
         return "the folder cannot be read";
+    case VEL_ERROR_SIZE:
+        return "the path is longer than the room for it";
     default:
         return "unknown error";
     }

@@ -1,4 +1,6 @@
 // The loop that runs a form until the application has something to do.
+#include "window/waiting.h"
+
 #include <optional>
 
 #include "input/events.h"
@@ -44,8 +46,11 @@ void move_cursor(vel_context &ctx, bool backwards) {
     vel_draw_and_screenup_selected_window(&ctx);
 }
 
-bool is_tab(const SDL_Event &event) {
-    return event.type == SDL_KEYDOWN && event.key.keysym.sym == SDLK_TAB;
+bool is_press_of(const SDL_Event &event, SDLKey key) {
+    return event.type == SDL_KEYDOWN && event.key.keysym.sym == key;
+}
+bool is_enter(const SDL_Event &event) {
+    return is_press_of(event, SDLK_RETURN) || is_press_of(event, SDLK_KP_ENTER);
 }
 
 // --- Objects
@@ -67,18 +72,15 @@ bool is_for_application(const vel_object &o) {
     }
 }
 
-u32 object_under(const vel_context &ctx) {
-    return vel_test_all_objects(&ctx, ctx.event.button.x, ctx.event.button.y);
-}
-
 // --- The loop
 
 class FormLoop {
 public:
-    explicit FormLoop(vel_context &ctx) : ctx_(ctx) {}
+    FormLoop(vel_context &ctx, const Dialog &dialog) : ctx_(ctx), dialog_(dialog) {}
 
     u32 run() {
         for (;;) {
+            if (is_closed()) return VEL_BUTTON_CLOSE;
             const Polled polled = poll_event(ctx_);
             if (polled == Polled::end_of_loop) return 0;
             if (polled == Polled::event) {
@@ -93,7 +95,11 @@ private:
     // What the loop returns, if the event ends it.
     std::optional<u32> handle_event() {
         if (ctx_.event.type == SDL_QUIT) return 0;
-        if (is_tab(ctx_.event)) {
+        if (const u32 answer = answer_of_key()) {
+            consume_event(ctx_);
+            return answer;
+        }
+        if (is_press_of(ctx_.event, SDLK_TAB)) {
             move_cursor(ctx_, (ctx_.event.key.keysym.mod & KMOD_SHIFT) != 0);
             consume_event(ctx_);
         } else if (is_left_button(ctx_.event, Button::pressed)) {
@@ -106,9 +112,24 @@ private:
         return {};
     }
 
+    bool is_dialog() const { return dialog_.window != 0; }
+    bool is_closed() const { return is_dialog() && object_at(ctx_, dialog_.window).hidden != 0; }
+
+    // The object that a key stands for in a dialog; 0 for none.
+    u32 answer_of_key() const {
+        if (is_enter(ctx_.event)) return dialog_.on_enter;
+        return is_press_of(ctx_.event, SDLK_ESCAPE) ? dialog_.on_escape : 0;
+    }
+
+    u32 object_under_pointer() const {
+        const u32 number = vel_test_all_objects(&ctx_, ctx_.event.button.x, ctx_.event.button.y);
+        if (!is_dialog() || is_frame_button(number) || number == dialog_.window) return number;
+        return vel_search_master(&ctx_, number) == dialog_.window ? number : 0;
+    }
+
     std::optional<u32> press() {
         is_placing_ = false;
-        const u32 number = object_under(ctx_);
+        const u32 number = object_under_pointer();
         if (is_frame_button(number)) {
             hold(number);
         } else if (menu_of_title(ctx_, number) != 0) {
@@ -146,7 +167,7 @@ private:
 
     std::optional<u32> release() {
         held_ = 0;
-        const u32 number = is_placing_ ? 0 : object_under(ctx_);
+        const u32 number = is_placing_ ? 0 : object_under_pointer();
         is_placing_ = false;
         consume_event(ctx_);
         if (number == 0) return {};
@@ -170,14 +191,20 @@ private:
     }
 
     vel_context &ctx_;
-    u32 held_ = 0; // frame button under the pressed mouse button
+    const Dialog dialog_; // without a window for the whole form
+    u32 held_ = 0;        // frame button under the pressed mouse button
     milliseconds next_press_{0};
     bool is_placing_ = false; // the release of the press that placed a window is still to come
 };
 
 } // namespace
+
+u32 wait_in_dialog(vel_context &ctx, const Dialog &dialog) { return FormLoop(ctx, dialog).run(); }
+
 } // namespace velumo
 
 using namespace velumo;
 
-uint32_t vel_wait_for_object(vel_context *ctx) noexcept { return FormLoop(*ctx).run(); }
+uint32_t vel_wait_for_object(vel_context *ctx) noexcept {
+    return FormLoop(*ctx, {.window = 0, .on_enter = 0, .on_escape = 0}).run();
+}

@@ -35,6 +35,8 @@ std::string label(const std::string &keys) {
     return "[[object]]\ntype = \"label\"\nrect = [0, 0, 9, 9]\n" + keys;
 }
 
+std::string dialog(const std::string &keys) { return "[[file_dialog]]\nid = \"d\"\n" + keys; }
+
 std::string repeated(const std::string &part, int times) {
     std::string result;
     for (int k = 0; k < times; ++k) result += part;
@@ -98,6 +100,18 @@ TEST(Faults, point_at_the_place_and_name_what_is_wrong) {
          "f:4:8: error: ", "did you mean 'm'?"},
         {label("id = \"a\"\nmenu = \"a\""), "f:5:8: error: ", "'a' is no menu but a label"},
         {"styles = 1", "f:1:10: error: ", "a table"},
+        {"[file_dialog]", "f:1:1: error: ", "[[file_dialog]]"},
+        {"[[file_dialog]]", "f:1:1: error: ", "an `id`"},
+        {dialog("titel = \"x\""), "f:3:1: error: ", "did you mean 'title'?"},
+        {dialog("rows = 0"), "f:3:8: error: ", "`rows` must be a whole number from 1 to 100"},
+        {dialog("rows = 101"), "f:3:8: error: ", "not 101"},
+        {dialog("ok = \"" + std::string(68, 'x') + "\""), "f:3:6: error: ", "`ok` has 68"},
+        {dialog("message = 1"), "f:3:11: error: ", "`message` must be a string"},
+        {dialog("width = 299"), "f:3:9: error: ", "at least 300"},
+        {dialog("rect = [20, 30, 300, 197]"), "f:3:22: error: ", "at least 198"},
+        {dialog("height = 305\nrows = 10"), "f:3:10: error: ", "at least 306"},
+        {dialog("row_style = \"no\""), "f:3:13: error: ", "'no'"},
+        {dialog("[[object]]\nid = \"d_ok\"\ntype = \"empty\""), "f:4:6: error: ", "see line 2"},
         {"[styles.a]\nid = \"x\"", "f:2:1: error: ", "'id'"},
         {"[styles.a]\nstyle = \"b\"\n[styles.b]\nstyle = \"a\"",
          "f:4:9: error: ", "includes itself"},
@@ -118,6 +132,7 @@ TEST(Warnings, tell_what_will_not_show_and_let_the_form_pass) {
     const std::string window = "[[window]]\nrect = [20, 30, 9, 9]\n";
     const Fault faults[] = {
         {label("picture = \"p\""), "f:4:11: warning: ", "nothing for a label"},
+        {dialog("x = 10"), "f:3:5: warning: ", "`x` 11"},
         {window + "menu = \"m\"", "f:3:8: warning: ", "nothing for a window"},
         {label("border = \"frame\"\nlabel = \"x\""), "f:4:10: warning: ", "shadow"},
         {"[[object]]\ntype = \"text\"\nrect = [0, 0, 9, 9]", "f:2:8: warning: ", "top level"},

@@ -148,6 +148,62 @@ TEST(Record, the_table_agrees_with_the_public_header) {
     EXPECT_EQ(sizeof(vel_text_rec), velform::text_record_size);
 }
 
+TEST(FileDialog, becomes_a_window_with_its_parts_in_order) {
+    const Compiled c(
+        "[[window]]\nrect = [11, 25, 1, 1]\n"
+        "[[file_dialog]]\nid = \"open\"\ntitle = \"Öffnen\"\nrect = [70, 80, 400, 306]\n"
+        "rows = 5\nok = \"Ja\"\ncancel = \"Nein\"\nmessage = \"Geht nicht\"\n"
+        "[[object]]\nid = \"last\"\ntype = \"empty\"");
+    EXPECT_EQ(c.messages, "");
+    EXPECT_EQ(WORD(c, 9, type), VEL_TYPE_WINDOW);
+    EXPECT_EQ(std::tuple(WORD(c, 9, x), WORD(c, 9, y), WORD(c, 9, width), WORD(c, 9, height)),
+              std::tuple(70U, 80U, 400U, 306U));
+    EXPECT_EQ(c.text(1), "\xD6"
+                         "ffnen");
+    // Folder, list with its rows, name, OK, cancel, message.
+    const std::uint32_t parts[] = {10, 11, 17, 18, 19, 20};
+    const std::uint32_t types[] = {5, 2, 5, 2, 2, 5}, editable[] = {0, 0, 1, 0, 0, 0};
+    for (std::size_t k = 0; k < std::size(parts); ++k) {
+        SCOPED_TRACE(k);
+        EXPECT_EQ(c.word(9, offsetof(vel_object_file_rec, dep_objs) + 4 * k), parts[k]);
+        EXPECT_EQ(WORD(c, parts[k], type), types[k]);
+        EXPECT_EQ(WORD(c, parts[k], editable), editable[k]);
+        EXPECT_GT(WORD(c, parts[k], width), 0U);
+        EXPECT_GE(WORD(c, parts[k], y), 80U + 38);
+        EXPECT_LE(WORD(c, parts[k], y) + WORD(c, parts[k], height), 80U + 306);
+    }
+    EXPECT_EQ(STRING(c, 18, label), "Ja");
+    EXPECT_EQ(STRING(c, 19, label), "Nein");
+    EXPECT_EQ(STRING(c, 20, label), "Geht nicht");
+    // 306 - 186 pixels are left for the rows.
+    for (std::uint32_t row = 12; row <= 16; ++row) {
+        EXPECT_EQ(WORD(c, row, master), 11U);
+        EXPECT_EQ(WORD(c, row, height), 24U);
+        EXPECT_EQ(WORD(c, row, y), WORD(c, 11, y) + 4 + 24 * (row - 12));
+    }
+    for (const char *name :
+         {"F_OPEN = 9,", "F_OPEN_FOLDER = 10,", "F_OPEN_LIST = 11,", "F_OPEN_NAME = 17,",
+          "F_OPEN_OK = 18,", "F_OPEN_CANCEL = 19,", "F_OPEN_MESSAGE = 20,", "F_LAST = 22,"}) {
+        EXPECT_NE(c.header.find(name), std::string::npos) << name;
+    }
+}
+
+TEST(FileDialog, has_defaults_and_takes_styles) {
+    const Compiled plain("[[file_dialog]]\nid = \"a\"");
+    EXPECT_EQ(plain.messages, "");
+    EXPECT_EQ(WORD(plain, 8, height), 186U + 12 * 20);
+    EXPECT_EQ(plain.object_count(), 8U + 12 + 7);
+    EXPECT_EQ(STRING(plain, 24, label), "OK");
+    const Compiled styled(
+        "[styles.s]\nfill = \"#010203\"\nmargin = 9\n[[file_dialog]]\nid = \"a\"\n"
+        "rows = 1\nstyle = \"s\"\nrow_style = \"s\"\nfield_style = [\"s\"]\n"
+        "button_style = \"s\"");
+    EXPECT_EQ(styled.messages, "");
+    for (std::uint32_t object = 8; object <= 16; ++object) {
+        EXPECT_EQ(WORD(styled, object, fill_b), 3U) << object;
+    }
+}
+
 TEST(Numbers, are_given_from_8_on_depth_first_in_the_order_of_the_source) {
     const Compiled c(R"(
 [[window]]

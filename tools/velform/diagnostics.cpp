@@ -20,6 +20,8 @@ bool Diagnostics::has_errors() const {
 void Diagnostics::print(std::ostream &out, const std::string &file) const {
     std::vector<Entry> sorted = entries_;
     std::ranges::stable_sort(sorted, {}, &Entry::where);
+    // One word of a source may become several objects.
+    sorted.erase(std::unique(sorted.begin(), sorted.end()), sorted.end());
     for (const auto &[where, severity, message] : sorted) {
         out << file << ':' << where.line << ':' << where.column << ": "
             << (severity == Severity::error ? "error" : "warning") << ": " << message << '\n';

@@ -21,7 +21,7 @@ public:
     void warning(Position where, std::string message);
     bool has_errors() const;
 
-    // Prints one line each, in the order of the source: "file:line:column: error: message".
+    // Prints one line each, once, in the order of the source: "file:line:column: error: message".
     void print(std::ostream &out, const std::string &file) const;
 
 private:
@@ -30,6 +30,7 @@ private:
         Position where;
         Severity severity;
         std::string message;
+        bool operator==(const Entry &) const = default;
     };
     std::vector<Entry> entries_;
 };

@@ -5,6 +5,7 @@
 #include <fmt/format.h>
 
 #include "field_value.h"
+#include "file_dialog.h"
 #include "identifier.h"
 #include "suggestion.h"
 #include "toml_text.h"
@@ -18,6 +19,8 @@ struct ListKey {
     std::string_view key;
     std::optional<std::uint32_t> type; // what its objects are unless they say it
 };
+
+constexpr std::string_view file_dialog_key = "file_dialog";
 
 constexpr ListKey list_keys[] = {
     {"object", {}}, {"objects", {}}, {"window", VEL_TYPE_WINDOW}, {"windows", VEL_TYPE_WINDOW}};
@@ -42,6 +45,16 @@ Keys keys_of_blocks() {
     return keys;
 }
 
+Keys keys_of_file_dialogs() {
+    Keys keys{"id", "style", "rect", "rows"};
+    for (const Field field : find_shorthand("rect")->fields) {
+        keys.push_back(record_field(field).key);
+    }
+    for (const FileDialogText &text : file_dialog_texts()) keys.push_back(text.key);
+    for (const FileDialogStyle &style : file_dialog_styles()) keys.push_back(style.key);
+    return keys;
+}
+
 Keys operator+(Keys a, const Keys &b) {
     a.insert(a.end(), b.begin(), b.end());
     return a;
@@ -53,7 +66,8 @@ public:
 
     FormSource read(const toml::table &root) {
         FormSource source;
-        refuse_unknown_keys(root, Keys{"prefix", "styles", "frame"} + keys_of_lists(), "a form");
+        refuse_unknown_keys(
+            root, Keys{"prefix", "styles", "frame", file_dialog_key} + keys_of_lists(), "a form");
         if (const toml::node *prefix = root.get("prefix")) {
             source.prefix = read_identifier(*prefix, "prefix");
             source.prefix_where = position_of(*prefix);
@@ -61,6 +75,12 @@ public:
         if (const toml::table *styles = table_in(root, "styles")) read_styles(*styles, source);
         if (const toml::table *frame = table_in(root, "frame")) read_frame(*frame, source);
         source.objects = read_lists(root);
+        if (const toml::node *dialogs = root.get(file_dialog_key)) {
+            for_each_table(file_dialog_key, *dialogs, [&](const toml::table &table) {
+                read_file_dialog(table, source.objects);
+            });
+            std::ranges::stable_sort(source.objects, {}, &ObjectSource::where);
+        }
         return source;
     }
 
@@ -156,21 +176,23 @@ private:
             const toml::node *node = table.get(shorthand.key);
             if (node != nullptr) read_shorthand(shorthand, *node, block.own, diagnostics_);
         }
-        if (const toml::node *style = table.get("style")) read_style_uses(*style, block);
+        if (const toml::node *style = table.get("style")) {
+            read_style_uses("style", *style, block.styles);
+        }
     }
 
-    void read_style_uses(const toml::node &node, Block &block) {
+    void read_style_uses(std::string_view key, const toml::node &node,
+                         std::vector<StyleUse> &styles) {
+        const auto add = [&](const toml::node &entry) {
+            std::string name = read_string(entry, key);
+            if (!name.empty()) styles.push_back({std::move(name), position_of(entry)});
+        };
         const toml::array *list = node.as_array();
         if (list == nullptr) {
-            add_style_use(node, block);
+            add(node);
             return;
         }
-        for (const toml::node &entry : *list) add_style_use(entry, block);
-    }
-
-    void add_style_use(const toml::node &node, Block &block) {
-        std::string name = read_string(node, "style");
-        if (!name.empty()) block.styles.push_back({std::move(name), position_of(node)});
+        for (const toml::node &entry : *list) add(entry);
     }
 
     // The objects of all lists in a table, in the order of the source.
@@ -186,21 +208,64 @@ private:
 
     void read_list(const ListKey &list, const toml::node &node,
                    std::vector<ObjectSource> &objects) {
+        for_each_table(list.key, node, [&](const toml::table &table) {
+            objects.push_back(read_object(table));
+            objects.back().default_type = list.type;
+        });
+    }
+
+    template <class Read>
+    void for_each_table(std::string_view key, const toml::node &node, Read read) {
         const toml::array *entries = node.as_array();
         if (entries == nullptr) {
-            const std::string hint =
-                node.is_table() ? fmt::format("; write [[{}]] instead of [{}]", list.key, list.key)
-                                : std::string{};
+            const std::string hint = node.is_table()
+                                         ? fmt::format("; write [[{}]] instead of [{}]", key, key)
+                                         : std::string{};
             diagnostics_.error(position_of(node),
-                               fmt::format("`{}` must be a list of tables{}", list.key, hint));
+                               fmt::format("`{}` must be a list of tables{}", key, hint));
             return;
         }
         for (const toml::node &entry : *entries) {
-            const toml::table *table = as_table(entry, fmt::format("an entry of `{}`", list.key));
-            if (table == nullptr) continue;
-            objects.push_back(read_object(*table));
-            objects.back().default_type = list.type;
+            const toml::table *table = as_table(entry, fmt::format("an entry of `{}`", key));
+            if (table != nullptr) read(*table);
         }
+    }
+
+    // A value under another key than its field's.
+    std::optional<Setting> read_as(RecordField field, std::string_view key,
+                                   const toml::table &table) {
+        const toml::node *node = table.get(key);
+        if (node == nullptr) return {};
+        field.key = key;
+        return read_value(field, *node, diagnostics_);
+    }
+
+    void read_file_dialog(const toml::table &table, std::vector<ObjectSource> &objects) {
+        refuse_unknown_keys(table, keys_of_file_dialogs(), "a file dialog");
+        FileDialog dialog;
+        dialog.where = position_of(table);
+        Block place;
+        read_block(table, place);
+        dialog.place = place.own;
+        dialog.style = place.styles;
+        RecordField rows = record_field(Field::height);
+        rows.range = {1, VEL_MAX_DEPENDENTS};
+        dialog.rows = read_as(rows, "rows", table);
+        for (const FileDialogText &text : file_dialog_texts()) {
+            dialog.*text.text = read_as(record_field(Field::label), text.key, table);
+        }
+        for (const FileDialogStyle &style : file_dialog_styles()) {
+            const toml::node *node = table.get(style.key);
+            if (node != nullptr) read_style_uses(style.key, *node, dialog.*style.styles);
+        }
+        if (const toml::node *id = table.get("id")) {
+            dialog.id = read_identifier(*id, "id");
+            dialog.id_where = position_of(*id);
+        } else {
+            diagnostics_.error(dialog.where, "a file dialog needs an `id`, which the program calls "
+                                             "it by");
+        }
+        objects.push_back(file_dialog_window(dialog, diagnostics_));
     }
 
     ObjectSource read_object(const toml::table &table) {

@@ -1,0 +1,257 @@
+// The modal dialog in which the user walks through folders and names a file.
+#include <cstring>
+#include <new>
+#include <optional>
+#include <string>
+#include <utility>
+
+#include "menu/folder_listing.h"
+#include "menu/paths.h"
+#include "text/encoding.h"
+#include "text/measure.h"
+#include "window/waiting.h"
+#include "window/window.h"
+
+namespace velumo {
+namespace {
+
+// What a dialog is made of: the first dependents of its window.
+enum Part : u32 { folder_part, list_part, name_part, ok_part, cancel_part, message_part };
+constexpr std::size_t part_count = message_part + 1;
+
+constexpr std::size_t longest_label = VEL_DIR_NAME_SIZE - 1;
+constexpr std::string_view cut_mark = "...";
+
+bool is_dialog(const vel_context &ctx, u32 window) {
+    const vel_object &o = object_at(ctx, window);
+    const bool can_open = o.hidden == 0 || ctx.window_count < VEL_MAX_WINDOWS;
+    return window != 0 && is_top_level_window(o) && can_open &&
+           dependents_of(o).size() >= part_count;
+}
+
+// Opens the window in front, its frame buttons scrolling, and leaves all behind it as it was.
+class OpenWindow {
+public:
+    OpenWindow(vel_context &ctx, u32 window)
+        : ctx_(ctx), window_(window), cursor_(ctx.cursor_object), mode_(ctx.frame_mode),
+          colour_(ctx.mark_colour) {
+        ctx.window_to_activate = window;
+        vel_activate_window(&ctx);
+        ctx.frame_mode = VEL_MODE_SCROLL;
+        ctx.mark_colour = ctx.mark_colour_b;
+    }
+    ~OpenWindow() {
+        vel_close_win(&ctx_, window_);
+        ctx_.frame_mode = mode_;
+        ctx_.mark_colour = colour_;
+        const u32 top = vel_search_master(&ctx_, cursor_);
+        if (cursor_ != 0 && ctx_.active_window == (top != 0 ? top : cursor_)) {
+            ctx_.cursor_object = cursor_;
+        }
+        redraw(ctx_);
+    }
+    OpenWindow(const OpenWindow &) = delete;
+    OpenWindow &operator=(const OpenWindow &) = delete;
+
+private:
+    vel_context &ctx_;
+    const u32 window_, cursor_, mode_;
+    const vel_colour colour_;
+};
+
+// The text in the message part, which shows by having a width.
+class Message {
+public:
+    explicit Message(vel_object &object) : object_(object), width_(object.width) { hide(); }
+    ~Message() { show(); }
+    Message(const Message &) = delete;
+    Message &operator=(const Message &) = delete;
+
+    void show() { set(width_); }
+    void hide() { set(0); }
+
+private:
+    void set(u32 width) {
+        object_.width = width;
+        object_.hidden = width == 0 ? 1 : 0;
+    }
+
+    vel_object &object_;
+    const u32 width_;
+};
+
+class FileDialog {
+public:
+    FileDialog(vel_context &ctx, u32 window)
+        : ctx_(ctx), window_(window), message_(part(message_part)) {}
+
+    // The path of the chosen file; nothing when the user gives up.
+    std::optional<std::string> run(const std::string &suggestion) {
+        const OpenWindow open(ctx_, window_);
+        start(suggestion);
+        redraw(ctx_);
+        const Dialog dialog{window_, number_of(ok_part), number_of(cancel_part)};
+        for (;;) {
+            const u32 picked = wait_in_dialog(ctx_, dialog);
+            if (is_end(picked)) return {};
+            if (auto path = act_on(picked)) return path;
+            vel_draw_and_screenup_selected_window(&ctx_);
+        }
+    }
+
+private:
+    u32 number_of(Part part) const { return object_at(ctx_, window_).dep_objs[part]; }
+    vel_object &part(Part part) { return object_at(ctx_, number_of(part)); }
+
+    bool is_end(u32 picked) const {
+        // The program's own loop has to see that the user closes the program.
+        if (picked == 0 && ctx_.event.type == SDL_QUIT) SDL_PushEvent(&ctx_.event);
+        return picked == 0 || picked == VEL_BUTTON_CLOSE || picked == number_of(cancel_part);
+    }
+
+    // --- What the user does
+
+    std::optional<std::string> act_on(u32 picked) {
+        if (picked == number_of(ok_part)) return accept_name();
+        if (object_at(ctx_, picked).master != number_of(list_part)) return {};
+        const ListedName *name = name_of_row(ctx_, picked);
+        if (name == nullptr) return {};
+        if (!name->is_folder)
+            set_name(name->bytes);
+        else if (name->bytes == "..")
+            show_folder(split(folder_).folder, pattern_);
+        else
+            show_folder(joined(folder_, name->bytes), pattern_);
+        return {};
+    }
+
+    std::optional<std::string> accept_name() {
+        const std::string name = typed_name();
+        if (name.empty()) return {};
+        return follow(joined(folder_, name));
+    }
+
+    // The bytes of the name in the field: those of the name that was picked or that the list shows
+    // like this, so that a name which a label cannot show as a whole can be chosen.
+    std::string typed_name() {
+        const vel_object &field = part(name_part);
+        const std::string label(field.label, strnlen(field.label, VEL_STRING_SIZE));
+        if (label == picked_label_) return picked_;
+        const Listing *listing = listing_of(ctx_, number_of(list_part));
+        if (listing == nullptr) return utf8_of(label);
+        for (const ListedName &name : listing->names) {
+            if (name.label == label || (name.is_folder && name.label == label + '/')) {
+                return name.bytes;
+            }
+        }
+        return utf8_of(label);
+    }
+
+    // Goes where a path leads: into a folder, or to the files that match its last part. Returns the
+    // path when it is one of a file, which need not exist.
+    std::optional<std::string> follow(const std::string &path) {
+        const auto [given, name] = split(path);
+        // Links that the user walked through stay in the path.
+        const std::string folder = given == folder_ ? given : canonical(given);
+        const bool is_pattern = has_wildcard(name) && !exists(path);
+        if (is_folder(path) || is_pattern) {
+            const bool went =
+                is_pattern ? show_folder(folder, name) : show_folder(canonical(path), pattern_);
+            if (went) set_name("");
+            return {};
+        }
+        if (is_folder(folder)) return joined(folder, name);
+        message_.show();
+        return {};
+    }
+
+    // --- What the dialog shows
+
+    void start(const std::string &suggestion) {
+        set_name("");
+        const std::string here = working_folder();
+        if (const auto file = follow(joined(here, suggestion))) {
+            const auto [folder, name] = split(*file);
+            show_folder(folder, pattern_);
+            set_name(name);
+        }
+        if (!folder_.empty()) return;
+        // The user is told what could not be read, and goes on elsewhere.
+        if (!show_folder(here, pattern_)) show_folder("/", pattern_);
+        message_.show();
+    }
+
+    // Shows another folder from its start. Where it cannot be read, all but the message stays.
+    bool show_folder(const std::string &folder, const std::string &pattern) {
+        vel_object &list = part(list_part);
+        const u32 scroll = std::exchange(list.scroll_y, 0);
+        if (vel_list_directory(&ctx_, number_of(list_part), folder.c_str(), pattern.c_str()) < 0) {
+            list.scroll_y = scroll;
+            message_.show();
+            return false;
+        }
+        message_.hide();
+        folder_ = folder;
+        pattern_ = pattern;
+        show_path();
+        return true;
+    }
+
+    // The end of a path tells more than its beginning.
+    void show_path() {
+        vel_object &field = part(folder_part);
+        TTF_Font *font = font_of(ctx_, field);
+        const u32 room = field.width - field.margin_left - field.margin_right;
+        const std::string path = latin1_of(folder_);
+        std::string label = path;
+        for (std::size_t cut = 1; cut < path.size() && (label.size() > longest_label ||
+                                                        text_width(font, label.c_str()) > room);
+             ++cut) {
+            label = cut_mark;
+            label += path.substr(cut);
+        }
+        set_label(field, label);
+    }
+
+    void set_name(const std::string &name) {
+        vel_object &field = part(name_part);
+        set_label(field, latin1_of(name));
+        picked_ = name;
+        picked_label_ = field.label;
+        field.scroll_x = 0;
+        vel_reset_textobject(&ctx_, 0, number_of(name_part));
+    }
+
+    static void set_label(vel_object &field, std::string_view text) {
+        text = text.substr(0, longest_label);
+        field.label[text.copy(field.label, longest_label)] = '\0';
+    }
+
+    vel_context &ctx_;
+    const u32 window_;
+    Message message_;
+    std::string folder_, pattern_;      // that the list shows
+    std::string picked_, picked_label_; // the name put into the field, and how that shows it
+};
+
+i32 choose_file(vel_context &ctx, u32 window, char *path_out, std::size_t size) try {
+    const std::string suggestion(path_out, strnlen(path_out, size));
+    if (suggestion.size() == size || !is_dialog(ctx, window)) return VEL_ERROR_ARGUMENT;
+    const auto path = FileDialog(ctx, window).run(suggestion);
+    if (!path) return 0;
+    if (path->size() >= size) return VEL_ERROR_SIZE;
+    std::memcpy(path_out, path->c_str(), path->size() + 1);
+    return 1;
+} catch (const std::bad_alloc &) {
+    return VEL_ERROR_MEMORY;
+}
+
+} // namespace
+} // namespace velumo
+
+using namespace velumo;
+
+int32_t vel_choose_file(vel_context *ctx, uint32_t window, char *path_out, size_t size) noexcept {
+    if (ctx == nullptr || path_out == nullptr) return VEL_ERROR_ARGUMENT;
+    return choose_file(*ctx, window, path_out, size);
+}
