@@ -331,6 +331,20 @@ TEST_F(Editor, mapping_counts_paragraphs_and_not_wrapped_lines) {
     EXPECT_EQ(texts[1].cursor_index, 3U);
 }
 
+// A count of lines that no formatting gives must not lead the search through the lines of other
+// texts, let alone on for as long as numbers last.
+TEST_F(Editor, mapping_ends_behind_line_slot_40) {
+    vel_object &o = edit_text("a", 1);
+    o.number_of_lines = 0xFFFF;
+    for (const auto &[at_line, index] : {std::pair{40U, 1U}, {41U, 1U}, {42U, 7U}}) {
+        texts[1].cursor_index = 7;
+        o.cursor_line = at_line;
+        o.cursor_column = 0;
+        vel_get_position_in_stream(&ctx);
+        EXPECT_EQ(texts[1].cursor_index, index) << at_line;
+    }
+}
+
 // Any key at any cursor, also one that a file or a program set wrong, stays inside the memory.
 TEST_F(Editor, no_key_leaves_its_text) {
     const uint32_t codes[] = {'x', ' ', 8, 127, 271, 273, 274, 275, 276, 277, 200};

@@ -4,11 +4,12 @@
 namespace velumo {
 namespace {
 
-// Steps through the formatted lines of a text and its characters side by side.
+// Steps through the formatted lines of a text and its characters side by side. Formatting reaches
+// line slot 40 at most; an index beyond it would only lead through the lines of other texts.
 class LineWalk {
 public:
     LineWalk(const vel_context &ctx, const vel_object &object, u32 text)
-        : ctx_(ctx), last_(object.number_of_lines), text_(text),
+        : ctx_(ctx), last_(std::min(object.number_of_lines, last_line + 1)), text_(text),
           characters_(ctx.text_recs[text].text), at_(line_of(ctx, text, 0)) {}
 
     bool is_behind_last_line() const { return line > last_; }
