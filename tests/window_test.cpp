@@ -162,6 +162,17 @@ TEST_F(Windows, frame_buttons_stand_in_a_row_that_ends_with_the_window) {
     EXPECT_EQ(buttons(), "");
 }
 
+TEST_F(Windows, frame_buttons_need_no_count_of_objects) {
+    ctx.object_count = 0;
+    activate(8); // x 190, y 60, width 120: the row ends at column 310
+    EXPECT_EQ(buttons(), "1:198,36 2:214,36 3:230,36 4:246,36 5:262,36 6:278,36 7:294,36 ");
+    vel_draw_all_objects(&ctx, 0, 0);
+    EXPECT_EQ(at(300, 40), test::red);
+    vel_close_win(&ctx, 0);
+    EXPECT_EQ(buttons(), "");
+    EXPECT_EQ(at(300, 40), test::white);
+}
+
 TEST_F(Windows, the_cursor_goes_to_the_first_object_that_takes_it) {
     make(18, VEL_TYPE_ENTRY, 200, 70, 20, 20, 13).editable = 1;
     make(19, VEL_TYPE_ENTRY, 230, 70, 20, 0, 8).editable = 1; // no height

@@ -39,10 +39,13 @@ inline bool has_object(const vel_context &ctx, u32 number) {
            (ctx.object_records != 0 ? number < ctx.object_records : number <= ctx.object_count);
 }
 
-// Frame buttons that the table has: 7, or fewer in a table that is shorter.
+// Frame buttons that the table has: 7, or fewer in a table that is shorter. A table that a program
+// has filled and not counted has them all.
 inline u32 frame_button_count(const vel_context &ctx) {
-    return std::min<u32>(ctx.object_records != 0 ? ctx.object_records - 1 : ctx.object_count,
-                         VEL_FRAME_BUTTONS);
+    if (ctx.objects == nullptr) return 0;
+    const u32 known = ctx.object_records != 0 ? ctx.object_records - 1 : ctx.object_count;
+    const bool is_counted = ctx.object_records != 0 || ctx.object_count != 0;
+    return is_counted ? std::min<u32>(known, VEL_FRAME_BUTTONS) : VEL_FRAME_BUTTONS;
 }
 
 inline bool has_area(const vel_object &object) { return object.width != 0 && object.height != 0; }
