@@ -40,6 +40,17 @@ TEST_F(Flow, a_short_stream_stays_in_the_first_member) {
     EXPECT_EQ(line(2, 0), "");
 }
 
+TEST_F(Flow, a_chain_needs_line_buffers_and_no_texts) {
+    ctx.text_recs = nullptr;
+    EXPECT_EQ(flow(feeds(41)), 1U);
+    EXPECT_EQ(line(1, 39), "a");
+    EXPECT_EQ(line(2, 0), "a");
+    vel_evoke_object(&ctx, 9);
+    EXPECT_NE(pixels(test::blue), "");
+    ctx.text_bufs = nullptr;
+    EXPECT_EQ(flow("text"), 0U);
+}
+
 TEST_F(Flow, the_41st_line_starts_the_next_member) {
     EXPECT_EQ(flow(feeds(40) + "next"), 0U);
     EXPECT_EQ(line(1, 39), "a");

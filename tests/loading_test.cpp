@@ -54,6 +54,16 @@ TEST_F(Loading, resetting_counts_the_text_and_brings_the_cursor_to_its_start) {
     }
 }
 
+TEST_F(Loading, resetting_needs_texts_and_no_line_buffers) {
+    vel_object &o = make_text(8, "abc", 200);
+    texts[1].cursor_index = 9;
+    ctx.text_bufs = nullptr;
+    vel_reset_textobject(&ctx, 1, 8);
+    EXPECT_EQ(std::pair(o.text_length, texts[1].cursor_index), std::pair(3U, 0U));
+    EXPECT_EQ(vel_load_window_text(&ctx, 8, "new"), 0U); // the text is there, lines are not
+    EXPECT_STREQ(texts[1].text, "new");
+}
+
 TEST_F(Loading, labels_are_aligned_right) {
     const struct {
         const char *label;

@@ -17,7 +17,8 @@ bool is_one_line(const vel_object &o) {
 }
 
 bool has_lines_to_edit(const vel_context &ctx, const vel_object &o) {
-    return (o.type == VEL_TYPE_TEXT || o.type == VEL_TYPE_WINDOW) && text_of(ctx, o) != 0;
+    return (o.type == VEL_TYPE_TEXT || o.type == VEL_TYPE_WINDOW) && text_of(ctx, o) != 0 &&
+           buffer_of(ctx, o) != 0;
 }
 
 // The characters that are edited: a label or a text. Nothing is written outside of them, and their

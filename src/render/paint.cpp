@@ -64,13 +64,12 @@ void paint_dependent_body(vel_context &ctx, u32 number, const vel_object &o) {
 bool has_text(const vel_context &ctx, const vel_object &o) {
     if (has_caption(o)) return o.label[0] != '\0';
     const u32 text = text_of(ctx, o);
-    if (text == 0) return false;
     switch (o.type) {
     case VEL_TYPE_WINDOW:
     case VEL_TYPE_TEXT:
-        return ctx.text_recs[text].text[0] != '\0';
+        return text != 0 && ctx.text_recs[text].text[0] != '\0';
     case VEL_TYPE_CHAIN:
-        return *line_of(ctx, text, 0) != '\0';
+        return buffer_of(ctx, o) != 0 && *line_of(ctx, buffer_of(ctx, o), 0) != '\0';
     default:
         return false;
     }
@@ -105,7 +104,7 @@ public:
 
 private:
     const char *text_at(u32 line) const {
-        return has_caption(object_) ? object_.label : line_of(ctx_, text_of(ctx_, object_), line);
+        return has_caption(object_) ? object_.label : line_of(ctx_, buffer_of(ctx_, object_), line);
     }
 
     bool paint_line(const char *text, u32 top, u32 bottom) {

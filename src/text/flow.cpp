@@ -16,7 +16,7 @@ struct ChainPlace {
 
 bool is_member(const vel_context &ctx, u32 object) {
     const vel_object &o = object_at(ctx, object);
-    return object != 0 && o.type == VEL_TYPE_CHAIN && text_of(ctx, o) != 0;
+    return object != 0 && o.type == VEL_TYPE_CHAIN && buffer_of(ctx, o) != 0;
 }
 
 // What is left behind keeps the number of its lines. A member that is none ends the chain; then
@@ -27,7 +27,7 @@ bool go_to_next_member(vel_context &ctx, u32 master, ChainPlace &at) {
     if (at.position >= VEL_MAX_DEPENDENTS) return false;
     at.member = object_at(ctx, master).dep_objs[at.position];
     if (at.member == 0 || object_at(ctx, at.member).type != VEL_TYPE_CHAIN) return false;
-    at.place.text = text_of(ctx, object_at(ctx, at.member));
+    at.place.text = buffer_of(ctx, object_at(ctx, at.member));
     if (at.place.text == 0) return false;
     at.place.line = 0;
     at.place.column = 0;
@@ -253,7 +253,7 @@ uint32_t vel_format_stream_to_linked_objects(vel_context *ctx, uint32_t master) 
         member.line_width = area.after - area.before - 1;
     }
     if (head.stream == nullptr || head.stream[0] == '\0') return 0;
-    return ChainLines(*ctx, master, first, text_of(*ctx, member))
+    return ChainLines(*ctx, master, first, buffer_of(*ctx, member))
         .run(head.stream, std::strlen(head.stream));
 }
 

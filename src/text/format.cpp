@@ -87,7 +87,7 @@ using namespace velumo;
 uint32_t vel_format_object_text(vel_context *ctx, uint32_t object) noexcept {
     vel_object &o = object_at(*ctx, object);
     const u32 text = text_of(*ctx, o);
-    if (!has_formatted_text(o) || text == 0) return 0;
+    if (!has_formatted_text(o) || text == 0 || buffer_of(*ctx, o) == 0) return 0;
     if (o.line_width == 0) {
         const Span area = text_limits(*ctx, object).x;
         o.line_width = area.after - area.before - 1;

@@ -21,12 +21,19 @@ char *byte_at(const vel_context &ctx, u32 text, u32 line, u32 column) {
     return &ctx.text_bufs[0][0] + offset;
 }
 
+u32 number_in(const vel_context &ctx, const void *table, const vel_object &object) {
+    const bool is_inside = ctx.text_records == 0 || object.text_index < ctx.text_records;
+    return table != nullptr && is_inside ? object.text_index : 0;
+}
+
 } // namespace
 
 u32 text_of(const vel_context &ctx, const vel_object &object) {
-    const bool exists = ctx.text_recs != nullptr && ctx.text_bufs != nullptr &&
-                        (ctx.text_records == 0 || object.text_index < ctx.text_records);
-    return exists ? object.text_index : 0;
+    return number_in(ctx, ctx.text_recs, object);
+}
+
+u32 buffer_of(const vel_context &ctx, const vel_object &object) {
+    return number_in(ctx, ctx.text_bufs, object);
 }
 
 const char *line_of(const vel_context &ctx, u32 text, u32 line) {

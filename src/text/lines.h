@@ -9,8 +9,11 @@ namespace velumo {
 inline constexpr u32 last_line = VEL_TEXT_LINES - 1;
 inline constexpr u32 last_column = VEL_LINE_SIZE - 1;
 
-// Number of an object's text; 0 when it has none or the tables have no such text.
+// Number of an object's text and of its line buffer; 0 when it has none or the table has no such
+// record. A program that fills the tables by hand may have the one table without the other: chains
+// have lines and no texts.
 u32 text_of(const vel_context &ctx, const vel_object &object);
+u32 buffer_of(const vel_context &ctx, const vel_object &object);
 
 // Line n of a text, ended by a NUL; empty where the line would lie outside the line buffers.
 // On purpose: line 40 of a text is line 0 of the next.

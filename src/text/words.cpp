@@ -53,7 +53,7 @@ Fit fit_of(const vel_context &ctx, u32 object, const char *word, u32 line, u32 c
     const vel_object &o = object_at(ctx, object);
     TTF_Font *font = font_of(ctx, o);
     const u32 word_width = text_width(font, word);
-    const u32 free_width = o.line_width - text_width(font, line_of(ctx, text_of(ctx, o), line));
+    const u32 free_width = o.line_width - text_width(font, line_of(ctx, buffer_of(ctx, o), line));
     // On purpose: at column 99 this wraps and counts as room.
     const u32 free_columns = most_columns - column;
     if (length <= free_columns && as_signed(word_width) <= as_signed(free_width)) return Fit::here;
@@ -76,7 +76,7 @@ int32_t vel_copy_word_into_line(vel_context *ctx, uint32_t object, const char *w
                                 uint32_t break_after) noexcept {
     vel_object &o = object_at(*ctx, object);
     set_missing_line_width(o);
-    Place place{text_of(*ctx, o), *line, *column};
+    Place place{buffer_of(*ctx, o), *line, *column};
     const Fit fit = fit_of(*ctx, object, word, *line, *column, *word_length);
     i32 result = 0;
     if (fit == Fit::only_split) {
