@@ -1188,7 +1188,7 @@ VEL_API uint32_t vel_check_cursor_dep_objs(const vel_context *ctx, uint32_t obje
 /**@}*/
 
 /** \name Frame actions
- * They act on the active window and do nothing without one. */
+ * What moves, resizes and scrolls does so to the active window, and nothing without one. */
 /**@{*/
 
 /**
