@@ -73,7 +73,7 @@ TEST_F(Keys, control_keys_are_not_printable_and_others_give_no_code) {
             EXPECT_EQ(ctx.key_printable, 0U);
         }
     }
-    for (const uint32_t symbol : {256U, 270U, 272U, 278U, 282U, 300U}) {
+    for (const uint32_t symbol : {0U, 256U, 270U, 272U, 278U, 282U, 300U}) {
         EXPECT_EQ(press(symbol, none), no_code) << symbol;
         EXPECT_EQ(ctx.key_printable, 7U);
         EXPECT_EQ(ctx.event.type, SDL_KEYDOWN);

@@ -61,7 +61,7 @@ constexpr KeyRow key_rows[] = {
     controls(SDLK_DELETE, SDLK_DELETE, VEL_KEY_DELETE),
     controls(SDLK_RETURN, SDLK_RETURN, VEL_KEY_ENTER),
     controls(SDLK_KP_ENTER, SDLK_KP_ENTER, VEL_KEY_ENTER),
-    {0, 255, 0, 0, 0, Kind::character},
+    {1, 255, 1, 1, 1, Kind::character}, // without 0, the symbol of keys that SDL does not know
 };
 
 const KeyRow *row_of(u32 symbol) {
