@@ -1,0 +1,109 @@
+/* What the user can do: the buttons, the menus and the rows of the list. */
+#include <stdio.h>
+#include <stdlib.h>
+#include <string.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "app.h"
+
+/* Begins where the path tells, or at home with a name or pattern; returns 1 and the path chosen. */
+static int choose_file(App *app, Field path, const char *name) {
+    const char *const home = getenv("HOME");
+    if (*path == 0) snprintf(path, FIELD_SIZE, "%s/%s", home != NULL ? home : "", name);
+    const int32_t answer = vel_choose_file(&app->context, ADDRESSBOOK_OPEN, path, FIELD_SIZE);
+    draw(app);
+    return answer < 0 ? tell(app, "Diese Datei lässt sich nicht wählen.") : answer;
+}
+
+static int import_file(App *app) {
+    Field path = "";
+    if (!choose_file(app, path, "*.csv")) return 0;
+    const int count = import_contacts(&app->store, path);
+    if (count < 0) return tell(app, app->store.message);
+    load_list(app);
+    return report(app, "Importiert", count, path);
+}
+
+static int export_file(App *app) {
+    Field path = "";
+    if (!choose_file(app, path, "adressbuch.csv")) return 0;
+    const int is_there = access(path, F_OK) == 0;
+    if (is_there && ask(app, "Diese Datei gibt es schon.", "Ersetzen", "Behalten") != 1) return 0;
+    if (!export_contacts(&app->store, path)) return tell(app, app->store.message);
+    return report(app, "Exportiert", 0, path);
+}
+
+static int choose_picture(App *app) {
+    Field path;
+    memcpy(path, app->picture, FIELD_SIZE);
+    if (!choose_file(app, path, "")) return 0;
+    return show_picture(app, path) ||
+           tell(app, "Diese Datei lässt sich nicht als Bild anzeigen.") || show_picture(app, "");
+}
+
+static int remove_picture(App *app) { return show_picture(app, ""); }
+
+/* The page lies on the desk, beneath all windows, so the book closes until the next click. */
+static int show_help(App *app) {
+    vel_context *const ctx = &app->context;
+    vel_object *const page = &ctx->objects[ADDRESSBOOK_HELP_PAGE];
+    struct stat status;
+    const int is_there = stat("help.stream", &status) == 0 && status.st_size > 0;
+    page->stream = is_there ? vel_read_external_stream("help.stream") : NULL;
+    if (page->stream == NULL) return tell(app, "Die Anleitung fehlt.");
+    page->stream[status.st_size - 1] = 0; /* the library adds none; the file has a byte for it */
+    vel_format_stream_to_linked_objects(ctx, ADDRESSBOOK_HELP_PAGE);
+    /* The flow counts the lines of one column only; those that it left empty show nothing. */
+    for (int k = 0; k < 2; ++k)
+        ctx->objects[page->dep_objs[k]].number_of_lines = VEL_TEXT_LINES - 1;
+    vel_close_win(ctx, ADDRESSBOOK_BOOK);
+    page->hidden = 0;
+    draw(app);
+    vel_wait_for_object(ctx);
+    page->hidden = 1;
+    free(page->stream);
+    page->stream = NULL;
+    return 1;
+}
+
+static int show_about(App *app) {
+    vel_notice_window(&app->context, ADDRESSBOOK_ABOUT_BOX, ADDRESSBOOK_ABOUT_OK);
+    return 1;
+}
+
+static int page_up(App *app) { return scroll_list(app, -ROWS); }
+static int page_down(App *app) { return scroll_list(app, ROWS); }
+
+static const struct {
+    uint32_t object;
+    int (*act)(App *app);
+    int leaves_card;
+} actions[] = {
+    {ADDRESSBOOK_NEW, new_card, 1},
+    {ADDRESSBOOK_MENU_NEW, new_card, 1},
+    {ADDRESSBOOK_SAVE, save_card, 0},
+    {ADDRESSBOOK_MENU_SAVE, save_card, 0},
+    {ADDRESSBOOK_DELETE, delete_card, 0},
+    {ADDRESSBOOK_MENU_DELETE, delete_card, 0},
+    {ADDRESSBOOK_UNDO, undo_delete, 1},
+    {ADDRESSBOOK_IMPORT, import_file, 0},
+    {ADDRESSBOOK_EXPORT, export_file, 0},
+    {ADDRESSBOOK_CHOOSE_PICTURE, choose_picture, 0},
+    {ADDRESSBOOK_REMOVE_PICTURE, remove_picture, 0},
+    {ADDRESSBOOK_UP, page_up, 0},
+    {ADDRESSBOOK_DOWN, page_down, 0},
+    {ADDRESSBOOK_HELP, show_help, 0},
+    {ADDRESSBOOK_ABOUT, show_about, 0},
+};
+
+void act(App *app, uint32_t object) {
+    /* The rows are numbered one after the other, first the names, then the towns. */
+    const uint32_t row = object - ADDRESSBOOK_ROW;
+    const int64_t id = row < 2 * ROWS ? app->row_ids[row % ROWS] : 0;
+    if (id != 0 && leave_card(app)) open_card(app, id);
+    for (size_t k = 0; k < sizeof actions / sizeof *actions; ++k) {
+        if (actions[k].object != object) continue;
+        if (!actions[k].leaves_card || leave_card(app)) actions[k].act(app);
+    }
+}

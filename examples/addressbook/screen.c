@@ -1,0 +1,78 @@
+/* The display, and the windows and lines that tell and ask. */
+#include <stdio.h>
+#include <stdlib.h>
+
+#include "app.h"
+#include "text.h"
+
+const char *start_display(vel_context *ctx) {
+    /* Without a display SDL would draw with letters in the terminal. */
+    if (getenv("SDL_VIDEODRIVER") == NULL) setenv("SDL_VIDEODRIVER", "x11", 1);
+    if (SDL_Init(SDL_INIT_VIDEO) != 0 || TTF_Init() != 0) return SDL_GetError();
+    ctx->screen_width = ctx->screen_rect.w = 800;
+    ctx->screen_height = ctx->screen_rect.h = 600;
+    ctx->screen = SDL_SetVideoMode(800, 600, 32, SDL_SWSURFACE);
+    ctx->font = TTF_OpenFont("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf", 13);
+    if (ctx->screen == NULL || ctx->font == NULL) return SDL_GetError();
+    SDL_WM_SetCaption("Adressbuch", "Adressbuch");
+    ctx->background_colour = (vel_colour){0xe3, 0xe9, 0xf0};
+    ctx->mark_colour_a = ctx->mark_colour_b = (vel_colour){0x2f, 0x6f, 0xde};
+    ctx->texts_loaded = 1;
+    const int32_t result = vel_load_forms(ctx, 0, 0, "addressbook.form", "addressbook.text");
+    if (result != VEL_OK) return vel_error_text(result);
+    vel_draw_all_objects(ctx, 1, 0); /* centres the captions; the rows are still empty */
+    return NULL;
+}
+
+void draw(App *app) {
+    vel_context *const ctx = &app->context;
+    const vel_colour c = ctx->background_colour;
+    vel_draw_box(ctx, 0, 0, ctx->screen_width, ctx->screen_height, c.r, c.g, c.b);
+    vel_draw_all_objects(ctx, 0, 1);
+}
+
+void set_label(App *app, uint32_t object, const char *text) {
+    vel_object *const o = &app->context.objects[object];
+    to_latin1(text, o->label, sizeof o->label);
+    o->scroll_x = o->scroll_y = 0;
+    vel_reset_textobject(&app->context, 0, object);
+}
+
+void set_text(App *app, uint32_t object, const char *text) {
+    char latin1[VEL_TEXT_SIZE];
+    to_latin1(text, latin1, sizeof latin1);
+    vel_load_window_text(&app->context, object, latin1);
+    app->context.objects[object].scroll_y = 0;
+    vel_reset_textobject(&app->context, 1, object);
+}
+
+int tell(App *app, const char *text) {
+    printf("hinweis 0 %s\n", text);
+    set_text(app, ADDRESSBOOK_NOTICE, text);
+    vel_notice_window(&app->context, ADDRESSBOOK_NOTICE, ADDRESSBOOK_NOTICE_OK);
+    draw(app);
+    return 0;
+}
+
+int ask(App *app, const char *text, const char *yes, const char *no) {
+    vel_context *const ctx = &app->context;
+    set_text(app, ADDRESSBOOK_QUESTION, text);
+    set_label(app, ADDRESSBOOK_YES, yes);
+    set_label(app, ADDRESSBOOK_NO, no);
+    vel_format_small_obj(ctx, ADDRESSBOOK_YES);
+    vel_format_small_obj(ctx, ADDRESSBOOK_NO);
+    const uint32_t answer =
+        vel_decide_window(ctx, ADDRESSBOOK_QUESTION, ADDRESSBOOK_YES, ADDRESSBOOK_NO);
+    draw(app);
+    return answer == ADDRESSBOOK_YES ? 1 : answer == ADDRESSBOOK_NO ? 0 : -1;
+}
+
+/* In the status line, and on standard output for those who follow from outside. */
+int report(App *app, const char *done, int64_t number, const char *what) {
+    char status[400];
+    snprintf(status, sizeof status, "%s: %s", done, what);
+    set_label(app, ADDRESSBOOK_STATUS, status);
+    draw(app);
+    printf("%c%s %lld %s\n", done[0] | 0x20, done + 1, (long long)number, what);
+    return 1;
+}

@@ -1,0 +1,142 @@
+#include "store.h"
+
+#include <stdarg.h>
+#include <stdio.h>
+#include <stdlib.h>
+#include <string.h>
+
+#include "text.h"
+
+/* schema.sql, made into a string by the build. */
+static const char schema[] =
+#include "schema.inc"
+    ;
+
+static const struct {
+    int code;
+    const char *text;
+} problems[] = {
+    {SQLITE_BUSY, "Ein anderes Programm hält das Adressbuch gesperrt."},
+    {SQLITE_READONLY, "Das Adressbuch ist schreibgeschützt."},
+    {SQLITE_CORRUPT, "Die Datei ist beschädigt."},
+    {SQLITE_NOTADB, "Die Datei ist beschädigt oder kein Adressbuch."},
+    {SQLITE_CANTOPEN, "Die Datei lässt sich nicht öffnen."},
+    {SQLITE_FULL, "Der Datenträger ist voll."},
+};
+
+int store_fail(Store *store, const char *why) {
+    snprintf(store->message, sizeof store->message, "%s", why);
+    return 0;
+}
+
+/* A rule of the schema has its sentence for the user as its name, told behind a colon. */
+static int fail_in_database(Store *store) {
+    const int code = sqlite3_errcode(store->database);
+    const char *const message = sqlite3_errmsg(store->database);
+    const char *const colon = strstr(message, ": ");
+    for (size_t k = 0; k < sizeof problems / sizeof *problems; ++k) {
+        if (problems[k].code == code) return store_fail(store, problems[k].text);
+    }
+    return store_fail(store, code == SQLITE_CONSTRAINT && colon != NULL ? colon + 2 : message);
+}
+
+int store_run(Store *store, sqlite3_callback visit, void *receiver, const char *format, ...) {
+    const int was_changing = !sqlite3_get_autocommit(store->database);
+    va_list arguments;
+    va_start(arguments, format);
+    char *const sql = sqlite3_vmprintf(format, arguments);
+    va_end(arguments);
+    if (sql == NULL) return store_fail(store, "Der Speicher reicht nicht.");
+    const int is_done = sqlite3_exec(store->database, sql, visit, receiver, NULL) == SQLITE_OK ||
+                        fail_in_database(store);
+    sqlite3_free(sql);
+    if (!is_done && !was_changing) sqlite3_exec(store->database, "ROLLBACK", NULL, NULL, NULL);
+    return is_done;
+}
+
+static int read_number(void *number, int count, char **values, char **names) {
+    *(int64_t *)number = count == 1 && values[0] != NULL ? atoll(values[0]) : 0;
+    return 0;
+}
+
+/* The SQL function book_order(text), so that queries sort as a telephone book does. */
+static void book_order(sqlite3_context *result, int count, sqlite3_value **values) {
+    const char *const text = (const char *)sqlite3_value_text(values[0]);
+    char *const key = count == 1 && text != NULL ? make_sort_key(text) : NULL;
+    sqlite3_result_text(result, key, -1, free);
+}
+
+static int read_message(void *store, int count, char **values, char **names) {
+    return count == 1 ? store_fail(store, values[0]) : 1;
+}
+
+/* An empty file becomes an address book; what is none is left alone. */
+static int check_file(Store *store) {
+    int64_t tables = 0;
+    store_fail(store, "Die Datei ist beschädigt.");
+    return store_run(store, read_number, &tables, "SELECT count(*) FROM sqlite_master") &&
+           (tables != 0 || store_run(store, NULL, NULL, "%s", schema)) &&
+           store_run(store, read_message, store,
+                     "SELECT CASE WHEN application_id <> 1447380034 OR user_version <> 1 "
+                     "THEN 'Die Datei ist kein Adressbuch dieses Programms.' "
+                     "WHEN quick_check <> 'ok' THEN 'Die Datei ist beschädigt.' ELSE '' END "
+                     "FROM pragma_application_id, pragma_user_version, pragma_quick_check(1)") &&
+           store->message[0] == 0;
+}
+
+int store_open(Store *store, const char *path) {
+    if (sqlite3_open(path, &store->database) != SQLITE_OK) return fail_in_database(store);
+    sqlite3_busy_timeout(store->database, 1000);
+    sqlite3_create_function(store->database, "book_order", 1, SQLITE_UTF8, NULL, book_order, NULL,
+                            NULL);
+    /* EXTRA is FULL and syncs the folder as well: a change is on disk before it is told. */
+    return store_run(store, NULL, NULL, "PRAGMA synchronous = EXTRA; PRAGMA temp_store = MEMORY") &&
+           check_file(store);
+}
+
+static int read_contact(void *contact, int count, char **values, char **names) {
+    Contact *const c = contact;
+    read_number(&c->id, 1, values, names);
+    for (int k = 0; k < FIELD_COUNT && k + 1 < count; ++k) {
+        snprintf(c->field[k], FIELD_SIZE, "%s", values[k + 1]);
+    }
+    return 0;
+}
+
+int store_load(Store *store, int64_t id, Contact *contact) {
+    contact->id = 0;
+    return store_run(store, read_contact, contact, "SELECT * FROM contact WHERE id = %lld", id) &&
+           (contact->id != 0 || store_fail(store, "Den Kontakt gibt es nicht mehr."));
+}
+
+int store_save(Store *store, Contact *contact) {
+    const Field *const f = (const Field *)contact->field;
+    if (!store_run(store, NULL, NULL,
+                   "REPLACE INTO contact VALUES (nullif(%lld, 0), %Q, %Q, %Q, %Q, %Q, %Q, %Q, %Q)",
+                   contact->id, f[NAME], f[STREET], f[POST_CODE], f[TOWN], f[TELEPHONE], f[EMAIL],
+                   f[NOTES], f[PICTURE])) {
+        return 0;
+    }
+    contact->id = sqlite3_last_insert_rowid(store->database);
+    return 1;
+}
+
+/* Sorting by the bytes as well tells 'ae' from 'ä', and puts 'ae' first. */
+int store_sort(Store *store) {
+    return store_run(store, NULL, NULL,
+                     "DROP TABLE IF EXISTS temp.book; CREATE TEMP TABLE book AS SELECT id, name, "
+                     "town, ' ' || book_order(name || ' ' || street || ' ' || post_code || ' ' || "
+                     "town || ' ' || telephone || ' ' || email || ' ' || notes) AS words "
+                     "FROM contact ORDER BY book_order(name), name, id");
+}
+
+int store_search(Store *store, const char *words, int64_t *count) {
+    return store_run(store, read_number, count,
+                     "DROP TABLE IF EXISTS temp.found; CREATE TEMP TABLE found AS "
+                     "WITH asked AS MATERIALIZED (SELECT ' ' || value AS word FROM "
+                     "json_each('[\"' || replace(book_order(%Q), ' ', '\",\"') || '\"]')) "
+                     "SELECT id, name, town FROM book WHERE NOT EXISTS "
+                     "(SELECT * FROM asked WHERE instr(words, word) = 0) ORDER BY rowid;"
+                     "SELECT count(*) FROM found",
+                     words);
+}
