@@ -84,8 +84,9 @@ def keep_contacts(book):
 def delete_and_bring_back(book):
     session = book.session
     moved = dict(JUERGEN, town="Würzburg")
-    session.step("A contact is to be deleted; the answer is no.")
+    session.step("A contact is to be deleted, and the program asks.")
     book.click("delete")
+    session.step("The answer is no, and the contact stays.")
     book.click("no")
     session.step("It is deleted.")
     book.click("delete")
@@ -112,8 +113,9 @@ def search(book):
 def exchange(book, folder):
     session = book.session
     path = os.path.join(folder, "adressbuch.csv")
-    session.step("All contacts are written to a file of comma-separated values.")
+    session.step("The contacts are to be exported, and the program asks where to.")
     book.choose("file_title", "export")
+    session.step("They are written to a file of comma-separated values.")
     book.click("open_ok")
     session.expect(f"exportiert 0 {path}")
     with open(path, encoding="utf-8", newline="") as file:
@@ -131,13 +133,20 @@ def exchange(book, folder):
     session.type("aa.csv")
     session.key("Return")
     session.expect("hinweis 0 Zeile 3: Die Postleitzahl besteht aus höchstens 10 Ziffern.")
+    session.step("What is wrong with it was told, and the work goes on.")
     book.click("notice_ok")
     book.expect_contacts(moved, KAETHE)
 
 
 def end_and_return(book):
     session = book.session
+    session.step("The help flows through two columns.")
+    book.choose("help_title", "help")
+    session.step("A click has closed it; the about window is open.")
+    book.click("help_page")
+    book.choose("help_title", "about")
     session.step("The program ends and starts again with what it had.")
+    book.click("about_ok")
     book.choose("file_title", "quit")
     session.expect_end()
     session.start()

@@ -16,7 +16,7 @@ class Tour:
 
     def __init__(self, session, form, velform, folder):
         self.session, self._velform, self._folder = session, velform, folder
-        self._form = form
+        self._form, self.centre = form, form.centre
         self.windows = {name: list(form.rect(name)) for name in ("order", "photos", "log")}
 
     def click(self, name, window=None):
@@ -106,17 +106,22 @@ def type_an_order(tour):
 
 def answer_dialogs(tour):
     session = tour.session
-    session.step("A dialog asks; the answer is no.")
+    session.step("The order is to be saved, and a dialog asks.")
     tour.click("save")
     session.expect("clicked: save", "active: question")
+    session.step("The answer is no.")
     tour.click("no")
     session.expect("answer: no", "active: order")
 
-    session.step("It asks again; the answer is yes, and a notice says that it is done.")
-    tour.choose("file_title", "file_save")
-    session.expect("active: question")
+    session.step("A menu is pulled down.")
+    session.press(*tour.centre("file_title"))
+    session.move(*tour.centre("file_save"))
+    session.step("Its entry asks again; the answer is yes, and a notice says that it is done.")
+    session.release(*tour.centre("file_save"))
+    session.expect("clicked: file_save", "active: question")
     tour.click("yes")
     session.expect("answer: yes", "active: notice")
+    session.step("The notice is acknowledged.")
     tour.click("understood")
     session.expect("saved", "active: order")
 
