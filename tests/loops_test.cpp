@@ -120,6 +120,44 @@ TEST_F(Loops, dependents_that_cannot_be_hit_hide_nothing) {
     EXPECT_EQ(vel_in_object(&ctx, 11, 140, 80), 0U);
 }
 
+TEST_F(Loops, only_what_hangs_on_a_master_is_found_below_it) {
+    make(17, VEL_TYPE_LABEL, 30, 70, 30, 20, 8);  // over all of 10, but behind it in the list
+    make(18, VEL_TYPE_LABEL, 32, 72, 10, 10, 10); // the innermost
+    const struct {
+        uint32_t master, x, y, hit;
+    } cases[] = {{8, 35, 75, 18}, {8, 50, 85, 10}, {8, 25, 65, 0}, {10, 35, 75, 18},
+                 {10, 50, 85, 0}, {18, 35, 75, 0}, {9, 35, 75, 0}};
+    for (const auto &c : cases) {
+        EXPECT_EQ(vel_test_dep_objs(&ctx, c.master, c.x, c.y), c.hit) << c.master << " at " << c.x;
+    }
+}
+
+TEST_F(Loops, cursors_are_placed_at_the_margins_once) {
+    set_margins(objects[8], 4);
+    set_margins(objects[12], 3);
+    make(17, VEL_TYPE_ENTRY, 40, 80, 9, 9, 10).editable = 1; // deeper
+    objects[13].editable = 0;
+    const auto cursor = [this](uint32_t number) {
+        return std::to_string(objects[number].cursor_x) + "," +
+               std::to_string(objects[number].cursor_y);
+    };
+    const auto forget = [this] {
+        for (const uint32_t number : {8, 12, 13, 17}) {
+            objects[number].cursor_x = objects[number].cursor_y = 0;
+        }
+    };
+    objects[8].editable = 1;
+    forget();
+    vel_initiate_cursor_dep_objs(&ctx, 8);
+    EXPECT_EQ(cursor(8) + " " + cursor(12) + " " + cursor(13) + " " + cursor(17),
+              "0,0 33,103 0,0 40,80");
+    forget();
+    objects[12].cursor_y = 1; // was placed before
+    vel_initiate_cursor_win(&ctx, 8);
+    EXPECT_EQ(cursor(8) + " " + cursor(12) + " " + cursor(13) + " " + cursor(17),
+              "24,64 0,1 0,0 40,80");
+}
+
 TEST_F(Loops, selections_end_at_their_stops_and_at_the_close_button) {
     EXPECT_EQ(vel_get_mouse_selection(&ctx, 0, 10), 0U); // no event is needed
     EXPECT_EQ(vel_get_mono_mouse_selection(&ctx, 0), 0U);
