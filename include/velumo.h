@@ -254,8 +254,9 @@ typedef struct vel_object {
     uint32_t border_g;      /**< Read-write, file. Border colour, green. */
     uint32_t border_b;      /**< Read-write, file. Border colour, blue. */
     uint32_t master;        /**< Read-write, file. Number of the master; 0 = top-level object. */
-    uint32_t dep_objs[VEL_MAX_DEPENDENTS]; /**< Read-write, file. Numbers of the dependents, front
-                                                first; the list ends at the first 0. */
+    uint32_t dep_objs[VEL_MAX_DEPENDENTS]; /**< Read-write, file. Numbers of the dependents in the
+                                                order of drawing, hit tests take the first; the
+                                                list ends at the first 0. */
     uint32_t scroll_x;     /**< Read-write. Scroll offset of the contents, pixels; default 0. */
     uint32_t scroll_y;     /**< Read-write. Scroll offset of the contents, pixels; default 0. */
     uint32_t scroll_max_x; /**< Read-write, file. Scroll range, pixels; 0 = five screen widths. */
@@ -1007,10 +1008,10 @@ VEL_API uint32_t vel_get_mono_mouse_selection(vel_context *ctx, int32_t stop) VE
  * next click on the title closes it. Afterwards the screen is redrawn.
  *
  * \param ctx context
- * \returns the object released on when it is a label, a picture, a menu, a field that cannot be
- *          edited or stands by itself on the desktop; the entry chosen in the menu of a title; 7
- * when the user has closed the last window; 0 when the user closes the program (SDL_QUIT), or the
- * event filter ends the loop or a menu
+ * \returns the object released on when it is a label, a picture or a menu, or when it cannot be
+ *          edited and is a field or stands by itself on the desktop; the entry chosen in the menu
+ *          of a title; 7 when the user has closed the last window; 0 when the user closes the
+ *          program (SDL_QUIT), or the event filter ends the loop or a menu
  */
 VEL_API uint32_t vel_wait_for_object(vel_context *ctx) VEL_NOTHROW;
 
