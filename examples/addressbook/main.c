@@ -13,10 +13,9 @@ static uint32_t filter(vel_context *ctx, SDL_Event *event) {
     const int is_in_front = ctx->active_window == ADDRESSBOOK_BOOK;
     const SDLKey key = event->type == SDL_KEYDOWN ? event->key.keysym.sym : SDLK_UNKNOWN;
     const int button = event->type == SDL_MOUSEBUTTONDOWN ? event->button.button : 0;
-    if (event->type == SDL_QUIT) {
-        app->is_ending = 1;
-        return VEL_FILTER_END_LOOP;
-    }
+    /* Num Lock and Caps Lock would switch Shift off. */
+    if (key != SDLK_UNKNOWN) event->key.keysym.mod &= KMOD_SHIFT | KMOD_CTRL | KMOD_ALT;
+    if (event->type == SDL_QUIT) return app->is_ending = 1, VEL_FILTER_END_LOOP;
     /* Only the help shows without a window; any click closes it. */
     if (ctx->active_window == 0 && event->type == SDL_MOUSEBUTTONUP) return VEL_FILTER_END_LOOP;
     /* The text cursor stays where it is while a dialog asks, so keys must not get there. */

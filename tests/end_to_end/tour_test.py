@@ -82,8 +82,10 @@ def type_an_order(tour):
     session.expect("name: Käthe Öß")
     session.key("Tab")
     session.expect("cursor: street")
+    session.key("Num_Lock")  # which the tour keeps from switching Shift off
     session.type("Ährenweg 7 (\"Üb. Hof\") & =?!")
     session.expect('street: Ährenweg 7 ("Üb. Hof") & =?!')
+    session.key("Num_Lock")
     session.key("Tab")
     session.type("12x5")
     session.expect("amount: 125")
