@@ -9,7 +9,7 @@
  * Conventions that hold everywhere:
  * - Objects, texts and windows are named by their number in the tables; 0 means none.
  * - Coordinates are pixels of the display with (0, 0) at the top left, also inside windows. They
- * are stored as 32-bit unsigned numbers; a place left of or above the display wraps around.
+ *   are stored as 32-bit unsigned numbers; a place left of or above the display wraps around.
  * - Texts are ISO 8859-1, ended by a NUL.
  * - A context and tables that a program fills by hand work as well as loaded ones.
  * - A number beyond the tables stands for record 0, the empty record, where the library knows the
@@ -1455,9 +1455,9 @@ VEL_API void vel_load_dir_entries(vel_context *ctx, uint32_t list) VEL_NOTHROW;
  * \param list    number of the list
  * \param path    the folder
  * \param pattern as for fnmatch(), or several of them separated by ";"; null or "" for all files
- * \returns the names found, ".." included, whether there are rows for them or not;
- *          VEL_ERROR_FOLDER when the folder cannot be read, VEL_ERROR_ARGUMENT for a null context
- * or path and list 0, VEL_ERROR_MEMORY; then list and rows are as they were
+ * \returns how many names were found, ".." included, whether there are rows for them or not;
+ *          VEL_ERROR_FOLDER when the folder cannot be read, VEL_ERROR_ARGUMENT for list 0, a null
+ *          context or a null path, VEL_ERROR_MEMORY; after an error all is as it was
  */
 VEL_API int32_t vel_list_directory(vel_context *ctx, uint32_t list, const char *path,
                                    const char *pattern) VEL_NOTHROW;
@@ -1467,8 +1467,8 @@ VEL_API int32_t vel_list_directory(vel_context *ctx, uint32_t list, const char *
  *
  * \param ctx context
  * \param row number of a row of a list that vel_list_directory() filled
- * \returns the bytes of the name in the file system, without "/", owned by the library until the
- * list is filled again; null when the row shows no name
+ * \returns the bytes of the name in the file system, without "/"; the library owns them until it
+ *          fills the list again; null when the row shows no name
  */
 VEL_API const char *vel_listed_name(const vel_context *ctx, uint32_t row) VEL_NOTHROW;
 
