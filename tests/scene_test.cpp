@@ -163,14 +163,18 @@ TEST_F(Scene, dependents_are_drawn_depth_first_and_lists_end_at_0) {
     make_coloured(9, VEL_TYPE_LABEL, 110, 110, 40, test::red, 8);
     make_coloured(10, VEL_TYPE_LABEL, 120, 120, 25, test::blue, 9);
     make_coloured(11, VEL_TYPE_LABEL, 130, 130, 20, test::black, 8);
-    make_coloured(12, VEL_TYPE_MENU, 104, 104, 5, test::green, 8);
-    objects[8].dep_objs[4] = 13;
-    make_coloured(13, VEL_TYPE_LABEL, 150, 104, 5, test::green).master = 8;
+    make_coloured(12, VEL_TYPE_MENU, 104, 104, 10, test::grey, 8);
+    make_coloured(13, VEL_TYPE_LABEL, 105, 105, 5, test::green, 12); // an entry of the menu
+    objects[8].dep_objs[4] = 14;
+    make_coloured(14, VEL_TYPE_LABEL, 150, 104, 5, test::blue).master = 8;
+    vel_draw_dep_objs(&ctx, 8);
+    EXPECT_EQ(at(107, 107), test::green); // a menu that is not hidden is drawn like all others
+    EXPECT_NE(at(152, 106), test::blue);  // nothing after the 0 is
+    objects[12].hidden = 1;
     vel_draw_dep_objs(&ctx, 8);
     EXPECT_EQ(at(115, 115), test::red);
     EXPECT_EQ(at(125, 125), test::blue);
     EXPECT_EQ(at(135, 135), test::black); // the later sibling lies over the nephew
-    EXPECT_EQ(pixels(test::green), "");   // no menu, and nothing behind the 0
 }
 
 TEST_F(Scene, the_cursor_is_drawn_where_it_stands) {

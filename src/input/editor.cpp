@@ -105,8 +105,9 @@ private:
     u32 &index() { return ctx_.text_recs[text_].cursor_index; }
     const char *line() const { return line_of(ctx_, text_, o_.cursor_line); }
     u32 line_length() const { return static_cast<u32>(std::strlen(line())); }
-    char character_in_line(u32 column) const {
-        return column < line_length() ? line()[column] : '\0';
+    // On purpose: a byte of the line buffer as it is, also after the end of the line.
+    char byte_in_line(u32 column) const {
+        return byte_of(ctx_, text_, o_.cursor_line, column);
     }
 
     // Place of the cursor behind so many characters of its line.
@@ -209,8 +210,8 @@ private:
             if (o_.cursor_column < o_.text_length) step_right();
             return;
         }
-        const bool on_character = character_in_line(o_.cursor_column) != '\0';
-        const bool on_last = on_character && character_in_line(o_.cursor_column + 1) == '\0';
+        const bool on_character = byte_in_line(o_.cursor_column) != '\0';
+        const bool on_last = on_character && byte_in_line(o_.cursor_column + 1) == '\0';
         if (on_last) {
             if (o_.cursor_column < last_column && index() < most_text_characters) step_right();
         } else if (on_character) {

@@ -128,8 +128,7 @@ void vel_draw_dep_objs(vel_context *ctx, uint32_t object) noexcept {
     vel_switch_dep_object(ctx, object);
     walk_dependents(*ctx, object, [ctx](u32 number) {
         const vel_object &o = object_at(*ctx, number);
-        // Menus show only while they are pulled down.
-        if (!is_drawable(o) || o.type == VEL_TYPE_MENU) return Walk::skip;
+        if (!is_drawable(o)) return Walk::skip;
         paint_with_cursor(*ctx, number);
         if (!has_dependents(o)) return Walk::skip;
         vel_switch_dep_object(ctx, number);

@@ -41,6 +41,11 @@ const char *line_of(const vel_context &ctx, u32 text, u32 line) {
     return start == nullptr ? "" : start;
 }
 
+char byte_of(const vel_context &ctx, u32 text, u32 line, u32 column) {
+    const char *byte = byte_at(ctx, text, line, column);
+    return byte == nullptr ? '\0' : *byte;
+}
+
 void put(vel_context &ctx, u32 text, u32 line, u32 column, char character) {
     char *byte = byte_at(ctx, text, line, column);
     if (byte == nullptr) return;

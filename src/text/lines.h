@@ -19,6 +19,9 @@ u32 buffer_of(const vel_context &ctx, const vel_object &object);
 // On purpose: line 40 of a text is line 0 of the next.
 const char *line_of(const vel_context &ctx, u32 text, u32 line);
 
+// One byte of a line, whether the line has ended before it or not; NUL outside the line buffers.
+char byte_of(const vel_context &ctx, u32 text, u32 line, u32 column);
+
 // Writes one byte of a line; what would leave the block of line buffers is dropped.
 void put(vel_context &ctx, u32 text, u32 line, u32 column, char character);
 
