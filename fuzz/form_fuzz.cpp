@@ -115,11 +115,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     ctx.scroll_step = 10;
     ctx.objects = tables.objects.get();
     ctx.object_count = tables.object_count;
-    ctx.object_records = tables.object_records;
+    state_of(ctx).object_records = tables.object_records;
     ctx.text_recs = tables.texts.get();
     ctx.text_bufs = tables.buffers.get();
     ctx.text_count = tables.text_count;
-    ctx.text_records = tables.text_records;
+    state_of(ctx).text_records = tables.text_records;
     ctx.application_a[0] = &input;
     ctx.event_filter = play;
     ctx.idle_hook = keep_busy;
@@ -131,5 +131,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     }
     use(ctx);
     SDL_FreeSurface(ctx.text_surface);
+    release_state(ctx);
     return 0;
 }

@@ -270,7 +270,7 @@ typedef struct vel_object {
 } vel_object;
 
 struct vel_context;
-struct vel_listings;
+struct vel_state;
 
 /**
  * Gets every event that a loop of the library polls, before the loop does.
@@ -337,17 +337,12 @@ typedef struct vel_context {
                                                   starts at byte 100 * k. Buffer 0 is unused. */
     vel_object *objects;            /**< Read-write. Objects by number; record 0 is unused. */
     vel_object_file_rec *file_recs; /**< Private to the library. Null between calls. */
-    uint32_t object_records; /**< Private to the library. Records of the object table, record 0 and
-                                  the spare ones included; 0 = not known. */
-    uint32_t text_records;   /**< Private to the library. Records of the text tables, record 0 and
-                                  the spare ones included; 0 = not known. */
-    vel_event_filter event_filter; /**< Read-write. Sees every event first; default null, off. */
-    vel_idle_hook idle_hook;       /**< Read-write. Called while nothing happens; default null,
-                                        off. */
-    int64_t last_event_time;       /**< Private to the library. When the last event came, in
-                                        milliseconds of a clock that never stands still. */
-    struct vel_listings *listings; /**< Private to the library. The names that vel_list_directory()
-                                        found; released by vel_close(). Default null. */
+    vel_event_filter event_filter;  /**< Read-write. Sees every event first; default null, off. */
+    vel_idle_hook idle_hook;        /**< Read-write. Called while nothing happens; default null,
+                                         off. */
+    struct vel_state *state;        /**< Private to the library. What it keeps for itself; made when
+                                         it is first needed, released by vel_close(). Default
+                                         null. */
 } vel_context;
 
 /** \name Start-up and shutdown */

@@ -47,7 +47,7 @@ protected:
         std::filesystem::current_path(here_);
         TTF_Init();
         vel_context rest{};
-        rest.listings = ctx.listings;
+        rest.state = ctx.state;
         vel_close(&rest);
         ctx.screen = nullptr;
     }

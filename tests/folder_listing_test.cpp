@@ -27,7 +27,7 @@ protected:
         // vel_close() would release the form's tables, too, which are the test's own.
         TTF_Init();
         vel_context rest{};
-        rest.listings = ctx.listings;
+        rest.state = ctx.state;
         vel_close(&rest);
     }
     int32_t list(const Folder &folder, const char *pattern = nullptr) {

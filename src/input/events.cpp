@@ -1,10 +1,12 @@
-// How the library's loops get their events without wasting a processor on waiting.
 #include "input/events.h"
 
 #include <SDL_syswm.h>
+#include <new>
 #include <poll.h>
 
-#include "render/rect.h"
+#include "input/editor.h"
+#include "input/keys.h"
+#include "render/display.h"
 
 namespace velumo {
 namespace {
@@ -41,9 +43,15 @@ void show_again(const vel_context &ctx) {
                    {0, 0, static_cast<Uint16>(ctx.screen->w), static_cast<Uint16>(ctx.screen->h)});
 }
 
+// Without memory for it the loop only rests longer.
+void note_event(vel_context &ctx) try {
+    state_of(ctx).last_event = now();
+} catch (const std::bad_alloc &) {
+}
+
 milliseconds nap_length(const vel_context &ctx) {
-    return now() - milliseconds(ctx.last_event_time) < quiet_after ? nap_while_busy
-                                                                   : nap_while_quiet;
+    const bool is_busy = ctx.state != nullptr && now() - ctx.state->last_event < quiet_after;
+    return is_busy ? nap_while_busy : nap_while_quiet;
 }
 
 } // namespace
@@ -55,7 +63,7 @@ milliseconds now() {
 
 Polled poll_event(vel_context &ctx) {
     if (SDL_PollEvent(&ctx.event) == 0) return Polled::nothing;
-    ctx.last_event_time = now().count();
+    note_event(ctx);
     if (ctx.event.type == SDL_VIDEOEXPOSE) show_again(ctx);
     if (ctx.event_filter == nullptr) return Polled::event;
     const u32 verdict = ctx.event_filter(&ctx, &ctx.event);
@@ -85,11 +93,11 @@ bool is_left_button(const SDL_Event &event, Button state) {
 void handle_key_event(vel_context &ctx) {
     switch (ctx.event.type) {
     case SDL_KEYDOWN:
-        vel_getfirstkeyinformation(&ctx);
+        translate_key_press(ctx);
         break;
     case SDL_KEYUP:
-        vel_getfinalkeyinformation(&ctx);
-        vel_get_text(&ctx);
+        deliver_key(ctx);
+        edit_text(ctx);
         break;
     default:
         break;

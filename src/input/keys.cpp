@@ -1,5 +1,4 @@
-// Translation of keys by a fixed table for a German keyboard.
-#include "model/objects.h"
+#include "input/keys.h"
 
 namespace velumo {
 namespace {
@@ -83,28 +82,27 @@ u32 code_of(const KeyRow &row, u32 symbol, u32 modifiers) {
 bool is_digit_key(u32 symbol) { return symbol >= SDLK_0 && symbol <= SDLK_9; }
 
 } // namespace
-} // namespace velumo
 
-using namespace velumo;
-
-void vel_getfirstkeyinformation(vel_context *ctx) noexcept {
-    if (ctx->cursor_object == 0 || ctx->event.type != SDL_KEYDOWN) return;
-    SDL_keysym &keysym = ctx->event.key.keysym;
+void translate_key_press(vel_context &ctx) {
+    if (ctx.cursor_object == 0 || ctx.event.type != SDL_KEYDOWN) return;
+    SDL_keysym &keysym = ctx.event.key.keysym;
     const auto symbol = static_cast<u32>(keysym.sym);
     const KeyRow *row = row_of(symbol);
-    if (row != nullptr) ctx->key_printable = row->kind == Kind::character ? 1 : 0;
-    if (object_at(*ctx, ctx->cursor_object).type == VEL_TYPE_NUMBER) {
-        ctx->key_printable = is_digit_key(symbol) ? 1 : 0;
+    if (row != nullptr) ctx.key_printable = row->kind == Kind::character ? 1 : 0;
+    if (object_at(ctx, ctx.cursor_object).type == VEL_TYPE_NUMBER) {
+        ctx.key_printable = is_digit_key(symbol) ? 1 : 0;
     }
     const u32 code = row == nullptr ? 0 : code_of(*row, symbol, static_cast<u32>(keysym.mod));
     if (code == 0) return;
-    ctx->key_code = code;
+    ctx.key_code = code;
     keysym.sym = SDLK_UNKNOWN;
-    ctx->event.type = SDL_NOEVENT;
+    ctx.event.type = SDL_NOEVENT;
 }
 
-void vel_getfinalkeyinformation(vel_context *ctx) noexcept {
-    if (ctx->event.type != SDL_KEYUP || ctx->key_code == 0) return;
-    ctx->final_key = ctx->key_code;
-    ctx->key_code = 0;
+void deliver_key(vel_context &ctx) {
+    if (ctx.event.type != SDL_KEYUP || ctx.key_code == 0) return;
+    ctx.final_key = ctx.key_code;
+    ctx.key_code = 0;
 }
+
+} // namespace velumo

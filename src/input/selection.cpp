@@ -1,5 +1,7 @@
-// The loops that wait until the user picks one of a few objects.
+#include "input/selection.h"
+
 #include "input/events.h"
+#include "input/hit_test.h"
 
 namespace velumo {
 namespace {
@@ -8,15 +10,18 @@ namespace {
 u32 dispatch(vel_context &ctx, u32 picked) {
     handle_key_event(ctx);
     if (!is_left_button(ctx.event, Button::released)) return picked;
-    picked = vel_test_all_objects(&ctx, ctx.event.button.x, ctx.event.button.y);
+    picked = object_under(ctx, ctx.event.button.x, ctx.event.button.y);
     consume_event(ctx);
     return picked;
 }
 
-// On purpose: the close button ends a loop whatever it waits for, and a stop number of 0 ends it at
-// once.
-template <class IsStop> u32 select(vel_context &ctx, IsStop is_stop) {
-    const auto is_over = [&](u32 picked) { return picked == VEL_BUTTON_CLOSE || is_stop(picked); };
+} // namespace
+
+// On purpose: a stop number of 0 ends the loop at once.
+u32 select_either(vel_context &ctx, u32 stop_a, u32 stop_b) {
+    const auto is_over = [=](u32 picked) {
+        return picked == VEL_BUTTON_CLOSE || picked == stop_a || picked == stop_b;
+    };
     u32 picked = 0;
     while (!is_over(picked)) {
         const Polled polled = poll_event(ctx);
@@ -28,17 +33,4 @@ template <class IsStop> u32 select(vel_context &ctx, IsStop is_stop) {
     return picked;
 }
 
-} // namespace
 } // namespace velumo
-
-using namespace velumo;
-
-uint32_t vel_get_mouse_selection(vel_context *ctx, int32_t stop_a, int32_t stop_b) noexcept {
-    return select(*ctx, [=](u32 picked) {
-        return as_signed(picked) == stop_a || as_signed(picked) == stop_b;
-    });
-}
-
-uint32_t vel_get_mono_mouse_selection(vel_context *ctx, int32_t stop) noexcept {
-    return select(*ctx, [=](u32 picked) { return as_signed(picked) == stop; });
-}

@@ -1,15 +1,17 @@
-// Pull-down menus: shown, followed by the pointer and gone within one call.
 #include "menu/pull_down.h"
 
 #include "input/events.h"
+#include "input/hit_test.h"
+#include "render/display.h"
 #include "render/geometry.h"
-#include "render/rect.h"
+#include "render/paint.h"
+#include "render/scene.h"
 
 namespace velumo {
 namespace {
 
 constexpr u32 highlight_step = 20;
-constexpr u32 sliver = 5; // pixels of the screen that a menu beyond its edge updates
+constexpr i64 sliver = 5; // pixels of the screen that a menu beyond its edge updates
 
 // The entry under the pointer, darkened in its own record and given back its colour later.
 class Highlight {
@@ -59,15 +61,15 @@ Point pointer() {
 
 class Menu {
 public:
-    Menu(vel_context &ctx, u32 number, bool hangs_below_title)
-        : ctx_(ctx), number_(number), hangs_below_title_(hangs_below_title), highlight_(ctx) {}
+    Menu(vel_context &ctx, u32 number, Hanging hanging)
+        : ctx_(ctx), number_(number), hanging_(hanging), highlight_(ctx) {}
 
     MenuEnd run() {
         consume_event(ctx_);
         menu().hidden = 0;
         paint();
         while (!finished_) pass();
-        vel_undraw_object(&ctx_, number_);
+        erase_object(ctx_, number_);
         menu().hidden = 1;
         return end_;
     }
@@ -94,8 +96,7 @@ private:
 
     u32 entry_under(Point point) {
         for (const u32 entry : dependents_of(menu())) {
-            if (is_drawable(object_at(ctx_, entry)) &&
-                vel_in_object(&ctx_, entry, point.x, point.y) == 1) {
+            if (is_drawable(object_at(ctx_, entry)) && is_hit(ctx_, entry, point.x, point.y)) {
                 return entry;
             }
         }
@@ -123,34 +124,35 @@ private:
 
     // On purpose: below a title the pointer may stay above the menu until it has been on an entry.
     bool has_left(Point point) {
-        const i32 left = as_signed(menu().x);
-        const i32 top = as_signed(menu().y);
-        const i32 right = as_signed(menu().x + visible_size(horizontal) - 1);
-        const i32 bottom = as_signed(menu().y + visible_size(vertical) - 1);
-        return point.x < left || point.x > right || point.y > bottom ||
-               (point.y < top && (entered_ || !hangs_below_title_));
+        const Span columns = shown(horizontal);
+        const Span rows = shown(vertical);
+        return !columns.holds(point.x) || point.y >= rows.end ||
+               (point.y < rows.begin && (entered_ || hanging_ == Hanging::free));
     }
 
-    u32 visible_size(const Axis &axis) { return cut_size(ctx_, menu(), axis); }
+    Span shown(const Axis &axis) {
+        const u32 start = menu().*axis.position;
+        return stretch(start, start + cut_size(ctx_, menu(), axis) - 1);
+    }
 
-    u32 update_start(const Axis &axis) {
-        const i32 start = as_signed(menu().*axis.position);
-        const i32 screen = as_signed(ctx_.*axis.screen_size);
-        return static_cast<u32>(start < 0         ? 0
-                                : start >= screen ? screen - as_signed(sliver)
-                                                  : start);
+    i64 update_start(const Axis &axis) {
+        const i64 start = as_signed(menu().*axis.position);
+        const i64 screen = as_signed(ctx_.*axis.screen_size);
+        return start < 0 ? 0 : start >= screen ? screen - sliver : start;
     }
 
     void paint() {
-        vel_evoke_object(&ctx_, number_);
-        vel_draw_dep_objs(&ctx_, number_);
-        update_display(ctx_, sdl_rect(update_start(horizontal), update_start(vertical),
-                                      visible_size(horizontal), visible_size(vertical)));
+        paint_object(ctx_, number_);
+        draw_dependents(ctx_, number_);
+        Rect rect = cut_rect(ctx_, menu());
+        rect.x = update_start(horizontal);
+        rect.y = update_start(vertical);
+        update_display(ctx_, sdl_rect(rect));
     }
 
     vel_context &ctx_;
     const u32 number_;
-    const bool hangs_below_title_;
+    const Hanging hanging_;
     Highlight highlight_;
     MenuEnd end_{};
     bool entered_ = false;
@@ -159,12 +161,8 @@ private:
 
 } // namespace
 
-MenuEnd run_menu(vel_context &ctx, u32 menu, u32 mode) { return Menu(ctx, menu, mode == 1).run(); }
+MenuEnd run_menu(vel_context &ctx, u32 menu, Hanging hanging) {
+    return Menu(ctx, menu, hanging).run();
+}
 
 } // namespace velumo
-
-using namespace velumo;
-
-uint32_t vel_move_out_menu(vel_context *ctx, uint32_t menu, uint32_t mode) noexcept {
-    return run_menu(*ctx, menu, mode).entry;
-}

@@ -1,4 +1,5 @@
-// How a pull-down menu ended. For titles, which must tell a click from a drag.
+// Pull-down menus: shown, followed by the pointer and gone within one call. For titles, which must
+// tell a click from a drag.
 #pragma once
 
 #include "model/objects.h"
@@ -16,7 +17,8 @@ struct MenuEnd {
     Point at;  // where the button was released
 };
 
-// What vel_move_out_menu does.
-MenuEnd run_menu(vel_context &ctx, u32 menu, u32 mode);
+// Below a title the pointer may stay above the menu until it has been over an entry.
+enum class Hanging { below_title, free };
+MenuEnd run_menu(vel_context &ctx, u32 menu, Hanging hanging);
 
 } // namespace velumo

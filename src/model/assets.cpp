@@ -1,4 +1,3 @@
-// Pictures and fonts that the objects of a form name.
 #include "model/assets.h"
 
 #include <SDL_image.h>
@@ -71,13 +70,3 @@ void release_assets(vel_context &ctx) {
 }
 
 } // namespace velumo
-
-using namespace velumo;
-
-int32_t vel_load_object_images(vel_context *ctx, uint32_t first) noexcept {
-    return load_images(*ctx, first);
-}
-
-int32_t vel_load_object_fonts(vel_context *ctx, uint32_t first) noexcept {
-    return load_fonts(*ctx, first, FontMessages::print);
-}

@@ -1,13 +1,12 @@
 // Pictures and fonts of loaded objects. For start-up.
 #pragma once
 
-#include "model/objects.h"
+#include "model/start.h"
 
 namespace velumo {
 
 i32 load_images(vel_context &ctx, u32 first);
 
-enum class FontMessages { print, keep_quiet };
 i32 load_fonts(vel_context &ctx, u32 first, FontMessages messages);
 
 void release_assets(vel_context &ctx);

@@ -1,7 +1,6 @@
-// Decimal numbers in strings, with edge behaviour of their own.
-#include <cstring>
+#include "model/numbers.h"
 
-#include "model/objects.h"
+#include <cstring>
 
 namespace velumo {
 namespace {
@@ -22,9 +21,9 @@ u32 count_digits(float tenth_of_value) {
     return static_cast<u32>(above - std::begin(powers_of_ten)) + 1;
 }
 
-// Digits left of the buffer, which the miscounted numbers have, are dropped.
+// Digits before the start of the buffer, which the miscounted numbers have, are dropped.
 void write_digit(i32 digit, i32 position, char *destination) {
-    if (position >= 0) vel_transform_int_to_asccii(digit, destination + position);
+    if (position >= 0) digit_to_character(digit, destination[position]);
 }
 
 void write_digits(u32 value, u32 digits, char *destination) {
@@ -47,48 +46,48 @@ void write_digits(u32 value, u32 digits, char *destination) {
 }
 
 } // namespace
-} // namespace velumo
 
-using namespace velumo;
-
-int32_t vel_transform_int_to_asccii(int32_t digit, char *destination) noexcept {
+bool digit_to_character(i32 digit, char &character) {
     const bool is_digit = digit >= 0 && digit <= 9;
-    *destination = static_cast<char>('0' + (is_digit ? digit : 0));
-    return is_digit ? 1 : -1;
+    character = static_cast<char>('0' + (is_digit ? digit : 0));
+    return is_digit;
 }
 
-int32_t vel_transform_ascii_to_int(uint32_t *destination, const char *character) noexcept {
-    const bool is_digit = *character >= '0' && *character <= '9';
-    *destination = is_digit ? static_cast<u32>(*character - '0') : 0;
-    return is_digit ? 1 : -1;
+bool character_to_digit(char character, u32 &digit) {
+    const bool is_digit = character >= '0' && character <= '9';
+    digit = is_digit ? static_cast<u32>(character - '0') : 0;
+    return is_digit;
 }
 
-void vel_transform_str_to_num(const char *string, uint32_t *destination) noexcept {
-    const auto length = static_cast<u32>(strnlen(string, most_digits_read + 1));
-    *destination = 0;
-    for (u32 k = 0; k < std::min(length, most_digits_read); ++k) {
+u32 string_to_number(const char *string) {
+    const auto length = static_cast<u32>(strnlen(string, most_digits_read));
+    u32 number = 0;
+    for (u32 k = 0; k < length; ++k) {
         u32 digit = 0;
-        vel_transform_ascii_to_int(&digit, string + k);
-        *destination = *destination * 10 + digit;
+        character_to_digit(string[k], digit);
+        number = number * 10 + digit;
     }
+    return number;
 }
 
-int32_t vel_transform_num_to_str(const uint32_t *value, char *destination) noexcept {
-    const u32 digits = count_digits(tenth(*value));
+i32 number_to_string(u32 value, char *destination) {
+    const u32 digits = count_digits(tenth(value));
     if (digits == 0) return -1;
     destination[digits] = '\0';
     if (digits == 1) {
-        vel_transform_int_to_asccii(as_signed(*value), destination);
+        digit_to_character(as_signed(value), destination[0]);
     } else {
-        write_digits(*value, digits, destination);
+        write_digits(value, digits, destination);
     }
     return as_signed(digits);
 }
 
-uint32_t vel_zehnerpotenz(uint32_t exponent) noexcept {
+u32 power_of_ten(u32 exponent) {
     // On purpose: the power for 0 is 10 as well.
     u32 power = 10;
     // Ten to the 32 is 0 modulo 2 to the 32, and stays 0.
     for (u32 k = 1; k < std::min<u32>(exponent, 32); ++k) power *= 10;
     return power;
 }
+
+} // namespace velumo

@@ -1,5 +1,4 @@
-// Objects by number, the walks over their dependents, and small questions about one object. For
-// every subsystem.
+// Objects by number, their dependents, and small questions about one object. For every subsystem.
 #pragma once
 
 #include <algorithm>
@@ -7,20 +6,25 @@
 #include <span>
 #include <vector>
 
-#include "velumo.h"
+#include "model/state.h"
 
 namespace velumo {
 
 using i32 = std::int32_t;
 using u32 = std::uint32_t;
+using i64 = std::int64_t;
 using u8 = std::uint8_t;
 
-// Coordinates are unsigned and wrap; where their sign counts, they are compared through this.
+// Coordinates lie in the records as unsigned numbers that wrap around. The library computes with
+// them as signed numbers, of 64 bits so that no sum overflows, once a record's own arithmetic is
+// done.
 constexpr i32 as_signed(u32 value) { return static_cast<i32>(value); }
+constexpr u32 as_field(i64 value) { return static_cast<u32>(value); }
 
 // A number beyond a table of known size stands for record 0, the empty record.
 inline u32 object_index(const vel_context &ctx, u32 number) {
-    return ctx.object_records != 0 && number >= ctx.object_records ? 0 : number;
+    const u32 records = object_records(ctx);
+    return records != 0 && number >= records ? 0 : number;
 }
 // 0, or a number beyond the tables: there is nothing to draw or to move.
 inline bool names_nothing(const vel_context &ctx, u32 number) {
@@ -35,16 +39,17 @@ inline const vel_object &object_at(const vel_context &ctx, u32 number) {
 
 // Whether the table has an object of this number, as far as its length is known.
 inline bool has_object(const vel_context &ctx, u32 number) {
-    return number != 0 &&
-           (ctx.object_records != 0 ? number < ctx.object_records : number <= ctx.object_count);
+    const u32 records = object_records(ctx);
+    return number != 0 && (records != 0 ? number < records : number <= ctx.object_count);
 }
 
 // Frame buttons that the table has: 7, or fewer in a table that is shorter. A table that a program
 // has filled and not counted has them all.
 inline u32 frame_button_count(const vel_context &ctx) {
     if (ctx.objects == nullptr) return 0;
-    const u32 known = ctx.object_records != 0 ? ctx.object_records - 1 : ctx.object_count;
-    const bool is_counted = ctx.object_records != 0 || ctx.object_count != 0;
+    const u32 records = object_records(ctx);
+    const u32 known = records != 0 ? records - 1 : ctx.object_count;
+    const bool is_counted = records != 0 || ctx.object_count != 0;
     return is_counted ? std::min<u32>(known, VEL_FRAME_BUTTONS) : VEL_FRAME_BUTTONS;
 }
 
@@ -53,11 +58,6 @@ inline bool is_drawable(const vel_object &object) { return object.hidden == 0 &&
 inline bool is_top_level_window(const vel_object &object) {
     return object.type == VEL_TYPE_WINDOW && object.master == 0;
 }
-// Captions are the one-line texts that stand in an object's label.
-inline bool has_caption(const vel_object &object) {
-    return object.type == VEL_TYPE_LABEL || object.type == VEL_TYPE_ENTRY ||
-           object.type == VEL_TYPE_NUMBER;
-}
 
 // The numbers of an object's dependents: at most 100, ending at the first 0.
 inline std::span<const u32> dependents_of(const vel_object &object) {
@@ -65,25 +65,5 @@ inline std::span<const u32> dependents_of(const vel_object &object) {
             std::find(std::begin(object.dep_objs), std::end(object.dep_objs), 0U)};
 }
 inline bool has_dependents(const vel_object &object) { return object.dep_objs[0] != 0; }
-
-enum class Walk { descend, skip, stop };
-
-// Visits the dependents of an object depth first, each before its own dependents. The visitor gets
-// a number and says whether to go on below it. The levels lie on the heap, so that a form nested
-// thousands of levels deep cannot exhaust the stack.
-template <class Visitor> void walk_dependents(const vel_context &ctx, u32 master, Visitor visit) {
-    std::vector<std::span<const u32>> levels{dependents_of(object_at(ctx, master))};
-    while (!levels.empty()) {
-        if (levels.back().empty()) {
-            levels.pop_back();
-            continue;
-        }
-        const u32 number = levels.back().front();
-        levels.back() = levels.back().subspan(1);
-        const Walk next = visit(number);
-        if (next == Walk::stop) return;
-        if (next == Walk::descend) levels.push_back(dependents_of(object_at(ctx, number)));
-    }
-}
 
 } // namespace velumo

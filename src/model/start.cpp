@@ -1,22 +1,13 @@
-// Start-up and shutdown of a context.
-#include <cstdio>
+#include "model/start.h"
+
 #include <cstdlib>
 #include <new>
 
 #include "model/assets.h"
-#include "model/file.h"
 #include "model/form_check.h"
-#include "model/listings.h"
 
 namespace velumo {
 namespace {
-
-struct Form {
-    u32 spare_objects, spare_texts;
-    const char *form_path, *text_path;
-    Access access;
-    FontMessages font_messages;
-};
 
 i32 error_code(FileError error, i32 open_error) {
     switch (error) {
@@ -32,29 +23,24 @@ i32 error_code(FileError error, i32 open_error) {
     return VEL_ERROR_READ;
 }
 
-i32 read_table(const char *path, Access access, i32 open_error, u32 spare, Tables &tables,
-               bool (*read)(Bytes, u32, Tables &)) {
-    const FileContent file = read_file(path, access);
-    if (file.error != FileError::none) return error_code(file.error, open_error);
-    return read(file.bytes(), spare, tables) ? VEL_OK : VEL_ERROR_MEMORY;
-}
-
 i32 read_tables(const Form &form, Tables &tables) {
-    const i32 result = read_table(form.form_path, form.access, VEL_ERROR_FORM_FILE,
-                                  form.spare_objects, tables, read_objects);
-    if (result != VEL_OK || !needs_texts(tables)) return result;
-    return read_table(form.text_path, form.access, VEL_ERROR_TEXT_FILE, form.spare_texts, tables,
-                      read_texts);
+    const FileContent objects = read_file(form.form_path, form.access);
+    if (objects.error != FileError::none) return error_code(objects.error, VEL_ERROR_FORM_FILE);
+    if (!read_objects(objects.bytes(), form.spare_objects, tables)) return VEL_ERROR_MEMORY;
+    if (!needs_texts(tables)) return VEL_OK;
+    const FileContent texts = read_file(form.text_path, form.access);
+    if (texts.error != FileError::none) return error_code(texts.error, VEL_ERROR_TEXT_FILE);
+    return read_texts(texts.bytes(), form.spare_texts, tables) ? VEL_OK : VEL_ERROR_MEMORY;
 }
 
-void hand_over(Tables &tables, vel_context &ctx) {
+void hand_over(Tables &tables, vel_context &ctx, vel_state &state) {
     ctx.objects = tables.objects.release();
     ctx.object_count = tables.object_count;
-    ctx.object_records = tables.object_records;
+    state.object_records = tables.object_records;
     ctx.text_recs = tables.texts.release();
     ctx.text_bufs = tables.buffers.release();
     ctx.text_count = tables.text_count;
-    ctx.text_records = tables.text_records;
+    state.text_records = tables.text_records;
 }
 
 void set_mark_colour(vel_context &ctx) {
@@ -62,13 +48,14 @@ void set_mark_colour(vel_context &ctx) {
     if (ctx.frame_mode == VEL_MODE_SCROLL) ctx.mark_colour = ctx.mark_colour_b;
 }
 
-// The one start-up below both entry points. The context is touched only when both files are read.
-i32 start(vel_context &ctx, const Form &form) try {
+} // namespace
+
+i32 load(vel_context &ctx, const Form &form) try {
     Tables tables;
     const i32 result = read_tables(form, tables);
     if (result != VEL_OK) return result;
     remove_dangling_references(tables, form.form_path);
-    hand_over(tables, ctx);
+    hand_over(tables, ctx, state_of(ctx));
     load_images(ctx, 1);
     load_fonts(ctx, 1, form.font_messages);
     set_mark_colour(ctx);
@@ -77,42 +64,7 @@ i32 start(vel_context &ctx, const Form &form) try {
     return VEL_ERROR_MEMORY;
 }
 
-bool has_null(const vel_context *ctx, const char *form_path, const char *text_path) {
-    return ctx == nullptr || form_path == nullptr || text_path == nullptr;
-}
-
-} // namespace
-} // namespace velumo
-
-using namespace velumo;
-
-void vel_start_velumo(vel_context *ctx, uint32_t extra_objs, uint32_t extra_texts,
-                      const char *form_path, const char *text_path) noexcept {
-    const i32 result = start(*ctx, {.spare_objects = extra_objs,
-                                    .spare_texts = extra_texts,
-                                    .form_path = form_path,
-                                    .text_path = text_path,
-                                    .access = Access::read_write,
-                                    .font_messages = FontMessages::print});
-    if (result == VEL_OK) return;
-    // On purpose: the second message has a line end of its own before that of puts, and a missing
-    // file ends the process with success.
-    std::puts(result == VEL_ERROR_TEXT_FILE ? "Can't open file !\n" : "Can't open file.");
-    std::exit(EXIT_SUCCESS);
-}
-
-int32_t vel_load_forms(vel_context *ctx, uint32_t extra_objs, uint32_t extra_texts,
-                       const char *form_path, const char *text_path) noexcept {
-    if (has_null(ctx, form_path, text_path)) return VEL_ERROR_ARGUMENT;
-    return start(*ctx, {.spare_objects = extra_objs,
-                        .spare_texts = extra_texts,
-                        .form_path = form_path,
-                        .text_path = text_path,
-                        .access = Access::read_only,
-                        .font_messages = FontMessages::keep_quiet});
-}
-
-const char *vel_error_text(int32_t code) noexcept {
+const char *error_text(i32 code) {
     switch (code) {
     case VEL_OK:
         return "no error";
@@ -135,17 +87,19 @@ const char *vel_error_text(int32_t code) noexcept {
     }
 }
 
-void vel_close(vel_context *ctx) noexcept {
-    if (ctx->font != nullptr) TTF_CloseFont(ctx->font);
-    SDL_FreeSurface(ctx->text_surface);
-    SDL_FreeSurface(ctx->screen);
-    release_assets(*ctx);
-    if (ctx->texts_loaded == 1) {
-        std::free(ctx->text_recs);
-        std::free(ctx->text_bufs);
+void close(vel_context &ctx) {
+    if (ctx.font != nullptr) TTF_CloseFont(ctx.font);
+    SDL_FreeSurface(ctx.text_surface);
+    SDL_FreeSurface(ctx.screen);
+    release_assets(ctx);
+    if (ctx.texts_loaded == 1) {
+        std::free(ctx.text_recs);
+        std::free(ctx.text_bufs);
     }
-    std::free(ctx->objects);
-    delete ctx->listings;
+    std::free(ctx.objects);
+    release_state(ctx);
     TTF_Quit();
     SDL_Quit();
 }
+
+} // namespace velumo

@@ -1,34 +1,24 @@
-// String helpers with edge behaviour of their own.
+#include "model/strings.h"
+
 #include <cstring>
 
-#include "model/objects.h"
+namespace velumo {
 
-using namespace velumo;
-
-uint32_t vel_strcmp(const char *a, const char *b, uint32_t n) noexcept {
-    u32 verdict = 0;
+Verdict compare(const char *a, const char *b, u32 n) {
+    Verdict verdict = Verdict::nothing_compared;
     u32 i = 0;
     // On purpose: the verdict is overwritten at each character, so only the last one counts, and
     // n + 1 characters are compared.
-    for (; a[i] != '\0' && b[i] != '\0' && i <= n; ++i) verdict = a[i] == b[i] ? 1 : 2;
+    for (; a[i] != '\0' && b[i] != '\0' && i <= n; ++i) {
+        verdict = a[i] == b[i] ? Verdict::equal : Verdict::different;
+    }
     if (i >= n) return verdict;
-    return a[i] == '\0' && b[i] == '\0' ? 1 : 2;
+    return a[i] == '\0' && b[i] == '\0' ? Verdict::equal : Verdict::different;
 }
 
-uint32_t vel_count_string_size_without_zero(const char *string) noexcept {
-    return static_cast<u32>(std::strlen(string));
-}
+u32 length_of(const char *string) { return static_cast<u32>(std::strlen(string)); }
 
-uint32_t vel_get_lastposition(const char *string) noexcept {
-    return vel_count_string_size_without_zero(string);
-}
-
-uint32_t vel_get_lastposition_before_zero(const char *string) noexcept {
-    // On purpose: an empty string wraps to 0xFFFFFFFF, and callers add one to get the length back.
-    return vel_count_string_size_without_zero(string) - 1;
-}
-
-void vel_copy_st_first_part(uint32_t n, const char *source, char *destination) noexcept {
+void copy_up_to(u32 n, const char *source, char *destination) {
     // On purpose: n is the index of the last character, so n + 1 characters are copied. They are
     // copied one by one, from the first on, so a string may be moved to the left within its field.
     std::size_t count = 0;
@@ -36,7 +26,7 @@ void vel_copy_st_first_part(uint32_t n, const char *source, char *destination) n
     destination[count] = '\0';
 }
 
-uint32_t vel_copy_st_last_part(const char *source, char *destination) noexcept {
+u32 copy_nonempty(const char *source, char *destination) {
     u32 count = 0;
     // On purpose: the first byte is copied before any test.
     do {
@@ -46,3 +36,5 @@ uint32_t vel_copy_st_last_part(const char *source, char *destination) noexcept {
     destination[count] = '\0';
     return count;
 }
+
+} // namespace velumo

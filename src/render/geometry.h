@@ -2,56 +2,77 @@
 #pragma once
 
 #include "model/axis.h"
+#include "render/rect.h"
 
 namespace velumo {
 
-// Limits on one axis: the last coordinates outside, before and after what may be used.
+// Coordinates on one axis: the first one inside and the first one after it.
 struct Span {
-    u32 before, after;
+    i64 begin, end;
 
-    bool holds(u32 coordinate) const {
-        return as_signed(before) < as_signed(coordinate) &&
-               as_signed(coordinate) < as_signed(after);
-    }
+    bool holds(i64 coordinate) const { return begin <= coordinate && coordinate < end; }
 };
+
+// What lies strictly between two numbers of 32 bits, as the interface gives limits.
+inline Span between(u32 before, u32 after) {
+    return {i64{as_signed(before)} + 1, as_signed(after)};
+}
+
+// From one number of 32 bits to another, both included.
+inline Span stretch(u32 first, u32 last) { return {as_signed(first), i64{as_signed(last)} + 1}; }
 
 struct Limits {
     Span x, y;
 
-    bool hold(u32 column, u32 row) const { return x.holds(column) && y.holds(row); }
+    bool hold(i64 column, i64 row) const { return x.holds(column) && y.holds(row); }
 };
+
+// The top-level object that an object hangs on in the end; 0 when it has no master.
+u32 root_of(const vel_context &ctx, u32 number);
 
 // Size of a top-level object as far as the screen shows it.
 u32 cut_size(const vel_context &ctx, const vel_object &object, const Axis &axis);
+// The same as a rectangle, of which the display is updated.
+Rect cut_rect(const vel_context &ctx, const vel_object &object);
+
+// Size of a dependent inside its masters.
+// On purpose: the height looks at every second master only.
+enum class Climb { master, grandmaster };
+u32 size_in_masters(const vel_context &ctx, u32 number, const Axis &axis, Climb climb);
+
+inline Span extent_of(const vel_object &object, const Axis &axis) {
+    const u32 start = object.*axis.position;
+    return stretch(start, start + object.*axis.size - 1);
+}
 
 // What lies inside an object's margins when its size is as given.
 inline Span inside_margins(const vel_object &object, u32 size, const Axis &axis) {
     const u32 start = object.*axis.position;
-    return {start + object.*axis.margin_before - 1, start + size - object.*axis.margin_after};
+    return between(start + object.*axis.margin_before - 1,
+                   start + size - object.*axis.margin_after);
 }
 
 Limits dependent_limits(const vel_context &ctx, u32 object);
 Limits text_limits(const vel_context &ctx, u32 object);
 
-// How a stretch from first to last lies to its limits.
+// How something lies to its limits.
 struct Overlap {
     bool first_in, last_in, spans;
 
     bool any() const { return first_in || last_in || spans; }
 };
-Overlap overlap_of(Span limits, u32 first, u32 last);
+Overlap overlap_of(Span limits, Span extent);
 
-// What limits leave of a stretch: where it shows, which part of it that is, and how much.
+// What limits leave of something that is full pixels long: where it shows, which part of it that
+// is, and how much.
 struct Piece {
     enum class Cut { hidden, none, before, after, both };
     Cut cut;
-    u32 at, from, extent;
+    i64 at, from, length;
 };
-Piece visible_piece(Span limits, u32 start, u32 end, u32 full);
+Piece visible_piece(Span limits, Span extent, u32 full);
 
-// Pixels strictly between two limits; 0 when they leave none.
-inline u32 room_between(u32 before, u32 after) {
-    return static_cast<u32>(std::max(as_signed(after - (before + 1)), 0));
-}
+// Pixels of a span, counted in 32 bits; 0 when it has none.
+inline i64 room_in(Span span) { return std::max(as_signed(as_field(span.end - span.begin)), 0); }
 
 } // namespace velumo

@@ -1,20 +1,21 @@
-// The marks of the active window: an outline and a square left of its corner.
+#include "render/marks.h"
+
 #include "render/geometry.h"
 #include "render/paint.h"
-#include "render/primitives.h"
+#include "render/surface.h"
 
 namespace velumo {
 namespace {
 
-constexpr u32 mark_size = 10;
+constexpr i64 mark_size = 10;
 
-void draw_outline(vel_context &ctx, const vel_object &o, vel_colour colour) {
-    draw_rectangle(ctx, o.x - 1, o.y - 1, cut_size(ctx, o, horizontal) + 2,
-                   cut_size(ctx, o, vertical) + 2, colour);
+Rect outline_of(const vel_context &ctx, const vel_object &o) {
+    const Rect window = cut_rect(ctx, o);
+    return {window.x - 1, window.y - 1, window.width + 2, window.height + 2};
 }
 
-void draw_square(vel_context &ctx, const vel_object &o, vel_colour colour) {
-    draw_box(ctx, o.x - mark_size, o.y - 1, mark_size, mark_size, colour);
+Rect square_of(const vel_object &o) {
+    return {o.x - mark_size, i64{o.y} - 1, mark_size, mark_size};
 }
 
 // On purpose: drawing the marks moves objects of every type, less far down than erasing them does,
@@ -25,34 +26,33 @@ void make_room(vel_object &o, i32 last_row_moved) {
 }
 
 } // namespace
-} // namespace velumo
 
-using namespace velumo;
-
-void vel_draw_selected_lines(vel_context *ctx, uint32_t object) noexcept {
-    if (names_nothing(*ctx, object)) return;
-    vel_object &o = object_at(*ctx, object);
+void draw_mark_outline(vel_context &ctx, u32 window) {
+    if (names_nothing(ctx, window)) return;
+    vel_object &o = object_at(ctx, window);
     make_room(o, 0);
-    draw_outline(*ctx, o, ctx->mark_colour);
+    draw_outline(ctx, outline_of(ctx, o), ctx.mark_colour);
 }
 
-void vel_draw_selected_box(vel_context *ctx, uint32_t object) noexcept {
-    if (names_nothing(*ctx, object)) return;
-    vel_object &o = object_at(*ctx, object);
+void draw_mark_square(vel_context &ctx, u32 window) {
+    if (names_nothing(ctx, window)) return;
+    vel_object &o = object_at(ctx, window);
     make_room(o, 1);
-    draw_square(*ctx, o, ctx->mark_colour);
+    draw_box(ctx, square_of(o), ctx.mark_colour);
 }
 
-void vel_undraw_selected_lines(vel_context *ctx, uint32_t object) noexcept {
-    if (names_nothing(*ctx, object)) return;
-    vel_object &o = object_at(*ctx, object);
+void erase_mark_outline(vel_context &ctx, u32 window) {
+    if (names_nothing(ctx, window)) return;
+    vel_object &o = object_at(ctx, window);
     keep_window_on_screen(o);
-    draw_outline(*ctx, o, ctx->background_colour);
+    draw_outline(ctx, outline_of(ctx, o), ctx.background_colour);
 }
 
-void vel_undraw_selected_box(vel_context *ctx, uint32_t object) noexcept {
-    if (names_nothing(*ctx, object)) return;
-    vel_object &o = object_at(*ctx, object);
+void erase_mark_square(vel_context &ctx, u32 window) {
+    if (names_nothing(ctx, window)) return;
+    vel_object &o = object_at(ctx, window);
     keep_window_on_screen(o);
-    draw_square(*ctx, o, ctx->background_colour);
+    draw_box(ctx, square_of(o), ctx.background_colour);
 }
+
+} // namespace velumo

@@ -1,9 +1,9 @@
-// Painting of one object: its body or picture, its text lines, its border.
 #include "render/paint.h"
 
+#include "model/types.h"
+#include "render/borders.h"
 #include "render/geometry.h"
-#include "render/primitives.h"
-#include "render/rect.h"
+#include "render/surface.h"
 #include "text/lines.h"
 #include "text/measure.h"
 
@@ -21,58 +21,63 @@ Size top_level_size(const vel_context &ctx, u32 number, const vel_object &object
 
 vel_colour fill_colour(const vel_object &o) { return colour_of(o.fill_r, o.fill_g, o.fill_b); }
 
-bool is_picture(const vel_object &o) { return o.type == VEL_TYPE_PICTURE; }
-bool has_box(const vel_object &o) {
-    return o.type != VEL_TYPE_PICTURE_UNLOADED && o.type != VEL_TYPE_PICTURE;
-}
-bool is_known_type(const vel_object &o) {
-    return o.type >= VEL_TYPE_WINDOW && o.type <= VEL_TYPE_PICTURE;
-}
-
 void blit(vel_context &ctx, SDL_Surface *surface, const Piece &x, const Piece &y) {
-    SDL_Rect from = sdl_rect(x.from, y.from, x.extent, y.extent);
-    SDL_Rect to = sdl_rect(x.at, y.at, x.extent, y.extent);
+    SDL_Rect from = sdl_rect({x.from, y.from, x.length, y.length});
+    SDL_Rect to = sdl_rect({x.at, y.at, x.length, y.length});
     if (surface != nullptr) SDL_UpperBlit(surface, &from, ctx.screen, &to);
 }
 
 void paint_top_level_body(vel_context &ctx, const vel_object &o, Size size) {
-    if (has_box(o)) draw_box(ctx, o.x, o.y, size.width, size.height, fill_colour(o));
-    if (is_picture(o) && o.image != nullptr) {
-        const auto whole = [](u32 at, int extent) {
-            return Piece{Piece::Cut::none, at, 0, static_cast<u32>(extent)};
+    switch (type_of(o).body) {
+    case Body::box:
+    case Body::box_at_top_level:
+        draw_box(ctx, {o.x, o.y, size.width, size.height}, fill_colour(o));
+        break;
+    case Body::picture: {
+        if (o.image == nullptr) break;
+        const auto whole = [](u32 at, int length) {
+            return Piece{Piece::Cut::none, at, 0, length};
         };
         blit(ctx, o.image, whole(o.x, o.image->w), whole(o.y, o.image->h));
+        break;
+    }
+    case Body::none:
+        break;
     }
 }
 
 Piece visible_body(Span limits, const vel_object &o, const Axis &axis) {
-    const u32 start = o.*axis.position;
-    const u32 size = o.*axis.size;
-    return visible_piece(limits, start, start + size - 1, size);
+    return visible_piece(limits, extent_of(o, axis), o.*axis.size);
 }
 
 void paint_dependent_body(vel_context &ctx, u32 number, const vel_object &o) {
-    if (!is_known_type(o)) return;
+    const Body body = type_of(o).body;
+    if (body != Body::box && body != Body::picture) return;
     const Limits limits = dependent_limits(ctx, number);
     const Piece x = visible_body(limits.x, o, horizontal);
     const Piece y = visible_body(limits.y, o, vertical);
-    if (x.extent == 0 || y.extent == 0) return;
-    if (is_picture(o)) blit(ctx, o.image, x, y);
-    if (has_box(o)) draw_box(ctx, x.at, y.at, x.extent, y.extent, fill_colour(o));
+    if (x.length == 0 || y.length == 0) return;
+    if (body == Body::picture) {
+        blit(ctx, o.image, x, y);
+    } else {
+        draw_box(ctx, {x.at, y.at, x.length, y.length}, fill_colour(o));
+    }
 }
 
 bool has_text(const vel_context &ctx, const vel_object &o) {
-    if (has_caption(o)) return o.label[0] != '\0';
     const u32 text = text_of(ctx, o);
-    switch (o.type) {
-    case VEL_TYPE_WINDOW:
-    case VEL_TYPE_TEXT:
+    const u32 buffer = buffer_of(ctx, o);
+    switch (type_of(o).text) {
+    case TextKind::caption:
+        return o.label[0] != '\0';
+    case TextKind::paragraphs:
         return text != 0 && ctx.text_recs[text].text[0] != '\0';
-    case VEL_TYPE_CHAIN:
-        return buffer_of(ctx, o) != 0 && *line_of(ctx, buffer_of(ctx, o), 0) != '\0';
-    default:
-        return false;
+    case TextKind::chain:
+        return buffer != 0 && *line_of(ctx, buffer, 0) != '\0';
+    case TextKind::none:
+        break;
     }
+    return false;
 }
 
 bool centres_lines(const vel_object &o) {
@@ -90,10 +95,10 @@ public:
         u32 top = object_.y + object_.margin_top + object_.scroll_y;
         // On purpose: the bottom of the first line is one pixel lower than that of the others.
         u32 bottom = top + pitch_;
-        for (u32 line = 0; line <= object_.number_of_lines && line <= last_line &&
-                           as_signed(top) < as_signed(limits_.y.after);
+        for (u32 line = 0;
+             line <= object_.number_of_lines && line <= last_line && as_signed(top) < limits_.y.end;
              ++line) {
-            const bool painted = paint_line(text_at(line), top, bottom);
+            const bool painted = paint_line(text_at(line), stretch(top, bottom));
             // On purpose: a caption is tried at each line's place and painted at the first that
             // shows.
             if (painted && has_caption(object_)) return;
@@ -107,16 +112,17 @@ private:
         return has_caption(object_) ? object_.label : line_of(ctx_, buffer_of(ctx_, object_), line);
     }
 
-    bool paint_line(const char *text, u32 top, u32 bottom) {
+    bool paint_line(const char *text, Span rows) {
         const u32 width = text_width(font_, text);
         if (centres_lines(object_)) centre(width);
         const u32 left = object_.x + object_.margin_left + object_.scroll_x;
-        const Piece y = visible_piece(limits_.y, top, bottom, pitch_);
-        Piece x = visible_piece(limits_.x, left, left + width, width);
+        const Piece y = visible_piece(limits_.y, rows, pitch_);
+        // On purpose: a line ends one pixel after its last.
+        Piece x = visible_piece(limits_.x, stretch(left, left + width), width);
         if (x.cut == Piece::Cut::both) {
             // On purpose: here the visible part is one pixel narrower than the limits allow, and
             // it starts where that of an earlier line did.
-            x.extent = room_between(limits_.x.before + 1, limits_.x.after);
+            x.length = room_in({limits_.x.begin + 1, limits_.x.end});
             x.from = source_x_;
         } else if (x.cut != Piece::Cut::hidden) {
             source_x_ = x.from;
@@ -127,13 +133,13 @@ private:
     // The offset stays in the record.
     void centre(u32 width) {
         if (cut_size(ctx_, object_, horizontal) <= width) return;
-        const i32 free = as_signed(limits_.x.after - limits_.x.before - 1 - width);
-        object_.scroll_x = static_cast<u32>(free / 2);
+        const i32 free = as_signed(as_field(limits_.x.end - limits_.x.begin - width));
+        object_.scroll_x = as_field(free / 2);
     }
 
     bool show(const char *text, const Piece &x, const Piece &y) {
         if (x.cut == Piece::Cut::hidden || y.cut == Piece::Cut::hidden) return false;
-        if (x.extent == 0 || (y.cut == Piece::Cut::both && y.extent == 0)) return false;
+        if (x.length == 0 || (y.cut == Piece::Cut::both && y.length == 0)) return false;
         const vel_colour c = colour_of(object_.text_r, object_.text_g, object_.text_b);
         SDL_FreeSurface(ctx_.text_surface);
         ctx_.text_surface = TTF_RenderText_Blended(font_, text, SDL_Color{c.r, c.g, c.b, 0});
@@ -146,7 +152,7 @@ private:
     const Limits limits_;
     TTF_Font *font_;
     const u32 pitch_;
-    u32 source_x_ = 0;
+    i64 source_x_ = 0;
 };
 
 void paint_text(vel_context &ctx, u32 number, vel_object &o, Size size) {
@@ -165,6 +171,21 @@ void keep_from_edge(vel_object &object, const Axis &axis) {
 
 } // namespace
 
+void paint_object(vel_context &ctx, u32 number) {
+    if (names_nothing(ctx, number) || ctx.screen == nullptr) return;
+    vel_object &o = object_at(ctx, number);
+    // On purpose: the size is taken before the window is moved onto the screen.
+    const Size size = top_level_size(ctx, number, o);
+    keep_window_on_screen(o);
+    if (o.master == 0) {
+        paint_top_level_body(ctx, o, size);
+    } else {
+        paint_dependent_body(ctx, number, o);
+    }
+    paint_text(ctx, number, o, size);
+    paint_border(ctx, number);
+}
+
 void keep_window_on_screen(vel_object &object) {
     if (!is_top_level_window(object)) return;
     keep_from_edge(object, horizontal);
@@ -172,19 +193,3 @@ void keep_window_on_screen(vel_object &object) {
 }
 
 } // namespace velumo
-
-using namespace velumo;
-
-void vel_evoke_object(vel_context *ctx, uint32_t object) noexcept {
-    if (names_nothing(*ctx, object) || ctx->screen == nullptr) return;
-    vel_object &o = object_at(*ctx, object);
-    const Size size = top_level_size(*ctx, object, o);
-    keep_window_on_screen(o);
-    if (o.master == 0) {
-        paint_top_level_body(*ctx, o, size);
-    } else {
-        paint_dependent_body(*ctx, object, o);
-    }
-    paint_text(*ctx, object, o, size);
-    vel_evoke_borders(ctx, object);
-}

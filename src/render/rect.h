@@ -1,16 +1,18 @@
-// Numbers cut to the 16 bits of an SDL_Rect, and the update of the display. For all drawing.
+// Rectangles and their way into an SDL_Rect. For all drawing.
 #pragma once
 
 #include "model/objects.h"
 
 namespace velumo {
 
-inline SDL_Rect sdl_rect(u32 x, u32 y, u32 width, u32 height) {
-    return {static_cast<Sint16>(x), static_cast<Sint16>(y), static_cast<Uint16>(width),
-            static_cast<Uint16>(height)};
-}
+struct Rect {
+    i64 x, y, width, height;
+};
 
-// Updates a rectangle of the display, as far as it lies on it. Without a display nothing happens.
-void update_display(const vel_context &ctx, SDL_Rect rect);
+// SDL keeps 16 bits of each number; the higher ones are dropped.
+inline SDL_Rect sdl_rect(const Rect &r) {
+    return {static_cast<Sint16>(r.x), static_cast<Sint16>(r.y), static_cast<Uint16>(r.width),
+            static_cast<Uint16>(r.height)};
+}
 
 } // namespace velumo

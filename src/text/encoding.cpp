@@ -1,4 +1,3 @@
-// Conversion between UTF-8 and ISO 8859-1.
 #include "text/encoding.h"
 
 #include "model/objects.h"

@@ -1,66 +1,58 @@
-// Formatting of the texts and captions of single objects.
+#include "text/format.h"
+
 #include <cstring>
 
-#include "render/geometry.h"
+#include "model/types.h"
 #include "text/line_breaker.h"
+#include "text/line_width.h"
 
 namespace velumo {
 namespace {
 
-// The rules of an object that has its 40 lines and no others.
-class ObjectLines final : public LineBreaker {
-public:
-    ObjectLines(vel_context &ctx, u32 object, u32 text) : LineBreaker(ctx, object, text) {}
+// The lines of an object that has its 40 and no others.
+struct ObjectLines {
+    // On purpose: after a word without room the blank that follows it is still appended.
+    static constexpr bool stops_at_once = false;
 
-private:
-    bool has_room() const override { return place_.line <= last_line; }
+    vel_context &ctx;
+    vel_object &o;
+    Place place;
 
-    i32 place_word(u32 break_after) override {
-        return vel_copy_word_into_line(&ctx_, object_, word_, &place_.line, &place_.column,
-                                       &word_length_, break_after);
-    }
+    const vel_object &object() const { return o; }
+    bool has_room() const { return place.line <= last_line; }
 
-    void end_of_text() override {
-        if (!word_is_empty()) place_word(0);
-        end_line(ctx_, place_);
-        finished_ = true;
-    }
-
-    void line_feed() override {
-        const bool ends_word = !in_spaces_ && !word_is_empty();
-        if (ends_word) place_word(0);
-        end_line(ctx_, place_);
-        if (place_.line < last_line && ends_word) clear_word();
-        full_line();
-    }
-
-    void blank_after_word() override {
-        const i32 placed = place_word(0);
-        if (placed == -1) finished_ = true;
-        // On purpose: a word that was split stays in the buffer and is placed once more, joined to
-        // the next.
-        if (placed == 0) {
-            clear_word();
-            end_line(ctx_, place_);
+    Left place_word(Word word) {
+        switch (velumo::place_word(ctx, o, word, place, false)) {
+        case Placed::whole:
+            return Left::nothing;
+        case Placed::split:
+            return Left::the_word;
+        case Placed::out_of_lines:
+            break;
         }
+        return Left::no_room;
     }
 
-    void blank_behind_last_line() override { finished_ = true; }
-
-    void full_line() override {
-        if (place_.line < last_line) {
-            next_line(place_);
-        } else {
-            finished_ = true;
-        }
+    bool place_word_and_break(Word word) {
+        place_word(word);
+        return break_line();
     }
+
+    bool break_line() {
+        end_line(ctx, place);
+        return next_line() != Next::nowhere;
+    }
+
+    Next next_line() {
+        if (place.line >= last_line) return Next::nowhere;
+        velumo::next_line(place);
+        return Next::line;
+    }
+
+    void finish() {}
 };
 
-bool has_formatted_text(const vel_object &o) {
-    return o.type == VEL_TYPE_WINDOW || o.type == VEL_TYPE_TEXT;
-}
-
-// Half of what is free beside a caption goes to a margin, when it is more than 2 pixels.
+// Half of what a caption leaves free goes to a margin, when it is more than 2 pixels.
 bool centre(u32 size, int caption, u32 &margin) {
     const i32 free = as_signed(size - static_cast<u32>(caption));
     if (free <= 2) return false;
@@ -80,40 +72,32 @@ u32 centre_caption(vel_object &o, TTF_Font *font) {
 }
 
 } // namespace
-} // namespace velumo
 
-using namespace velumo;
-
-uint32_t vel_format_object_text(vel_context *ctx, uint32_t object) noexcept {
-    vel_object &o = object_at(*ctx, object);
-    const u32 text = text_of(*ctx, o);
-    if (!has_formatted_text(o) || text == 0 || buffer_of(*ctx, o) == 0) return 0;
-    if (o.line_width == 0) {
-        const Span area = text_limits(*ctx, object).x;
-        o.line_width = area.after - area.before - 1;
-    }
-    const char *characters = ctx->text_recs[text].text;
+u32 format_text(vel_context &ctx, u32 number) {
+    vel_object &o = object_at(ctx, number);
+    const u32 text = text_of(ctx, o);
+    if (!has_paragraphs(o) || text == 0 || buffer_of(ctx, o) == 0) return 0;
+    set_line_width_from_area(ctx, number);
+    const char *characters = ctx.text_recs[text].text;
     const std::size_t length = strnlen(characters, VEL_TEXT_SIZE);
-    clear_lines(*ctx, text, 0, last_line);
+    clear_lines(ctx, text, 0, last_line);
     // On purpose: an emptied text keeps its number of lines.
     if (length == 0) return 0;
-    o.number_of_lines = ObjectLines(*ctx, object, text).run(characters, length);
-    clear_lines(*ctx, text, o.number_of_lines + 1, last_line);
+    ObjectLines lines{ctx, o, {text, 0, 0}};
+    LineBreaker(lines).run(characters, length);
+    o.number_of_lines = lines.place.line;
+    clear_lines(ctx, text, o.number_of_lines + 1, last_line);
     return o.number_of_lines;
 }
 
-uint32_t vel_format_small_obj(vel_context *ctx, uint32_t object) noexcept {
-    vel_object &o = object_at(*ctx, object);
+u32 format_caption(vel_context &ctx, u32 number) {
+    vel_object &o = object_at(ctx, number);
     if (o.label[0] == '\0') return 0;
     const std::size_t length = strnlen(o.label, VEL_STRING_SIZE);
+    // On purpose: the rest of the label is lost, and umlauts are not converted here.
     if (void *feed = std::memchr(o.label, '\n', length)) *static_cast<char *>(feed) = '\0';
-    switch (o.type) {
-    case VEL_TYPE_LABEL:
-        return centre_caption(o, font_of(*ctx, o));
-    case VEL_TYPE_ENTRY:
-    case VEL_TYPE_NUMBER:
-        return 3;
-    default:
-        return 0;
-    }
+    if (is_field(o)) return 3;
+    return has_caption(o) ? centre_caption(o, font_of(ctx, o)) : 0;
 }
+
+} // namespace velumo

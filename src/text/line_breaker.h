@@ -1,55 +1,167 @@
-// Breaking a text into lines, character by character. The rules that single objects and chains
-// share are here; each derives its own. For text layout.
+// Breaks a text into lines, character by character. For text layout.
 #pragma once
 
 #include "text/words.h"
 
 namespace velumo {
 
-class LineBreaker {
+// The characters of a word that is not placed yet.
+class WordBuffer {
 public:
-    virtual ~LineBreaker() = default;
-    LineBreaker(const LineBreaker &) = delete;
-    LineBreaker &operator=(const LineBreaker &) = delete;
+    bool is_empty() const { return length_ == 0; }
+    bool is_full() const { return length_ == most_characters; }
+    Word word() const { return {characters_, length_}; }
 
-    // Takes the characters of a text and its NUL, as long as there is room. Returns the line
-    // reached.
-    u32 run(const char *text, std::size_t length);
-
-protected:
-    static constexpr u32 most_word_characters = 70;
-
-    LineBreaker(vel_context &ctx, u32 object, u32 text);
-
-    // What differs between single objects and chains.
-    virtual bool has_room() const = 0;
-    virtual i32 place_word(u32 break_after) = 0;
-    virtual void end_of_text() = 0;
-    virtual void line_feed() = 0;
-    virtual void blank_after_word() = 0;
-    virtual void blank_behind_last_line() = 0;
-    virtual void full_line() = 0;
-
-    bool word_is_empty() const { return word_length_ == 0; }
-    void clear_word();
-    void start_line_with_blank();
-    const vel_object &object() const { return object_at(ctx_, object_); }
-
-    vel_context &ctx_;
-    u32 object_; // whose font and line width measure
-    Place place_;
-    char word_[most_word_characters + 1] = {};
-    u32 word_length_ = 0;
-    bool in_spaces_ = false;
-    bool finished_ = false;
-    bool chain_ended_ = false; // nothing more is written, not even the character at hand
+    void append(char character) {
+        characters_[length_] = character;
+        characters_[++length_] = '\0';
+    }
+    void clear() {
+        length_ = 0;
+        characters_[0] = '\0';
+    }
 
 private:
-    void take(char character);
-    void take_blank();
-    void take_word_character(char character);
+    static constexpr u32 most_characters = 70;
+    char characters_[most_characters + 1] = {};
+    u32 length_ = 0;
+};
 
+// Small umlauts of the DOS code pages.
+// On purpose: capitals and the sharp s stay as they are.
+inline char umlaut_of(char character) {
+    switch (static_cast<u8>(character)) {
+    case 0x84:
+        return '\xE4';
+    case 0x94:
+        return '\xF6';
+    case 0x81:
+        return '\xFC';
+    default:
+        return character;
+    }
+}
+
+// Where the flow of a text goes after a line.
+enum class Next { line, object, nowhere };
+// What becomes of the word buffer when its word was placed.
+enum class Left { nothing, the_word, no_room };
+
+// The steps that each character passes. The target is what the lines belong to; it has
+//   vel_context &ctx, Place place    where the next character goes
+//   const vel_object &object()       whose font and line width measure
+//   bool has_room()                  whether another character is taken
+//   Left place_word(Word)
+//   bool place_word_and_break(Word)  at a line feed; false ends the text
+//   bool break_line()                the same without a word
+//   Next next_line()                 leaves a full line
+//   void finish()                    after the last line
+//   stops_at_once                    without room, nothing more is done for the character at hand
+template <class Target> class LineBreaker {
+public:
+    explicit LineBreaker(Target &target)
+        : target_(target), converts_umlauts_(target.ctx.umlaut_conversion == 1) {}
+
+    // Takes the characters of a text and its NUL, as long as there is room.
+    void run(const char *text, std::size_t length) {
+        for (std::size_t k = 0; k <= length && target_.has_room() && !finished_; ++k) {
+            take(k < length ? text[k] : '\0');
+        }
+    }
+
+private:
+    Place &place() { return target_.place; }
+    void end_line() { velumo::end_line(target_.ctx, place()); }
+
+    void take(char character) {
+        switch (character) {
+        case '\0':
+            end_text();
+            break;
+        case '\n':
+            take_line_feed();
+            break;
+        case ' ':
+            take_blank();
+            break;
+        default:
+            take_word_character(character);
+            break;
+        }
+        if (place().column == last_column && !(finished_ && Target::stops_at_once)) {
+            end_line();
+            leave_line();
+        }
+    }
+
+    void end_text() {
+        if (!word_.is_empty()) target_.place_word(word_.word());
+        end_line();
+        target_.finish();
+        finished_ = true;
+    }
+
+    // On purpose: a line feed is no blank, so several of them give empty lines.
+    void take_line_feed() {
+        const bool ends_word = !in_blanks_ && !word_.is_empty();
+        finished_ =
+            !(ends_word ? target_.place_word_and_break(word_.word()) : target_.break_line());
+        if (ends_word) word_.clear();
+    }
+
+    void take_blank() {
+        if (!in_blanks_ && !word_.is_empty()) place_word_before_blank();
+        in_blanks_ = true;
+        if (finished_ && Target::stops_at_once) return;
+        if (place().column < last_column &&
+            try_character(target_.ctx, target_.object(), place(), ' ')) {
+            ++place().column;
+            return;
+        }
+        if (place().line > last_line) return;
+        end_line();
+        if (leave_line()) copy_characters(target_.ctx, place(), {" ", 1});
+    }
+
+    void place_word_before_blank() {
+        switch (target_.place_word(word_.word())) {
+        case Left::nothing:
+            word_.clear();
+            end_line();
+            break;
+        // On purpose: a word that was split stays in the buffer and is placed once more, joined to
+        // the next.
+        case Left::the_word:
+            break;
+        case Left::no_room:
+            finished_ = true;
+            break;
+        }
+    }
+
+    void take_word_character(char character) {
+        in_blanks_ = false;
+        if (word_.is_full()) {
+            target_.place_word(word_.word());
+            word_.clear();
+            end_line();
+        }
+        word_.append(converts_umlauts_ ? umlaut_of(character) : character);
+    }
+
+    // False when there is no line to go to.
+    bool leave_line() {
+        const Next next = target_.next_line();
+        if (next == Next::nowhere) finished_ = true;
+        if (next == Next::object) word_.clear();
+        return next != Next::nowhere;
+    }
+
+    Target &target_;
+    WordBuffer word_;
     const bool converts_umlauts_;
+    bool in_blanks_ = false;
+    bool finished_ = false;
 };
 
 } // namespace velumo

@@ -1,13 +1,12 @@
-// Access to the block of line buffers.
 #include "text/lines.h"
 
 namespace velumo {
 namespace {
 
-// Bytes of the block. A program that fills the tables by hand may not tell their size; then the
+// Bytes of the block. Nobody knows the size of tables that a program filled by hand; then the
 // block reaches to the end of the buffer asked for, or of the last that is counted.
 std::uint64_t block_size(const vel_context &ctx, u32 text) {
-    const std::uint64_t known = ctx.text_records;
+    const std::uint64_t known = text_records(ctx);
     const std::uint64_t buffers =
         known != 0 ? known : std::max<std::uint64_t>(text, ctx.text_count) + 1;
     return buffers * VEL_TEXT_BUFFER_SIZE;
@@ -22,7 +21,8 @@ char *byte_at(const vel_context &ctx, u32 text, u32 line, u32 column) {
 }
 
 u32 number_in(const vel_context &ctx, const void *table, const vel_object &object) {
-    const bool is_inside = ctx.text_records == 0 || object.text_index < ctx.text_records;
+    const u32 records = text_records(ctx);
+    const bool is_inside = records == 0 || object.text_index < records;
     return table != nullptr && is_inside ? object.text_index : 0;
 }
 

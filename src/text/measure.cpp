@@ -1,4 +1,3 @@
-// Fonts and sizes of texts, asked of SDL_ttf.
 #include "text/measure.h"
 
 namespace velumo {

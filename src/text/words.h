@@ -11,6 +11,11 @@ struct Place {
     u32 text, line, column;
 };
 
+struct Word {
+    const char *characters; // ended by a NUL
+    u32 length;
+};
+
 inline void next_line(Place &place) {
     ++place.line;
     place.column = 0;
@@ -21,20 +26,19 @@ inline void end_line(vel_context &ctx, const Place &place) {
     put(ctx, place.text, place.line, place.column, '\0');
 }
 
-// Writes a character and a NUL behind it, if the line then fits the object; else ends the line
+// Writes a character and a NUL after it, if the line then fits the object; else ends the line
 // before it. The column stays.
 bool try_character(vel_context &ctx, const vel_object &object, const Place &place, char character);
 
-// Writes the characters of a word and a NUL behind each.
-void copy_characters(vel_context &ctx, Place &place, const char *word, u32 length);
+// Writes the characters of a word and a NUL after each.
+void copy_characters(vel_context &ctx, Place &place, Word word);
 
-// What a line has room for.
+// What a line of the object has room for, from the column on.
 enum class Fit : u32 { here = 1, on_next_line = 2, only_split = 3 };
-Fit fit_of(const vel_context &ctx, u32 object, const char *word, u32 line, u32 column, u32 length);
+Fit fit_of(const vel_context &ctx, const vel_object &object, Word word, const Place &place);
 
-// Without a width of its own an object gets that of its inner area.
-inline void set_missing_line_width(vel_object &o) {
-    if (o.line_width == 0) o.line_width = o.width - (o.margin_right + o.margin_left);
-}
+// Puts a word into the lines of one object, over as many of them as it needs.
+enum class Placed : i32 { whole = 0, split = 1, out_of_lines = -1 };
+Placed place_word(vel_context &ctx, vel_object &object, Word word, Place &place, bool break_after);
 
 } // namespace velumo

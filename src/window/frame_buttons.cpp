@@ -1,11 +1,25 @@
-// Where the frame buttons stand, and what pressing and releasing them does.
+#include "window/frame_buttons.h"
+
 #include "render/geometry.h"
-#include "window/window.h"
+#include "render/marks.h"
+#include "render/scene.h"
 
 namespace velumo {
 namespace {
 
 constexpr u32 row_above_window = 24;
+
+constexpr u32 buttons_of_full_frame[] = {1, 2, 3, 4, 5, 6, 7};
+constexpr u32 buttons_of_reduced_frame[] = {VEL_BUTTON_MOVE, VEL_BUTTON_CLOSE};
+
+// Frame buttons that a window of a kind has, as far as the table has them.
+std::span<const u32> buttons_of_frame(const vel_context &ctx, u32 kind) {
+    std::span<const u32> buttons;
+    if (kind == VEL_WINDOW_FULL) buttons = buttons_of_full_frame;
+    if (kind == VEL_WINDOW_REDUCED) buttons = buttons_of_reduced_frame;
+    const auto end = std::upper_bound(buttons.begin(), buttons.end(), frame_button_count(ctx));
+    return {buttons.begin(), end};
+}
 
 // The row ends at the right edge of the window; the reduced frame has its two buttons at the end.
 u32 places_from_end(u32 button, u32 kind) {
@@ -21,77 +35,51 @@ void place_button(vel_context &ctx, u32 button, const vel_object &window) {
     o.y = window.y - row_above_window;
 }
 
-void switch_mode(vel_context &ctx) {
-    switch (ctx.frame_mode) {
-    case VEL_MODE_RESIZE:
-        ctx.frame_mode = VEL_MODE_SCROLL;
-        ctx.mark_colour = ctx.mark_colour_b;
-        break;
-    case VEL_MODE_SCROLL:
-        ctx.frame_mode = VEL_MODE_RESIZE;
-        ctx.mark_colour = ctx.mark_colour_a;
-        break;
-    default:
-        return;
-    }
-    redraw(ctx);
-}
-
-struct PressAction {
-    u32 button;
-    void (*resize)(vel_context *) noexcept;
-    void (*scroll)(vel_context *) noexcept;
-};
-constexpr PressAction press_actions[] = {
-    {VEL_BUTTON_HEIGHT_LESS, vel_decrease_win_h, vel_scroll_win_down},
-    {VEL_BUTTON_HEIGHT_MORE, vel_increase_win_h, vel_scroll_win_up},
-    {VEL_BUTTON_WIDTH_LESS, vel_decrease_win_w, vel_scroll_win_right},
-    {VEL_BUTTON_WIDTH_MORE, vel_increase_win_w, vel_scroll_win_left},
-};
-
 } // namespace
-} // namespace velumo
 
-using namespace velumo;
-
-void vel_set_operators(vel_context *ctx) noexcept {
-    const vel_object &window = object_at(*ctx, ctx->active_window);
-    const bool has_window = ctx->active_window != 0 && window.hidden == 0;
+void place_frame_buttons(vel_context &ctx) {
+    const vel_object &window = object_at(ctx, ctx.active_window);
+    const bool has_window = ctx.active_window != 0 && window.hidden == 0;
+    // On purpose: a plain window leaves the buttons where they were.
     if (has_window && window.window_kind >= VEL_WINDOW_PLAIN) return;
-    for (u32 button = 1; button <= frame_button_count(*ctx); ++button) {
-        object_at(*ctx, button).hidden = 1;
+    for (u32 button = 1; button <= frame_button_count(ctx); ++button) {
+        object_at(ctx, button).hidden = 1;
     }
     if (!has_window) return;
-    for (const u32 button : buttons_of_frame(*ctx, window.window_kind)) {
-        place_button(*ctx, button, window);
+    for (const u32 button : buttons_of_frame(ctx, window.window_kind)) {
+        place_button(ctx, button, window);
     }
 }
 
-void vel_exa_left_pressed(vel_context *ctx) noexcept {
-    if (ctx->active_window == 0 ||
-        object_at(*ctx, ctx->active_window).window_kind != VEL_WINDOW_FULL) {
-        return;
-    }
-    for (const PressAction &action : press_actions) {
-        if (action.button != ctx->window_to_activate) continue;
-        if (ctx->frame_mode == VEL_MODE_RESIZE) action.resize(ctx);
-        if (ctx->frame_mode == VEL_MODE_SCROLL) action.scroll(ctx);
+void erase_frame(vel_context &ctx, u32 window) {
+    erase_marks(ctx, window);
+    for (const u32 button : buttons_of_frame(ctx, object_at(ctx, window).window_kind)) {
+        if (object_at(ctx, button).hidden == 0) erase_object(ctx, button);
     }
 }
 
-void vel_exa_left_released(vel_context *ctx) noexcept {
-    switch (ctx->window_to_activate) {
-    case VEL_BUTTON_MOVE:
-        vel_move_window(ctx);
-        break;
-    case VEL_BUTTON_MODE:
-        switch_mode(*ctx);
-        break;
-    case VEL_BUTTON_CLOSE:
-        vel_close_win(ctx, 0);
-        redraw(*ctx);
-        break;
-    default:
-        break;
+void remove_frame(vel_context &ctx, u32 window) {
+    erase_marks(ctx, window);
+    for (const u32 button : buttons_of_frame(ctx, object_at(ctx, window).window_kind)) {
+        erase_object(ctx, button);
+        object_at(ctx, button).hidden = 1;
     }
 }
+
+void erase_frame_before_move(vel_context &ctx, u32 window) {
+    erase_marks(ctx, window);
+    const u32 kind = object_at(ctx, window).window_kind;
+    for (const u32 button : buttons_of_frame(ctx, kind)) {
+        const bool is_hidden = object_at(ctx, button).hidden != 0;
+        // On purpose: with a full frame erasing stops at the first button that is hidden.
+        if (is_hidden && kind == VEL_WINDOW_FULL) return;
+        if (!is_hidden) erase_object(ctx, button);
+    }
+}
+
+void erase_marks(vel_context &ctx, u32 window) {
+    erase_mark_square(ctx, window);
+    erase_mark_outline(ctx, window);
+}
+
+} // namespace velumo

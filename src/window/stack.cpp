@@ -1,4 +1,3 @@
-// Entries of the window stack, moved as far as they are counted.
 #include "window/stack.h"
 
 namespace velumo {

@@ -7,7 +7,8 @@
 
 namespace velumo {
 
-// All hundred entries are searched, not only the counted ones.
+// On purpose: all hundred entries are searched, not only the counted ones.
+// Entries are moved as far as they are counted.
 std::optional<u32> find_window(const vel_context &ctx, u32 window);
 void remove_entry(vel_context &ctx, u32 entry);
 void push_window(vel_context &ctx, u32 window);

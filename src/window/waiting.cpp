@@ -1,11 +1,16 @@
-// The loop that runs a form until the application has something to do.
 #include "window/waiting.h"
 
 #include <optional>
 
 #include "input/events.h"
+#include "input/hit_test.h"
+#include "model/types.h"
+#include "model/walk.h"
+#include "render/geometry.h"
+#include "render/scene.h"
+#include "window/activation.h"
+#include "window/button_actions.h"
 #include "window/title.h"
-#include "window/window.h"
 
 namespace velumo {
 namespace {
@@ -22,11 +27,11 @@ std::vector<u32> cursor_stops(const vel_context &ctx) {
     std::vector<u32> stops;
     const u32 window = ctx.active_window;
     if (window == 0) return stops;
-    if (takes_cursor(object_at(ctx, window))) stops.push_back(window);
+    if (is_editable(object_at(ctx, window))) stops.push_back(window);
     walk_dependents(ctx, window, [&](u32 number) {
         const vel_object &o = object_at(ctx, number);
         if (!is_drawable(o)) return Walk::skip;
-        if (takes_cursor(o)) stops.push_back(number);
+        if (is_editable(o)) stops.push_back(number);
         return Walk::descend;
     });
     return stops;
@@ -43,7 +48,7 @@ void move_cursor(vel_context &ctx, bool backwards) {
     else if (backwards)
         next = place + stops.size() - 1;
     ctx.cursor_object = stops[next % stops.size()];
-    vel_draw_and_screenup_selected_window(&ctx);
+    show_active_window(ctx);
 }
 
 bool is_press_of(const SDL_Event &event, SDLKey key) {
@@ -57,19 +62,18 @@ bool is_enter(const SDL_Event &event) {
 
 bool is_frame_button(u32 number) { return number != 0 && number <= VEL_FRAME_BUTTONS; }
 
-bool is_for_application(const vel_object &o) {
-    switch (o.type) {
-    case VEL_TYPE_LABEL:
-    case VEL_TYPE_PICTURE_UNLOADED:
-    case VEL_TYPE_PICTURE:
-    case VEL_TYPE_MENU:
+bool is_answer(const vel_object &o) {
+    switch (type_of(o).answer) {
+    case Answer::always:
         return true;
-    case VEL_TYPE_ENTRY:
-    case VEL_TYPE_NUMBER:
+    case Answer::unless_editable:
         return o.editable == 0;
-    default:
-        return o.master == 0 && o.type != VEL_TYPE_WINDOW;
+    case Answer::at_top_level:
+        return o.master == 0;
+    case Answer::never:
+        break;
     }
+    return false;
 }
 
 // --- The loop
@@ -122,9 +126,9 @@ private:
     }
 
     u32 object_under_pointer() const {
-        const u32 number = vel_test_all_objects(&ctx_, ctx_.event.button.x, ctx_.event.button.y);
+        const u32 number = object_under(ctx_, ctx_.event.button.x, ctx_.event.button.y);
         if (!is_dialog() || is_frame_button(number) || number == dialog_.window) return number;
-        return vel_search_master(&ctx_, number) == dialog_.window ? number : 0;
+        return root_of(ctx_, number) == dialog_.window ? number : 0;
     }
 
     std::optional<u32> press() {
@@ -141,8 +145,7 @@ private:
     void hold(u32 frame_button) {
         held_ = frame_button;
         next_press_ = now() + repeat_after;
-        ctx_.window_to_activate = frame_button;
-        vel_exa_left_pressed(&ctx_);
+        press_held_button();
     }
 
     std::optional<u32> open_menu(u32 title) {
@@ -156,8 +159,12 @@ private:
     void repeat_press() {
         if (held_ == 0 || now() < next_press_) return;
         next_press_ = now() + repeat_every;
+        press_held_button();
+    }
+
+    void press_held_button() {
         ctx_.window_to_activate = held_;
-        vel_exa_left_pressed(&ctx_);
+        press_frame_button(ctx_, held_);
     }
 
     milliseconds longest_rest_now() const {
@@ -171,20 +178,20 @@ private:
         is_placing_ = false;
         consume_event(ctx_);
         if (number == 0) return {};
-        if (is_frame_button(number)) return release_frame_button(number);
+        if (is_frame_button(number)) return release_button(number);
         const vel_object &o = object_at(ctx_, number);
-        if (is_top_level_window(o) || takes_cursor(o)) {
+        if (is_top_level_window(o) || is_editable(o)) {
             ctx_.window_to_activate = number;
-            vel_select_window(&ctx_);
+            select_wanted_object(ctx_);
             return {};
         }
-        if (is_for_application(o)) return number;
+        if (is_answer(o)) return number;
         return {};
     }
 
-    std::optional<u32> release_frame_button(u32 number) {
+    std::optional<u32> release_button(u32 number) {
         ctx_.window_to_activate = number;
-        vel_exa_left_released(&ctx_);
+        release_frame_button(ctx_, number);
         is_placing_ = number == VEL_BUTTON_MOVE;
         if (number == VEL_BUTTON_CLOSE && ctx_.active_window == 0) return number;
         return {};
@@ -199,12 +206,10 @@ private:
 
 } // namespace
 
+u32 wait_for_object(vel_context &ctx) {
+    return FormLoop(ctx, {.window = 0, .on_enter = 0, .on_escape = 0}).run();
+}
+
 u32 wait_in_dialog(vel_context &ctx, const Dialog &dialog) { return FormLoop(ctx, dialog).run(); }
 
 } // namespace velumo
-
-using namespace velumo;
-
-uint32_t vel_wait_for_object(vel_context *ctx) noexcept {
-    return FormLoop(*ctx, {.window = 0, .on_enter = 0, .on_escape = 0}).run();
-}

@@ -1,9 +1,12 @@
-// The waiting loop within one window. For dialogs that are more than a question.
+// The loop that runs a form until the application has something to do. For programs and dialogs.
 #pragma once
 
 #include "model/objects.h"
 
 namespace velumo {
+
+// Returns the object that was clicked; 0 at the end of the program, 7 when the last window closed.
+u32 wait_for_object(vel_context &ctx);
 
 // All that lies outside of the window is out of the user's reach.
 struct Dialog {
@@ -12,7 +15,7 @@ struct Dialog {
     u32 on_escape; // the object that the Escape key stands for
 };
 
-// As vel_wait_for_object, but 7 when the dialog's window was closed.
+// The same within one window, and 7 when that was closed.
 u32 wait_in_dialog(vel_context &ctx, const Dialog &dialog);
 
 } // namespace velumo

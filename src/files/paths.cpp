@@ -1,5 +1,4 @@
-// What the file dialog asks about paths.
-#include "menu/paths.h"
+#include "files/paths.h"
 
 #include <cstdlib>
 #include <memory>

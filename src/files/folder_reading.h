@@ -1,10 +1,10 @@
-// The names in a folder that a file selector offers. For the listing.
+// The names in a folder that a file selector offers. For lists of them.
 #pragma once
 
 #include <optional>
 #include <string>
 
-#include "model/listings.h"
+#include "model/objects.h"
 
 namespace velumo {
 

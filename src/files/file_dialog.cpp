@@ -1,16 +1,22 @@
-// The modal dialog in which the user walks through folders and names a file.
+#include "files/file_dialog.h"
+
 #include <cstring>
 #include <new>
 #include <optional>
 #include <string>
 #include <utility>
 
-#include "menu/folder_listing.h"
-#include "menu/paths.h"
+#include "files/folder_list.h"
+#include "files/paths.h"
+#include "model/walk.h"
+#include "render/geometry.h"
+#include "render/scene.h"
 #include "text/encoding.h"
+#include "text/layout.h"
+#include "text/loading.h"
 #include "text/measure.h"
+#include "window/activation.h"
 #include "window/waiting.h"
-#include "window/window.h"
 
 namespace velumo {
 namespace {
@@ -35,20 +41,19 @@ public:
     OpenWindow(vel_context &ctx, u32 window)
         : ctx_(ctx), window_(window), cursor_(ctx.cursor_object), mode_(ctx.frame_mode),
           colour_(ctx.mark_colour) {
-        ctx.window_to_activate = window;
-        vel_activate_window(&ctx);
+        activate(ctx, window);
         ctx.frame_mode = VEL_MODE_SCROLL;
         ctx.mark_colour = ctx.mark_colour_b;
     }
     ~OpenWindow() {
-        vel_close_win(&ctx_, window_);
+        close_window(ctx_, window_);
         ctx_.frame_mode = mode_;
         ctx_.mark_colour = colour_;
-        const u32 top = vel_search_master(&ctx_, cursor_);
+        const u32 top = root_of(ctx_, cursor_);
         if (cursor_ != 0 && ctx_.active_window == (top != 0 ? top : cursor_)) {
             ctx_.cursor_object = cursor_;
         }
-        redraw(ctx_);
+        show_all(ctx_);
     }
     OpenWindow(const OpenWindow &) = delete;
     OpenWindow &operator=(const OpenWindow &) = delete;
@@ -88,14 +93,15 @@ public:
     // The path of the chosen file; nothing when the user gives up.
     std::optional<std::string> run(const std::string &suggestion) {
         const OpenWindow open(ctx_, window_);
+        format();
         start(suggestion);
-        redraw(ctx_);
+        show_all(ctx_);
         const Dialog dialog{window_, number_of(ok_part), number_of(cancel_part)};
         for (;;) {
             const u32 picked = wait_in_dialog(ctx_, dialog);
             if (is_end(picked)) return {};
             if (auto path = act_on(picked)) return path;
-            vel_draw_and_screenup_selected_window(&ctx_);
+            show_active_window(ctx_);
         }
     }
 
@@ -107,6 +113,15 @@ private:
         // The program's own loop has to see that the user closes the program.
         if (picked == 0 && ctx_.event.type == SDL_QUIT) SDL_PushEvent(&ctx_.event);
         return picked == 0 || picked == VEL_BUTTON_CLOSE || picked == number_of(cancel_part);
+    }
+
+    // The program need not have formatted anything before.
+    void format() {
+        format_object(ctx_, window_);
+        walk_dependents(ctx_, window_, [this](u32 number) {
+            format_object(ctx_, number);
+            return Walk::descend;
+        });
     }
 
     // --- What the user does
@@ -137,12 +152,11 @@ private:
         const vel_object &field = part(name_part);
         const std::string label(field.label, strnlen(field.label, VEL_STRING_SIZE));
         if (label == picked_label_) return picked_;
-        const Listing *listing = listing_of(ctx_, number_of(list_part));
-        if (listing == nullptr) return utf8_of(label);
-        for (const ListedName &name : listing->names) {
-            if (name.label == label || (name.is_folder && name.label == label + '/')) {
-                return name.bytes;
-            }
+        const auto *names = names_of(ctx_, number_of(list_part));
+        if (names == nullptr) return utf8_of(label);
+        for (const ListedName &name : *names) {
+            const std::string shown = label_of(name);
+            if (shown == label || (name.is_folder && shown == label + '/')) return name.bytes;
         }
         return utf8_of(label);
     }
@@ -185,7 +199,7 @@ private:
     bool show_folder(const std::string &folder, const std::string &pattern) {
         vel_object &list = part(list_part);
         const u32 scroll = std::exchange(list.scroll_y, 0);
-        if (vel_list_directory(&ctx_, number_of(list_part), folder.c_str(), pattern.c_str()) < 0) {
+        if (list_folder(ctx_, number_of(list_part), folder.c_str(), pattern.c_str()) < 0) {
             list.scroll_y = scroll;
             message_.show();
             return false;
@@ -219,7 +233,7 @@ private:
         picked_ = name;
         picked_label_ = field.label;
         field.scroll_x = 0;
-        vel_reset_textobject(&ctx_, 0, number_of(name_part));
+        reset_text(ctx_, number_of(name_part), Holder::label);
     }
 
     static void set_label(vel_object &field, std::string_view text) {
@@ -234,6 +248,8 @@ private:
     std::string picked_, picked_label_; // the name put into the field, and how that shows it
 };
 
+} // namespace
+
 i32 choose_file(vel_context &ctx, u32 window, char *path_out, std::size_t size) try {
     const std::string suggestion(path_out, strnlen(path_out, size));
     if (suggestion.size() == size || !is_dialog(ctx, window)) return VEL_ERROR_ARGUMENT;
@@ -246,12 +262,4 @@ i32 choose_file(vel_context &ctx, u32 window, char *path_out, std::size_t size) 
     return VEL_ERROR_MEMORY;
 }
 
-} // namespace
 } // namespace velumo
-
-using namespace velumo;
-
-int32_t vel_choose_file(vel_context *ctx, uint32_t window, char *path_out, size_t size) noexcept {
-    if (ctx == nullptr || path_out == nullptr) return VEL_ERROR_ARGUMENT;
-    return choose_file(*ctx, window, path_out, size);
-}

@@ -1,5 +1,4 @@
-// The one place that asks SDL to show what was drawn.
-#include "render/rect.h"
+#include "render/display.h"
 
 namespace velumo {
 namespace {

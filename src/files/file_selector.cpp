@@ -1,9 +1,7 @@
-// The simple file selector: rows that show the names of the current folder.
-#include <cstring>
-#include <dirent.h>
-#include <memory>
+#include "files/file_selector.h"
 
-#include "model/objects.h"
+#include "files/folder.h"
+#include "model/strings.h"
 
 namespace velumo {
 namespace {
@@ -11,11 +9,6 @@ namespace {
 constexpr u32 row_gap = 3;
 constexpr u32 row_width = 180;
 constexpr u32 list_margin = 40;
-
-struct CloseFolder {
-    void operator()(DIR *folder) const { closedir(folder); }
-};
-using OpenFolder = std::unique_ptr<DIR, CloseFolder>;
 
 void make_row(vel_context &ctx, u32 list, u32 row, u32 place) {
     const vel_object &t = object_at(ctx, object_at(ctx, list).dep_objs[0]);
@@ -37,14 +30,16 @@ void make_row(vel_context &ctx, u32 list, u32 row, u32 place) {
 }
 
 bool has_record(const vel_context &ctx, u32 number) {
-    return ctx.object_records == 0 || number < ctx.object_records;
+    const u32 records = object_records(ctx);
+    return records == 0 || number < records;
 }
 
 u8 first_character(const vel_context &ctx, u32 place) {
     return static_cast<u8>(ctx.dir_names[ctx.dir_order[place]][0]);
 }
 
-// Names of one first character keep the order that the exchanges bring them into.
+// On purpose: only first characters count; names that share one keep the order that the
+// exchanges bring them into.
 void order_names(vel_context &ctx) {
     const auto smaller_behind = [&ctx](u32 place) {
         for (u32 k = place + 1; k <= ctx.dir_last; ++k) {
@@ -67,7 +62,7 @@ u32 fill_rows(vel_context &ctx, const vel_object &list) {
         if (filled > ctx.dir_last) break;
         vel_object &o = object_at(ctx, row);
         const u32 name = std::min<u32>(ctx.dir_order[filled], VEL_DIR_ENTRIES - 1);
-        vel_copy_st_last_part(ctx.dir_names[name], o.label);
+        copy_nonempty(ctx.dir_names[name], o.label);
         o.hidden = 0;
         o.width = row_width;
         ++filled;
@@ -76,48 +71,47 @@ u32 fill_rows(vel_context &ctx, const vel_object &list) {
 }
 
 } // namespace
-} // namespace velumo
 
-using namespace velumo;
-
-void vel_prepare_fileselector(vel_context *ctx, uint32_t list, uint32_t rows) noexcept {
-    vel_object &o = object_at(*ctx, list);
+void make_file_rows(vel_context &ctx, u32 list, u32 rows) {
+    vel_object &o = object_at(ctx, list);
     const u32 first = o.dep_objs[0];
     if (first == 0) return;
     u32 row = 0;
     // On purpose: the row before is looked at, so that one row behind the loaded objects is made.
-    for (u32 k = 1; k <= rows && k < VEL_MAX_DEPENDENTS && row <= ctx->object_count; ++k) {
+    for (u32 k = 1; k <= rows && k < VEL_MAX_DEPENDENTS && row <= ctx.object_count; ++k) {
         row = first + k;
-        if (!has_record(*ctx, row)) return;
+        if (!has_record(ctx, row)) return;
         o.dep_objs[k] = row;
-        make_row(*ctx, list, row, k);
+        make_row(ctx, list, row, k);
     }
 }
 
-void vel_read_app_dir(vel_context *ctx) noexcept {
+void read_current_folder(vel_context &ctx) {
     const OpenFolder folder(opendir("."));
     if (!folder) return;
     u32 count = 0;
     while (const dirent *entry = readdir(folder.get())) {
         if (count == VEL_DIR_ENTRIES) break;
-        vel_copy_st_first_part(VEL_DIR_NAME_SIZE - 2, entry->d_name, ctx->dir_names[count]);
-        ctx->dir_order[count] = count;
+        copy_up_to(VEL_DIR_NAME_SIZE - 2, entry->d_name, ctx.dir_names[count]);
+        ctx.dir_order[count] = count;
         ++count;
     }
     // A folder that was deleted has no names at all.
-    ctx->dir_last = count == 0 ? 0 : count - 1;
-    order_names(*ctx);
+    ctx.dir_last = count == 0 ? 0 : count - 1;
+    order_names(ctx);
 }
 
-void vel_load_dir_entries(vel_context *ctx, uint32_t list) noexcept {
-    vel_object &o = object_at(*ctx, list);
+void fill_file_rows(vel_context &ctx, u32 list) {
+    vel_object &o = object_at(ctx, list);
     // On purpose: a folder of a single name is not shown.
-    if (ctx->dir_last == 0) return;
-    const u32 filled = fill_rows(*ctx, o);
+    if (ctx.dir_last == 0) return;
+    const u32 filled = fill_rows(ctx, o);
     if (o.dep_objs[0] == 0) return;
-    o.height = filled * (object_at(*ctx, o.dep_objs[0]).height + row_gap) + list_margin;
+    o.height = filled * (object_at(ctx, o.dep_objs[0]).height + row_gap) + list_margin;
     for (const u32 row : dependents_of(o).subspan(filled)) {
-        object_at(*ctx, row).hidden = 1;
-        object_at(*ctx, row).width = 0;
+        object_at(ctx, row).hidden = 1;
+        object_at(ctx, row).width = 0;
     }
 }
+
+} // namespace velumo

@@ -1,4 +1,5 @@
-// The cursor as an index into a text, and as a line and column of its formatted lines.
+#include "input/text_position.h"
+
 #include "text/lines.h"
 
 namespace velumo {
@@ -12,7 +13,7 @@ public:
         : ctx_(ctx), last_(std::min(object.number_of_lines, last_line + 1)), text_(text),
           characters_(ctx.text_recs[text].text), at_(line_of(ctx, text, 0)) {}
 
-    bool is_behind_last_line() const { return line > last_; }
+    bool is_after_last_line() const { return line > last_; }
 
     // On purpose: the break that ends a paragraph is a character of the text, and one that
     // formatting made is none.
@@ -36,11 +37,11 @@ private:
     const char *at_;
 };
 
-// Walks until found is true after a step. A cursor that is not met leaves all as it is.
+// Walks until found is true after a step.
 template <class Found, class Store> void find(vel_context &ctx, Found found, Store store) {
     const vel_object &o = object_at(ctx, ctx.cursor_object);
     LineWalk walk(ctx, o, text_of(ctx, o));
-    while (!walk.is_behind_last_line()) {
+    while (!walk.is_after_last_line()) {
         walk.step();
         if (found(walk)) {
             store(walk);
@@ -50,32 +51,29 @@ template <class Found, class Store> void find(vel_context &ctx, Found found, Sto
 }
 
 } // namespace
-} // namespace velumo
 
-using namespace velumo;
-
-void vel_get_position_in_stream(vel_context *ctx) noexcept {
-    const vel_object &o = object_at(*ctx, ctx->cursor_object);
-    const u32 text = text_of(*ctx, o);
+void find_cursor_index(vel_context &ctx) {
+    const vel_object &o = object_at(ctx, ctx.cursor_object);
+    const u32 text = text_of(ctx, o);
     if (text == 0) return;
-    u32 &index = ctx->text_recs[text].cursor_index;
+    u32 &index = ctx.text_recs[text].cursor_index;
     if (o.cursor_line == 0 && o.cursor_column == 0) {
         index = 0;
         return;
     }
     find(
-        *ctx,
+        ctx,
         [&o](const LineWalk &walk) {
             return walk.line == o.cursor_line && walk.column == o.cursor_column;
         },
         [&index](const LineWalk &walk) { index = walk.index; });
 }
 
-void vel_get_column_row(vel_context *ctx) noexcept {
-    vel_object &o = object_at(*ctx, ctx->cursor_object);
-    const u32 text = text_of(*ctx, o);
+void find_cursor_line(vel_context &ctx) {
+    vel_object &o = object_at(ctx, ctx.cursor_object);
+    const u32 text = text_of(ctx, o);
     if (text == 0) return;
-    const u32 index = ctx->text_recs[text].cursor_index;
+    const u32 index = ctx.text_recs[text].cursor_index;
     if (index == 0) {
         o.cursor_line = 0;
         o.cursor_column = 0;
@@ -84,9 +82,11 @@ void vel_get_column_row(vel_context *ctx) noexcept {
     // On purpose: the test follows the step, so an index where formatting broke a line is the end
     // of that line, not the start of the next.
     find(
-        *ctx, [index](const LineWalk &walk) { return walk.index == index; },
+        ctx, [index](const LineWalk &walk) { return walk.index == index; },
         [&o](const LineWalk &walk) {
             o.cursor_line = walk.line;
             o.cursor_column = walk.column;
         });
 }
+
+} // namespace velumo

@@ -1,23 +1,13 @@
-// Reading a folder: which names count, how they are marked and in which order they come.
-#include "menu/folder_reading.h"
+#include "files/folder_reading.h"
 
 #include <cerrno>
-#include <dirent.h>
 #include <fnmatch.h>
-#include <memory>
 #include <sys/stat.h>
 
-#include "text/encoding.h"
+#include "files/folder.h"
 
 namespace velumo {
 namespace {
-
-constexpr std::size_t longest_label = VEL_DIR_NAME_SIZE - 1;
-
-struct CloseFolder {
-    void operator()(DIR *folder) const { closedir(folder); }
-};
-using OpenFolder = std::unique_ptr<DIR, CloseFolder>;
 
 // Patterns that are separated by ';'; none of them match all names.
 class Patterns {
@@ -65,19 +55,12 @@ const dirent *next_entry(DIR *folder) {
     return readdir(folder);
 }
 
-ListedName listed(std::string name, bool is_folder) {
-    std::string label = latin1_of(name);
-    label.resize(std::min(label.size(), longest_label - (is_folder ? 1 : 0)));
-    if (is_folder) label += '/';
-    return {std::move(name), std::move(label), is_folder};
-}
-
 std::optional<ListedName> offer(DIR *folder, const char *name, const Patterns &patterns) {
     const bool is_parent = std::string_view(name) == "..";
     if (is_parent ? is_root(folder) : name[0] == '.') return {};
     const FileKind kind = kind_of(folder, name);
-    if (kind == FileKind::folder) return listed(name, true);
-    if (kind == FileKind::regular && patterns.match(name)) return listed(name, false);
+    if (kind == FileKind::folder) return ListedName{name, true};
+    if (kind == FileKind::regular && patterns.match(name)) return ListedName{name, false};
     return {};
 }
 

@@ -1,0 +1,39 @@
+// The exported functions of input: selection loops, hit tests, keys and the editor.
+#include "input/editor.h"
+#include "input/hit_test.h"
+#include "input/keys.h"
+#include "input/selection.h"
+#include "input/text_position.h"
+
+using namespace velumo;
+
+uint32_t vel_get_mouse_selection(vel_context *ctx, int32_t stop_a, int32_t stop_b) noexcept {
+    return select_either(*ctx, as_field(stop_a), as_field(stop_b));
+}
+
+uint32_t vel_get_mono_mouse_selection(vel_context *ctx, int32_t stop) noexcept {
+    return select_either(*ctx, as_field(stop), as_field(stop));
+}
+
+uint32_t vel_test_all_objects(const vel_context *ctx, uint32_t x, uint32_t y) noexcept {
+    return object_under(*ctx, as_signed(x), as_signed(y));
+}
+
+uint32_t vel_test_dep_objs(const vel_context *ctx, uint32_t object, uint32_t x,
+                           uint32_t y) noexcept {
+    return dependent_under(*ctx, object, as_signed(x), as_signed(y));
+}
+
+uint32_t vel_in_object(const vel_context *ctx, uint32_t object, int32_t x, int32_t y) noexcept {
+    return is_hit(*ctx, object, x, y) ? 1 : 0;
+}
+
+void vel_getfirstkeyinformation(vel_context *ctx) noexcept { translate_key_press(*ctx); }
+
+void vel_getfinalkeyinformation(vel_context *ctx) noexcept { deliver_key(*ctx); }
+
+void vel_get_text(vel_context *ctx) noexcept { edit_text(*ctx); }
+
+void vel_get_position_in_stream(vel_context *ctx) noexcept { find_cursor_index(*ctx); }
+
+void vel_get_column_row(vel_context *ctx) noexcept { find_cursor_line(*ctx); }

@@ -1,0 +1,11 @@
+// The loops that wait until the user picks one of a few objects. For dialogs.
+#pragma once
+
+#include "model/objects.h"
+
+namespace velumo {
+
+// Returns the object picked; the close button ends a loop whatever it waits for.
+u32 select_either(vel_context &ctx, u32 stop_a, u32 stop_b);
+
+} // namespace velumo

@@ -1,0 +1,25 @@
+// Start-up and shutdown of a context. For the interface.
+#pragma once
+
+#include "model/file.h"
+#include "model/objects.h"
+
+namespace velumo {
+
+enum class FontMessages { print, keep_quiet };
+
+struct Form {
+    u32 spare_objects, spare_texts;
+    const char *form_path, *text_path;
+    Access access;
+    FontMessages font_messages;
+};
+
+// Returns a code of vel_result. The context is touched only when both files were read.
+i32 load(vel_context &ctx, const Form &form);
+
+const char *error_text(i32 code);
+
+void close(vel_context &ctx);
+
+} // namespace velumo

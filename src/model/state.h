@@ -1,0 +1,38 @@
+// What the library keeps for itself about a context. For every subsystem.
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <map>
+
+#include "model/lists.h"
+
+struct vel_state {
+    std::uint32_t object_records = 0; // of the table, record 0 and the spare ones included;
+    std::uint32_t text_records = 0;   // 0 = not known, as in tables that a program made by hand
+    std::chrono::milliseconds last_event{0};
+    std::map<std::uint32_t, velumo::List> lists; // by the number of the list object
+    std::map<std::uint32_t, std::vector<velumo::ListedName>> folders;
+};
+
+namespace velumo {
+
+// Makes the state when there is none. Throws std::bad_alloc.
+inline vel_state &state_of(vel_context &ctx) {
+    if (ctx.state == nullptr) ctx.state = new vel_state;
+    return *ctx.state;
+}
+
+inline void release_state(vel_context &ctx) {
+    delete ctx.state;
+    ctx.state = nullptr;
+}
+
+inline std::uint32_t object_records(const vel_context &ctx) {
+    return ctx.state == nullptr ? 0 : ctx.state->object_records;
+}
+inline std::uint32_t text_records(const vel_context &ctx) {
+    return ctx.state == nullptr ? 0 : ctx.state->text_records;
+}
+
+} // namespace velumo

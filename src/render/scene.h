@@ -1,0 +1,27 @@
+// What is drawn, and in which order: whole screens, windows and the dependents of an object. For
+// whoever changes the picture.
+#pragma once
+
+#include "model/objects.h"
+
+namespace velumo {
+
+void format_all(vel_context &ctx);
+
+// The whole screen, without formatting; show_all also updates the display.
+void draw_all(vel_context &ctx);
+void show_all(vel_context &ctx);
+
+// The active window without its marks, and the frame buttons.
+void draw_active_window(vel_context &ctx);
+void show_active_window(vel_context &ctx);
+
+void draw_dependents(vel_context &ctx, u32 master);
+
+// Fits the dependents whose border says so, and hides those that lie outside their masters.
+void place_dependents(vel_context &ctx, u32 master);
+
+// Covers an object with the background colour.
+void erase_object(vel_context &ctx, u32 number);
+
+} // namespace velumo

@@ -1,0 +1,15 @@
+// Where the text cursor starts in the objects of a window. For activation and the waiting loop.
+#pragma once
+
+#include "model/objects.h"
+
+namespace velumo {
+
+// A cursor that was placed once stays where it is.
+void start_cursors(vel_context &ctx, u32 window);
+void start_cursors_of_dependents(vel_context &ctx, u32 master);
+
+// The first dependent that takes the text cursor, depth first, hidden or not; 0 for none.
+u32 first_cursor_stop(const vel_context &ctx, u32 master);
+
+} // namespace velumo

@@ -1,0 +1,31 @@
+// How dependents follow a master that moves or scrolls. For frame actions and menus of titles.
+#pragma once
+
+#include "model/axis.h"
+
+namespace velumo {
+
+enum class Direction : u32 { back = 1, on = 2 }; // any other: nothing moves
+
+void step(u32 &coordinate, Direction direction, u32 distance);
+
+struct Shift {
+    u32 x, y; // wrap around for moves to the left and up
+};
+void shift_object(vel_object &object, Shift by);
+void shift_cursor(vel_object &object, Shift by);
+
+// On purpose: dependents move in two ways. When their window moves, all do, and the cursors of the
+// types that take one;
+void follow_move(vel_context &ctx, u32 master, Shift by);
+// when a program shifts them, those with an area do, and every cursor.
+void shift_dependents(vel_context &ctx, u32 master, Shift by);
+
+struct ScrollStep {
+    const Axis &axis;
+    Direction direction;
+    u32 distance;
+};
+void follow_scroll(vel_context &ctx, u32 master, const ScrollStep &by);
+
+} // namespace velumo
