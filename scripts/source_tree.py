@@ -1,14 +1,11 @@
 """What the checks share: the files of the tree, their text without comments, and the report."""
 
 import re
-import subprocess
 import sys
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent
-HEADER = ROOT / "include/velumo.h"
 SUFFIXES = {".c", ".cpp", ".h"}
-DECLARED = re.compile(r"^VEL_API\s[^;(]*?(vel_\w+)\(", re.M)
 
 
 def sources(*folders):
@@ -32,20 +29,6 @@ TOKEN = re.compile(
 def blank(text):
     """Returns text with comments and literals turned to blanks; lines stay where they are."""
     return TOKEN.sub(lambda match: re.sub(r"[^\n]", " ", match.group()), text)
-
-
-def declared_functions():
-    """Returns the functions that the public header declares, each with its line."""
-    text = HEADER.read_text(encoding="utf-8")
-    return {m[1]: text.count("\n", 0, m.start(1)) + 1 for m in DECLARED.finditer(text)}
-
-
-def exported_names(library):
-    """Returns the names that a shared library offers to programs."""
-    listing = subprocess.run(
-        ["nm", "-D", "--defined-only", library], check=True, capture_output=True, text=True
-    )
-    return {line.split()[-1] for line in listing.stdout.splitlines()}
 
 
 def finish(name, faults, summary):
