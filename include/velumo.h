@@ -617,7 +617,7 @@ VEL_API uint32_t vel_p_cutted_w_dependent(const vel_context *ctx, uint32_t objec
 
 /**
  * Computes the visible height of a dependent object inside its master. If the master has a master
- * itself, the visible height of that one stands in for the master's own.
+ * itself, the visible height of that one is used in place of the master's own.
  *
  * \returns its height, or what the bottom margin leaves of it
  */
@@ -790,8 +790,9 @@ VEL_API uint32_t vel_format_small_obj(vel_context *ctx, uint32_t object) VEL_NOT
  * Breaks the stream of a chain into lines in the line buffers of its members.
  *
  * A member takes 40 lines, then the next one goes on. Members and lines that the stream does not
- * reach keep what an earlier run left there. A word that is split and fills the last line of a
- * member prints debug lines to standard output. A stream longer than the chain is cut.
+ * reach keep what an earlier run left there. A stream longer than the chain is cut. Debug lines are
+ * printed to standard output if a word that had to be split ends a paragraph on the last line of a
+ * member, or fills that line to its 99th character at the end of the chain.
  *
  * \param master number of the head
  * \returns the line reached in the last member used; 0 if there is no stream or no member
