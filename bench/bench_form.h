@@ -1,4 +1,4 @@
-// A form made by hand, without files: a window with a name field, a text and a hundred labels.
+// A form made by hand, without files: a window with a field, a text and ninety labels.
 #pragma once
 
 #include <cstdio>

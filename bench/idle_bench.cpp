@@ -1,5 +1,5 @@
-// What vel_wait_for_object costs while nothing happens, and how soon it handles what does: under X
-// keys of a second connection, without it events that another thread pushes.
+// What vel_wait_for_object costs while nothing happens, and how soon it handles an event: under X,
+// keys from a second connection; without X, events that another thread pushes.
 #include <algorithm>
 #include <atomic>
 #include <chrono>
@@ -25,7 +25,7 @@ double seconds_of(clockid_t clock) {
     return static_cast<double>(t.tv_sec) + static_cast<double>(t.tv_nsec) * 1e-9;
 }
 
-// Shared by the thread of the form and the one that sends; the form's filter writes.
+// Shared by the thread of the form and the one that sends; the filter of the form writes the times.
 struct Measure {
     std::atomic<double> sent{0};
     std::atomic<int> seen{0};
@@ -51,8 +51,8 @@ void push(Uint8 type) {
     SDL_PushEvent(&event);
 }
 
-// Runs the form while another thread does something, and ends it then.
-void run_beside(bench::Form &form, const std::function<void(Measure &)> &work,
+// Runs the form while another thread does the work, then ends it.
+void run_during(bench::Form &form, const std::function<void(Measure &)> &work,
                 const std::function<void()> &send) {
     Measure &m = measure_of(&form.ctx);
     std::thread other([&] {
@@ -74,12 +74,12 @@ double idle_share(bench::Form &form, const std::function<void()> &send) {
         const double used = seconds_of(CLOCK_PROCESS_CPUTIME_ID) - before;
         share = used / std::chrono::duration<double>(measured).count();
     };
-    run_beside(form, work, send);
+    run_during(form, work, send);
     return 100 * share;
 }
 
-// Milliseconds from the sending of a key to its filter call, sorted; keys come 12 to 36 ms apart,
-// in no step with the loop.
+// Milliseconds from sending a key to the call of the filter, sorted. Keys come 12 to 36 ms apart,
+// out of step with the loop.
 std::vector<double> latencies(bench::Form &form, const std::function<void()> &send) {
     const auto work = [&send](Measure &m) {
         unsigned random = 7;
@@ -96,7 +96,7 @@ std::vector<double> latencies(bench::Form &form, const std::function<void()> &se
     };
     Measure &m = measure_of(&form.ctx);
     m.milliseconds.clear();
-    run_beside(form, work, send);
+    run_during(form, work, send);
     std::sort(m.milliseconds.begin(), m.milliseconds.end());
     return m.milliseconds;
 }
@@ -134,7 +134,7 @@ int main() {
         std::printf("%-10s  only %zu of %d keys arrived\n", driver, late.size(), events);
         return 1;
     }
-    std::printf("%-10s  a key is handled after: %.2f ms (half), %.2f ms (95 of 100), %.2f ms "
+    std::printf("%-10s  a key is handled after: %.2f ms (median), %.2f ms (95 %%), %.2f ms "
                 "(longest)\n",
                 driver, late[late.size() / 2], late[late.size() * 95 / 100], late.back());
     if (second != nullptr) XCloseDisplay(second);

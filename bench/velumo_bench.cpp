@@ -1,4 +1,4 @@
-// The library's work beside bare SDL at the same work. Compare the figures of one run only.
+// The library compared with bare SDL doing the same work. Only compare figures of the same run.
 #include <benchmark/benchmark.h>
 
 #include "bench_form.h"
@@ -57,7 +57,7 @@ void break_a_text_into_lines(benchmark::State &state) {
 }
 BENCHMARK(break_a_text_into_lines)->Unit(benchmark::kMicrosecond);
 
-// The least that breaking needs: every word measured once, as bare SDL_ttf does it.
+// The least that line breaking needs: measuring every word once with bare SDL_ttf.
 void measure_each_word_with_bare_sdl(benchmark::State &state) {
     bench::Form form;
     for (auto _ : state) {
@@ -73,7 +73,7 @@ void measure_each_word_with_bare_sdl(benchmark::State &state) {
 }
 BENCHMARK(measure_each_word_with_bare_sdl)->Unit(benchmark::kMicrosecond);
 
-// A character typed into the field and taken back, each with its redraw.
+// Types a character into the field and deletes it, each with a redraw.
 void type_and_take_back(benchmark::State &state) {
     bench::Form form;
     form.ctx.cursor_object = bench::field;

@@ -1,5 +1,5 @@
-// Loads form files of any bytes, draws them and uses them with random keys and clicks. The memory
-// and undefined-behaviour sanitizers watch.
+// Loads form files of random bytes, draws them and uses them with random keys and clicks, under the
+// address and undefined-behaviour sanitizers.
 #include <cstdlib>
 #include <cstring>
 
@@ -13,7 +13,7 @@ constexpr std::size_t record_size = sizeof(vel_object_file_rec);
 constexpr std::size_t most_objects = 40;
 constexpr const char *font_path = "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf";
 
-// What all runs share: the drawing surface and a font.
+// Shared by all runs: the drawing surface and a font.
 struct Stage {
     Stage() {
         setenv("SDL_VIDEODRIVER", "dummy", 1);
@@ -26,7 +26,7 @@ struct Stage {
     TTF_Font *font;
 };
 
-// The bytes that are left of the input, taken from its front.
+// The rest of the input, taken from its front.
 class Input {
 public:
     Input(const std::uint8_t *data, std::size_t size) : data_(data), size_(size) {}
@@ -75,7 +75,7 @@ SDL_Event next_event(Input &input) {
     return event;
 }
 
-// Plays the input's events to the loop and ends it behind the last one.
+// Feeds the input's events to the loop and ends it after the last one.
 u32 play(vel_context *ctx, SDL_Event *event) {
     auto &input = *static_cast<Input *>(ctx->application_a[0]);
     if (input.is_empty()) return VEL_FILTER_END_LOOP;
