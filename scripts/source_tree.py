@@ -9,7 +9,7 @@ SUFFIXES = {".c", ".cpp", ".h"}
 
 
 def sources(*folders):
-    """Yields the C and C++ files below the folders, sorted."""
+    """Yields the C and C++ files in the folders and their subfolders, sorted."""
     for folder in folders:
         yield from sorted(p for p in (ROOT / folder).rglob("*") if p.suffix in SUFFIXES)
 
@@ -27,12 +27,12 @@ TOKEN = re.compile(
 
 
 def blank(text):
-    """Returns text with comments and literals turned to blanks; lines stay where they are."""
+    """Returns the text with comments and literals replaced by spaces; line numbers are kept."""
     return TOKEN.sub(lambda match: re.sub(r"[^\n]", " ", match.group()), text)
 
 
 def finish(name, faults, summary):
-    """Prints the faults, or the summary when there are none, and ends the process."""
+    """Prints the faults, or the summary if there are none, and exits."""
     for fault in faults:
         print(fault, file=sys.stderr)
     if faults:
