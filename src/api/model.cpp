@@ -2,7 +2,6 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "model/assets.h"
 #include "model/numbers.h"
 #include "model/start.h"
 #include "model/strings.h"

@@ -3,7 +3,6 @@
 #include <cstdlib>
 #include <new>
 
-#include "model/assets.h"
 #include "model/form_check.h"
 
 namespace velumo {

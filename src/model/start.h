@@ -1,12 +1,10 @@
 // Start-up and shutdown of a context. For the interface.
 #pragma once
 
+#include "model/assets.h"
 #include "model/file.h"
-#include "model/objects.h"
 
 namespace velumo {
-
-enum class FontMessages { print, keep_quiet };
 
 struct Form {
     u32 spare_objects, spare_texts;

@@ -143,6 +143,8 @@ void show_active_window(vel_context &ctx) {
 void erase_object(vel_context &ctx, u32 number) {
     vel_object &o = object_at(ctx, number);
     keep_window_on_screen(o);
+    // On purpose: the whole size of the record, also what the screen cuts, but nothing outside it,
+    // so that a shadow stays.
     draw_box(ctx, {o.x, o.y, o.width, o.height}, ctx.background_colour);
 }
 
