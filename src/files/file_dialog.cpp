@@ -35,7 +35,7 @@ bool is_dialog(const vel_context &ctx, u32 window) {
            dependents_of(o).size() >= part_count;
 }
 
-// Opens the window in front, its frame buttons scrolling, and leaves all behind it as it was.
+// Opens the window in front, its frame buttons scrolling, and puts everything back at the end.
 class OpenWindow {
 public:
     OpenWindow(vel_context &ctx, u32 window)
@@ -190,7 +190,7 @@ private:
             set_name(name);
         }
         if (!folder_.empty()) return;
-        // The user is told what could not be read, and goes on elsewhere.
+        // The message says what could not be read, and the user goes on elsewhere.
         if (!show_folder(here, pattern_)) show_folder("/", pattern_);
         message_.show();
     }
@@ -211,7 +211,7 @@ private:
         return true;
     }
 
-    // The end of a path tells more than its beginning.
+    // The end of a path says more than its beginning.
     void show_path() {
         vel_object &field = part(folder_part);
         TTF_Font *font = font_of(ctx_, field);

@@ -77,7 +77,7 @@ void make_file_rows(vel_context &ctx, u32 list, u32 rows) {
     const u32 first = o.dep_objs[0];
     if (first == 0) return;
     u32 row = 0;
-    // On purpose: the row before is looked at, so that one row behind the loaded objects is made.
+    // On purpose: the row before is looked at, so that one row after the loaded objects is made.
     for (u32 k = 1; k <= rows && k < VEL_MAX_DEPENDENTS && row <= ctx.object_count; ++k) {
         row = first + k;
         if (!has_record(ctx, row)) return;

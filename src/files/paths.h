@@ -13,7 +13,7 @@ std::string working_folder();
 std::string joined(const std::string &folder, std::string_view path);
 
 struct SplitPath {
-    std::string folder; // "/" for what stands in the root
+    std::string folder; // "/" for what is in the root
     std::string name;
 };
 // At the last slash; the path must have one.

@@ -13,8 +13,8 @@ enum class Polled { event, nothing, end_of_loop };
 // event stays as it was, and a loop handles it once more.
 Polled poll_event(vel_context &ctx);
 
-// For a loop whose poll found nothing: calls the idle hook and waits for the next event, but not
-// longer than told.
+// For a loop whose poll found nothing: calls the idle hook and waits for the next event, but no
+// longer than the time given.
 inline constexpr std::chrono::milliseconds longest_rest{50};
 void rest(vel_context &ctx, std::chrono::milliseconds longest = longest_rest);
 

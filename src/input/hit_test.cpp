@@ -31,7 +31,7 @@ u32 hit_frame_button(const vel_context &ctx, i64 x, i64 y) {
 }
 
 // On purpose: the window with the highest number wins, whatever the stack says, and its dependents
-// are not looked at, so that the first click on a window behind selects the window itself.
+// are not looked at, so that the first click on a background window selects the window itself.
 u32 hit_other_window(const vel_context &ctx, i64 x, i64 y) {
     for (u32 number = ctx.object_count; number > VEL_FRAME_BUTTONS; --number) {
         const vel_object &o = object_at(ctx, number);

@@ -19,7 +19,7 @@ i32 load_each(vel_context &ctx, u32 first, Wanted wanted, Load load) {
 }
 
 // Opening a named pipe would wait for its writer, and a terminal for its user. What cannot be
-// looked at is left to the loaders, which tell why.
+// looked at is left to the loaders, which say why.
 bool may_be_read(const char *path) {
     struct stat status {};
     if (::stat(path, &status) != 0 || S_ISREG(status.st_mode)) return true;

@@ -15,7 +15,7 @@ struct Axis {
     u32 vel_object::*scroll_max;
     u32 vel_context::*screen_size;
     u32 screen_gap;   // pixels that a cut object keeps free at the screen's far edge
-    u32 window_start; // least position of a top-level window, behind its marks and frame buttons
+    u32 window_start; // least position of a top-level window, which leaves room for its marks
 };
 
 // On purpose: a cut object keeps 2 pixels free at the right edge of the screen but 5 at the bottom.

@@ -1,4 +1,3 @@
-// What a form file may say wrong about its own objects, and how it is mended.
 #include "model/form_check.h"
 
 #include <cstdio>

@@ -21,7 +21,7 @@ using u8 = std::uint8_t;
 constexpr i32 as_signed(u32 value) { return static_cast<i32>(value); }
 constexpr u32 as_field(i64 value) { return static_cast<u32>(value); }
 
-// A number beyond a table of known size stands for record 0, the empty record.
+// A number beyond a table of known size means record 0, the empty record.
 inline u32 object_index(const vel_context &ctx, u32 number) {
     const u32 records = object_records(ctx);
     return records != 0 && number >= records ? 0 : number;

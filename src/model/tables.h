@@ -25,8 +25,8 @@ struct Tables {
     u32 text_records = 0;
 };
 
-// Both return false when the table does not fit into memory. Bytes behind the last whole record are
-// ignored; the spare records behind the loaded ones are zero.
+// Both return false when the table does not fit into memory. Bytes after the last whole record are
+// ignored; the spare records after the loaded ones are zero.
 bool read_objects(Bytes form, u32 spare, Tables &tables);
 bool read_texts(Bytes texts, u32 spare, Tables &tables);
 

@@ -15,7 +15,7 @@ inline void activate(vel_context &ctx, u32 window) {
     activate_wanted_window(ctx);
 }
 
-// Window 0 stands for the active one.
+// Window 0 is the active one.
 void close_window(vel_context &ctx, u32 window);
 
 } // namespace velumo

@@ -119,7 +119,7 @@ private:
     bool is_dialog() const { return dialog_.window != 0; }
     bool is_closed() const { return is_dialog() && object_at(ctx_, dialog_.window).hidden != 0; }
 
-    // The object that a key stands for in a dialog; 0 for none.
+    // The answer that a key gives in a dialog; 0 for none.
     u32 answer_of_key() const {
         if (is_enter(ctx_.event)) return dialog_.on_enter;
         return is_press_of(ctx_.event, SDLK_ESCAPE) ? dialog_.on_escape : 0;

@@ -11,8 +11,8 @@ u32 wait_for_object(vel_context &ctx);
 // All that lies outside of the window is out of the user's reach.
 struct Dialog {
     u32 window;
-    u32 on_enter;  // the object that the Enter key stands for
-    u32 on_escape; // the object that the Escape key stands for
+    u32 on_enter;  // the answer that the Enter key gives
+    u32 on_escape; // the answer that the Escape key gives
 };
 
 // The same within one window, and 7 when that was closed.
