@@ -10,7 +10,7 @@ using test::run;
 
 const char *const good = "[[window]]\nid = \"main\"\nrect = [20, 30, 9, 9]\ntext = \"t\"\n";
 
-TEST(Command, writes_three_files_beside_the_source) {
+TEST(Command, writes_three_files_and_the_pictures_of_the_frame_next_to_the_source) {
     const Folder folder;
     const auto result = run("compile " + folder.write("hello.toml", good));
     EXPECT_EQ(result.status, 0) << result.output;
@@ -19,8 +19,48 @@ TEST(Command, writes_three_files_beside_the_source) {
     EXPECT_EQ(test::contents(folder.file("hello.text")).size(), 1008U);
     const std::string header = test::contents(folder.file("hello.h"));
     EXPECT_NE(header.find("HELLO_MAIN = 8,"), std::string::npos) << header;
-    EXPECT_EQ(test::names_in(folder),
-              (std::vector<std::string>{"hello.form", "hello.h", "hello.text", "hello.toml"}));
+    EXPECT_EQ(test::names_in(folder), (std::vector<std::string>{"frame", "hello.form", "hello.h",
+                                                                "hello.text", "hello.toml"}));
+    for (const auto &picture : std::filesystem::directory_iterator(VELFORM_FRAME)) {
+        const std::string name = picture.path().filename().string();
+        EXPECT_TRUE(test::contents(folder.file("frame/" + name)) ==
+                    test::contents(picture.path().string()))
+            << name;
+    }
+}
+
+TEST(Command, leaves_pictures_that_are_there_and_says_which_are_missing) {
+    const struct {
+        const char *source, *message; // about the folder of the compiled form
+        bool has_pictures;
+    } cases[] = {
+        {"[[window]]\nrect = [20, 30, 9, 9]", "", true},
+        {"[[object]]\ntype = \"label\"\nrect = [20, 30, 9, 9]", "", false},
+        {"[frame]\npictures = \"my\"\n[[window]]\nrect = [20, 30, 9, 9]", "@/my/mode.png", false},
+        {"[frame]\npictures = \"my\"", "", false},
+        {"[[object]]\ntype = \"picture\"\npicture = \"p.png\"", "@/p.png", false},
+        {"[[object]]\ntype = \"picture\"\npicture = \"beside.png\"", "", false},
+        {"[[object]]\ntype = \"label\"\nrect = [0, 0, 9, 9]\nfont_file = \"f.ttf\"", "@/f.ttf",
+         false},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.source);
+        const Folder folder, target;
+        const std::string source = folder.write("a.toml", c.source);
+        folder.write("beside.png", "");
+        if (c.has_pictures) {
+            std::filesystem::create_directory(target.file("frame"));
+            target.write("frame/move.png", "mine");
+        }
+        const auto result = run("compile " + source + " -o " + target.file("a.form"));
+        EXPECT_EQ(result.status, 0);
+        std::string message = c.message;
+        if (!message.empty()) message.replace(0, 2, "put it at " + target.file(""));
+        EXPECT_NE(result.output.find(message), std::string::npos) << result.output;
+        EXPECT_EQ(result.output.empty(), message.empty()) << result.output;
+        EXPECT_EQ(std::filesystem::exists(target.file("frame/close.png")), c.has_pictures);
+        EXPECT_EQ(test::contents(target.file("frame/move.png")), c.has_pictures ? "mine" : "");
+    }
 }
 
 TEST(Command, options_name_the_outputs) {
@@ -29,9 +69,9 @@ TEST(Command, options_name_the_outputs) {
         std::vector<std::string> files;
         const char *constant;
     } cases[] = {
-        {"-o @/b.form", {"b.form", "b.h", "b.text"}, "A_MAIN"},
-        {"--form @/x --text @/y --header @/z", {"x", "y", "z"}, "A_MAIN"},
-        {"--prefix other", {"a.form", "a.h", "a.text"}, "OTHER_MAIN"},
+        {"-o @/b.form", {"b.form", "b.h", "b.text", "frame"}, "A_MAIN"},
+        {"--form @/x --text @/y --header @/z", {"frame", "x", "y", "z"}, "A_MAIN"},
+        {"--prefix other", {"a.form", "a.h", "a.text", "frame"}, "OTHER_MAIN"},
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.options);
@@ -46,7 +86,9 @@ TEST(Command, options_name_the_outputs) {
         expected.insert(std::ranges::upper_bound(expected, "a.toml"), "a.toml");
         EXPECT_EQ(test::names_in(folder), expected);
         std::string all;
-        for (const std::string &file : c.files) all += test::contents(folder.file(file));
+        for (const std::string &file : c.files) {
+            if (file != "frame") all += test::contents(folder.file(file));
+        }
         EXPECT_NE(all.find(std::string("    ") + c.constant + " = 8,"), std::string::npos);
     }
 }

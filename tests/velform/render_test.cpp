@@ -36,6 +36,7 @@ const char *const source = R"(
 [styles.plain]
 type = "label"
 fill = "#00ff00"
+border = "none"
 [frame.move]
 style = "plain"
 [frame.height_less]
@@ -150,7 +151,6 @@ bool are_near(vel_colour a, vel_colour b) {
 
 TEST(Render, finds_pictures_from_the_folder_it_works_in) {
     const Folder folder;
-    std::filesystem::copy(VELFORM_FRAME, folder.file("frame"));
     folder.write("a.toml", "[[window]]\nrect = [50, 50, 200, 100]\n");
     ASSERT_EQ(run("compile " + folder.file("a.toml")).status, 0);
     const std::string options = " a.form a.text -o a.png --activate 8 --background \"#ffffff\"";

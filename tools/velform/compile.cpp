@@ -1,7 +1,8 @@
 #include "compile.h"
 
-#include <array>
+#include <algorithm>
 #include <filesystem>
+#include <iterator>
 #include <set>
 
 #include <fmt/format.h>
@@ -10,6 +11,7 @@
 #include "form.h"
 #include "header.h"
 #include "identifier.h"
+#include "needed_files.h"
 #include "records.h"
 #include "toml_text.h"
 
@@ -48,8 +50,15 @@ std::string prefix_of(const CompileOptions &options, const FormSource &source,
     return prefix;
 }
 
-// Returns the files to write; what they hold counts only when nothing is wrong.
-std::array<OutputFile, 3> outputs_of(const CompileOptions &options, Diagnostics &diagnostics) {
+std::string folder_of(const std::string &path) { return fs::path(path).parent_path().string(); }
+
+struct Outputs {
+    std::vector<OutputFile> files;
+    std::vector<std::string> missing; // that the form needs as well
+};
+
+// What it returns counts only when nothing is wrong.
+Outputs outputs_of(const CompileOptions &options, Diagnostics &diagnostics) {
     const auto root = parse_toml(read_file(options.source), diagnostics);
     if (!root) return {};
     const FormSource source = read_form_source(*root, diagnostics);
@@ -57,14 +66,26 @@ std::array<OutputFile, 3> outputs_of(const CompileOptions &options, Diagnostics 
     const std::string prefix = prefix_of(options, source, diagnostics);
     std::string header = header_text(form, prefix, diagnostics);
     if (diagnostics.has_errors()) return {};
-    return {{{options.form, form_file_bytes(form)},
-             {options.text, text_file_bytes(form)},
-             {options.header, std::move(header)}}};
+    const std::string folder = folder_of(options.form);
+    Outputs outputs{{{options.form, form_file_bytes(form)},
+                     {options.text, text_file_bytes(form)},
+                     {options.header, std::move(header)}},
+                    missing_files(form, {folder, folder_of(options.source)})};
+    std::ranges::move(frame_pictures_to_write(form, folder), std::back_inserter(outputs.files));
+    return outputs;
+}
+
+void report_missing(const CompileOptions &options, const std::vector<std::string> &files,
+                    std::ostream &out) {
+    for (const std::string &file : files) {
+        out << fmt::format("{} needs {}, which is not there; put it at {}\n", options.form, file,
+                           (fs::path(folder_of(options.form)) / file).string());
+    }
 }
 
 } // namespace
 
-Status compile(const CompileOptions &given, std::ostream &err) {
+Status compile(const CompileOptions &given, std::ostream &out, std::ostream &err) {
     const CompileOptions options = with_all_paths(given);
     if (!name_four_files(options)) {
         throw WrongUsage("the source and the three outputs must be four different files");
@@ -73,10 +94,11 @@ Status compile(const CompileOptions &given, std::ostream &err) {
         throw WrongUsage("the prefix must be a letter followed by letters, digits and '_'");
     }
     Diagnostics diagnostics;
-    const auto outputs = outputs_of(options, diagnostics);
+    const Outputs outputs = outputs_of(options, diagnostics);
     diagnostics.print(err, options.source);
     if (diagnostics.has_errors()) return Status::faulty_source;
-    replace_files(outputs);
+    replace_files(outputs.files);
+    report_missing(options, outputs.missing, out);
     return Status::done;
 }
 

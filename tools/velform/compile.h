@@ -14,7 +14,8 @@ struct CompileOptions {
     std::string prefix;             // empty: as the source says, or made from its name
 };
 
-// Prints what is wrong with the source to err. Throws WrongUsage and FileProblem.
-Status compile(const CompileOptions &options, std::ostream &err);
+// Prints what is wrong with the source to err, and to out which pictures and fonts are missing.
+// Throws WrongUsage and FileProblem.
+Status compile(const CompileOptions &options, std::ostream &out, std::ostream &err);
 
 } // namespace velform

@@ -35,12 +35,31 @@ private:
     int descriptor_;
 };
 
-// One file on its way: first beside its place under another name, then in its place, with what
-// stood there before kept until all files have come so far.
+// The folder of a file. If it was made for the file it goes again, unless something is in it.
+class Folder {
+public:
+    explicit Folder(const OutputFile &file)
+        : path_(std::filesystem::path(file.path).parent_path()) {
+        std::error_code fault; // shows when the file is written
+        is_new_ = file.may_make_folder && std::filesystem::create_directory(path_, fault);
+    }
+    ~Folder() {
+        if (is_new_) rmdir(path_.c_str());
+    }
+    Folder(const Folder &) = delete;
+    Folder &operator=(const Folder &) = delete;
+
+private:
+    std::filesystem::path path_;
+    bool is_new_ = false;
+};
+
+// One file on its way: first next to its place under another name, then in its place, with what
+// was there before kept until all files have come so far.
 class Replacement {
 public:
     explicit Replacement(const OutputFile &file)
-        : path_(file.path), fresh_(beside(file.path, "new")), kept_(beside(file.path, "old")) {
+        : path_(file.path), fresh_(next_to(file.path, "new")), kept_(next_to(file.path, "old")) {
         write(file.bytes);
     }
     ~Replacement() {
@@ -67,7 +86,7 @@ public:
     }
 
 private:
-    static std::string beside(const std::string &path, std::string_view suffix) {
+    static std::string next_to(const std::string &path, std::string_view suffix) {
         return fmt::format("{}.{}.{}", path, getpid(), suffix);
     }
 
@@ -111,8 +130,13 @@ std::string read_file(const std::string &path) {
 }
 
 void replace_files(std::span<const OutputFile> files) {
-    std::list<Replacement> replacements; // none of them moves
-    for (const OutputFile &file : files) replacements.emplace_back(file);
+    // None of them moves. The folders go last, when nothing is in them.
+    std::list<Folder> folders;
+    std::list<Replacement> replacements;
+    for (const OutputFile &file : files) {
+        folders.emplace_back(file);
+        replacements.emplace_back(file);
+    }
     try {
         for (Replacement &replacement : replacements) replacement.put_in_place();
     } catch (...) {

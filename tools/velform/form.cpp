@@ -26,15 +26,21 @@ Settings standard_settings(std::uint32_t type) {
     return settings;
 }
 
-// The window manager places and shows the buttons.
-Settings frame_button_settings(const FormSource &source, std::size_t button) {
+// As the edges of the pictures that come with velform, see scripts/draw-frame-pictures.
+constexpr std::int64_t frame_button_edge = 0x93A1B5, close_button_edge = 0xB02E36;
+
+// The window manager places and shows the buttons. Their outline is all that the library draws of a
+// button whose picture is not there.
+Settings frame_button_settings(const FormSource &source, std::uint32_t button) {
     const auto size = Setting{VEL_FRAME_BUTTON_SIZE, {}};
     Settings settings;
     settings[Field::type] = Setting{VEL_TYPE_PICTURE_UNLOADED, {}};
     settings[Field::width] = settings[Field::height] = size;
     settings[Field::hidden] = Setting{1, {}};
-    settings[Field::picture] =
-        Setting{fmt::format("{}/{}.png", source.frame_pictures, frame_button_names[button]), {}};
+    settings[Field::picture] = Setting{frame_picture_path(source.frame_pictures, button), {}};
+    settings[Field::border] = Setting{VEL_BORDER_SHADOW, {}};
+    settings[Field::border_colour] =
+        Setting{button == VEL_BUTTON_CLOSE ? close_button_edge : frame_button_edge, {}};
     return settings;
 }
 
@@ -44,11 +50,11 @@ public:
         : source_(source), diagnostics_(diagnostics), styles_(source, diagnostics) {}
 
     Form build() {
-        for (std::size_t k = 0; k < source_.frame_buttons.size(); ++k) {
-            const ObjectSource &button = source_.frame_buttons[k];
-            Settings settings = frame_button_settings(source_, k);
-            settings.overlay(styles_.resolve(button));
-            add(button, 0, settings);
+        for (std::uint32_t button = 1; button <= VEL_FRAME_BUTTONS; ++button) {
+            const ObjectSource &source = source_.frame_buttons[button - 1];
+            Settings settings = frame_button_settings(source_, button);
+            settings.overlay(styles_.resolve(source));
+            add(source, 0, settings);
         }
         add_list(source_.objects, 0);
         for (FormObject &object : form_.objects) {

@@ -33,10 +33,13 @@ struct ObjectSource : Block {
     std::vector<ObjectSource> objects;
 };
 
+// Where the pictures of the frame buttons are, unless the source names another folder.
+inline constexpr std::string_view standard_frame_folder = "frame";
+
 struct FormSource {
     std::optional<std::string> prefix; // of the names in the header
     Position prefix_where;
-    std::string frame_pictures = "frame"; // the folder
+    std::string frame_pictures{standard_frame_folder};
     std::map<std::string, Block, std::less<>> styles;
     std::array<ObjectSource, VEL_FRAME_BUTTONS> frame_buttons;
     std::vector<ObjectSource> objects;
@@ -45,6 +48,10 @@ struct FormSource {
 // Names of the frame buttons, from button 1 on.
 inline constexpr std::array<std::string_view, VEL_FRAME_BUTTONS> frame_button_names{
     "move", "height_less", "height_more", "mode", "width_less", "width_more", "close"};
+
+inline std::string frame_picture_path(std::string_view folder, std::size_t button) {
+    return std::string(folder) + "/" + std::string(frame_button_names[button - 1]) + ".png";
+}
 
 // Whatever is wrong is reported and left out.
 FormSource read_form_source(const toml::table &root, Diagnostics &diagnostics);

@@ -54,7 +54,8 @@ private:
         command->add_option("--header", compile_.header, "C header [the form's name with .h]");
         command->add_option("--prefix", compile_.prefix,
                             "What the names in the header begin with [the source's name]");
-        command->callback([this] { action_ = [this] { return compile(compile_, std::cerr); }; });
+        command->callback(
+            [this] { action_ = [this] { return compile(compile_, std::cout, std::cerr); }; });
     }
 
     void add_render() {

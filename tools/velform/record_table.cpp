@@ -54,6 +54,7 @@ constexpr Range type_codes{VEL_TYPE_EMPTY, VEL_TYPE_CHAIN};
 // Codes that the library has no name for are kept, because some of them do something.
 constexpr Range codes{0, std::numeric_limits<std::int32_t>::max()};
 constexpr std::int64_t black = 0x000000;
+constexpr std::int64_t edge = 0x93A1B5;
 constexpr std::int64_t white = 0xFFFFFF;
 
 using enum Field;
@@ -158,7 +159,7 @@ constexpr std::array<RecordField, field_count> table{
          "says."),
     number(border_inset, 268, "border_inset", pixels, 0, any,
            "Pixels from the inner area out to the frame, or from the outline to the shadow."),
-    colour(border_colour, 272, "border_r, border_g, border_b", "border_colour", black, any,
+    colour(border_colour, 272, "border_r, border_g, border_b", "border_colour", edge, any,
            "Colour of the border."),
     computed(master, 284, 4, "master", "Number of the object around this one, 0 = none."),
     computed(dependents, 288, 4 * VEL_MAX_DEPENDENTS, "dep_objs",
