@@ -9,7 +9,8 @@
 
 #include <velumo.h>
 
-#include "form.h"
+#include "form_builder.h"
+#include "form_check.h"
 #include "header.h"
 #include "records.h"
 #include "toml_text.h"
@@ -25,6 +26,7 @@ struct Compiled {
         if (const auto root = velform::parse_toml(source, diagnostics)) {
             const auto read = velform::read_form_source(*root, diagnostics);
             const auto built = velform::build_form(read, diagnostics);
+            velform::check_form(built, diagnostics);
             form = velform::form_file_bytes(built);
             texts = velform::text_file_bytes(built);
             header = velform::header_text(built, "F", diagnostics);

@@ -180,6 +180,14 @@ TEST(Faults, of_a_source_are_all_told_in_its_order) {
     }
 }
 
+TEST(Faults, beyond_the_first_hundred_are_counted) {
+    const Compiled c(repeated(label("fill = 1\npicture = \"p\"\n"), 150));
+    const std::string end = "f: 50 more errors\nf: 50 more warnings\n";
+    EXPECT_EQ(std::count(c.messages.begin(), c.messages.end(), '\n'), 202);
+    EXPECT_TRUE(c.messages.ends_with(end)) << c.messages;
+    EXPECT_NE(line_with(c.messages, "f:499:8: error: "), "") << "the 100th";
+}
+
 TEST(Faults, of_hostile_sources_are_errors_like_others) {
     std::string styles;
     for (int k = 0; k < 2000; ++k) {

@@ -8,7 +8,8 @@
 #include <fmt/format.h>
 
 #include "files.h"
-#include "form.h"
+#include "form_builder.h"
+#include "form_check.h"
 #include "header.h"
 #include "identifier.h"
 #include "needed_files.h"
@@ -63,6 +64,7 @@ Outputs outputs_of(const CompileOptions &options, Diagnostics &diagnostics) {
     if (!root) return {};
     const FormSource source = read_form_source(*root, diagnostics);
     const Form form = build_form(source, diagnostics);
+    check_form(form, diagnostics);
     const std::string prefix = prefix_of(options, source, diagnostics);
     std::string header = header_text(form, prefix, diagnostics);
     if (diagnostics.has_errors()) return {};

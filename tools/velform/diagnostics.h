@@ -21,7 +21,8 @@ public:
     void warning(Position where, std::string message);
     bool has_errors() const;
 
-    // Prints one line each, once, in the order of the source: "file:line:column: error: message".
+    // Prints one line each, once, in the order of the source: "file:line:column: error: message";
+    // of errors and of warnings only the first hundred, and how many more there are.
     void print(std::ostream &out, const std::string &file) const;
 
 private:
@@ -32,6 +33,8 @@ private:
         std::string message;
         bool operator==(const Entry &) const = default;
     };
+    std::vector<Entry> sorted() const;
+
     std::vector<Entry> entries_;
 };
 

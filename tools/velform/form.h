@@ -33,7 +33,10 @@ struct Form {
     const FormObject &object(std::uint32_t number) const { return objects[number - 1]; }
 };
 
-// The source must outlive the form. Reports what is wrong with single objects and between them.
-Form build_form(const FormSource &source, Diagnostics &diagnostics);
+// Whether the text of a chain flows into the object from the head of the chain.
+inline bool is_chain_member(const Form &form, const FormObject &object) {
+    return object.type() == VEL_TYPE_CHAIN && object.master != 0 &&
+           form.object(object.master).type() == VEL_TYPE_CHAIN;
+}
 
 } // namespace velform

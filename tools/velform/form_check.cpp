@@ -162,13 +162,8 @@ private:
 
 } // namespace
 
-bool is_chain_member(const Form &form, const FormObject &object) {
-    return object.type() == VEL_TYPE_CHAIN && object.master != 0 &&
-           form.object(object.master).type() == VEL_TYPE_CHAIN;
-}
-
-void check_object(const Form &form, const FormObject &object, Diagnostics &diagnostics) {
-    ObjectCheck(form, object, diagnostics).run();
+void check_form(const Form &form, Diagnostics &diagnostics) {
+    for (const FormObject &object : form.objects) ObjectCheck(form, object, diagnostics).run();
 }
 
 } // namespace velform

@@ -60,6 +60,12 @@ Keys operator+(Keys a, const Keys &b) {
     return a;
 }
 
+// Objects are large: they are moved only when several lists have to be merged.
+void sort_by_place(std::vector<ObjectSource> &objects) {
+    if (std::ranges::is_sorted(objects, {}, &ObjectSource::where)) return;
+    std::ranges::stable_sort(objects, {}, &ObjectSource::where);
+}
+
 class Reader {
 public:
     explicit Reader(Diagnostics &diagnostics) : diagnostics_(diagnostics) {}
@@ -79,7 +85,7 @@ public:
             for_each_table(file_dialog_key, *dialogs, [&](const toml::table &table) {
                 read_file_dialog(table, source.objects);
             });
-            std::ranges::stable_sort(source.objects, {}, &ObjectSource::where);
+            sort_by_place(source.objects);
         }
         return source;
     }
@@ -202,7 +208,7 @@ private:
             const ListKey *list = find_list_key(key.str());
             if (list != nullptr) read_list(*list, node, objects);
         }
-        std::ranges::stable_sort(objects, {}, &ObjectSource::where);
+        sort_by_place(objects);
         return objects;
     }
 

@@ -2,24 +2,17 @@
 
 #include <fmt/format.h>
 
-#include "suggestion.h"
-
 namespace velform {
 namespace {
 
 constexpr int deepest_style = 16;
 const Settings nothing;
 
-std::vector<std::string_view> names_of(const FormSource &source) {
-    std::vector<std::string_view> names;
-    for (const auto &[name, style] : source.styles) names.push_back(name);
-    return names;
-}
-
 } // namespace
 
 StyleResolver::StyleResolver(const FormSource &source, Diagnostics &diagnostics)
     : source_(source), diagnostics_(diagnostics) {
+    for (const auto &[name, style] : source.styles) names_.add(name);
     for (const auto &[name, style] : source.styles) resolve_style({name, style.where});
 }
 
@@ -33,8 +26,8 @@ Settings StyleResolver::resolve(const Block &block) {
 const Settings &StyleResolver::resolve_style(const StyleUse &use) {
     const auto style = source_.styles.find(use.name);
     if (style == source_.styles.end()) {
-        diagnostics_.error(use.where, fmt::format("there is no style '{}'{}", use.name,
-                                                  did_you_mean(use.name, names_of(source_))));
+        diagnostics_.error(
+            use.where, fmt::format("there is no style '{}'{}", use.name, names_.hint(use.name)));
         return nothing;
     }
     const auto [entry, is_new] = resolved_.try_emplace(use.name);

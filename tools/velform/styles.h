@@ -5,6 +5,7 @@
 #include <string>
 
 #include "form_source.h"
+#include "suggestion.h"
 
 namespace velform {
 
@@ -27,6 +28,7 @@ private:
     const FormSource &source_;
     Diagnostics &diagnostics_;
     std::map<std::string, Resolved, std::less<>> resolved_;
+    Suggestions names_;
     int depth_ = 0;
 };
 

@@ -42,4 +42,10 @@ std::string did_you_mean(std::string_view word, std::span<const std::string_view
     return fmt::format("; did you mean '{}'?", nearest);
 }
 
+std::string Suggestions::hint(std::string_view word) {
+    if (hints_left_ == 0) return {};
+    --hints_left_;
+    return did_you_mean(word, candidates_);
+}
+
 } // namespace velform

@@ -1,10 +1,9 @@
-#include "form.h"
+#include "form_builder.h"
 
-#include <algorithm>
+#include <unordered_map>
 
 #include <fmt/format.h>
 
-#include "form_check.h"
 #include "styles.h"
 #include "suggestion.h"
 
@@ -44,12 +43,19 @@ Settings frame_button_settings(const FormSource &source, std::uint32_t button) {
     return settings;
 }
 
+std::size_t count_of(const std::vector<ObjectSource> &list) {
+    std::size_t count = list.size();
+    for (const ObjectSource &object : list) count += count_of(object.objects);
+    return count;
+}
+
 class Builder {
 public:
     Builder(const FormSource &source, Diagnostics &diagnostics)
         : source_(source), diagnostics_(diagnostics), styles_(source, diagnostics) {}
 
     Form build() {
+        form_.objects.reserve(VEL_FRAME_BUTTONS + count_of(source_.objects));
         for (std::uint32_t button = 1; button <= VEL_FRAME_BUTTONS; ++button) {
             const ObjectSource &source = source_.frame_buttons[button - 1];
             Settings settings = frame_button_settings(source_, button);
@@ -57,6 +63,7 @@ public:
             add(source, 0, settings);
         }
         add_list(source_.objects, 0);
+        note_ids();
         for (FormObject &object : form_.objects) {
             add_text(object);
             link_menu(object);
@@ -127,48 +134,49 @@ private:
         return object.type() != VEL_TYPE_CHAIN && object.value(Field::editable) != 0;
     }
 
+    void note_ids() {
+        for (const FormObject &object : form_.objects) {
+            const std::string_view id = object.source->id;
+            if (id.empty()) continue;
+            numbers_.try_emplace(id, object.number);
+            if (object.type() == VEL_TYPE_MENU) menus_.add(id);
+        }
+    }
+
     void link_menu(FormObject &object) {
         const Setting &menu = *object.settings[Field::menu];
         if (menu.string().empty() || menu.is_faulty) return;
         if (!means_something(record_field(Field::menu), object.type())) return;
-        const auto named = std::ranges::find(form_.objects, menu.string(), [](const auto &o) {
-            return std::string_view(o.source->id);
-        });
-        if (named == form_.objects.end()) {
-            diagnostics_.error(menu.where,
-                               fmt::format("there is no object '{}'{}", menu.string(),
-                                           did_you_mean(menu.string(), ids_of_menus())));
-        } else if (named->type() != VEL_TYPE_MENU) {
-            diagnostics_.error(menu.where,
-                               fmt::format("'{}' is no menu but {}{}", menu.string(),
-                                           type_with_article(named->type()),
-                                           did_you_mean(menu.string(), ids_of_menus())));
+        const auto named = numbers_.find(menu.string());
+        if (named == numbers_.end()) {
+            refuse_menu(menu, fmt::format("there is no object '{}'", menu.string()));
+            return;
+        }
+        const std::uint32_t type = form_.object(named->second).type();
+        if (type == VEL_TYPE_MENU) {
+            object.menu = named->second;
         } else {
-            object.menu = named->number;
+            refuse_menu(menu, fmt::format("'{}' is no menu but {}", menu.string(),
+                                          type_with_article(type)));
         }
     }
 
-    std::vector<std::string_view> ids_of_menus() const {
-        std::vector<std::string_view> ids;
-        for (const FormObject &object : form_.objects) {
-            const bool has_id = !object.source->id.empty();
-            if (has_id && object.type() == VEL_TYPE_MENU) ids.push_back(object.source->id);
-        }
-        return ids;
+    void refuse_menu(const Setting &menu, const std::string &fault) {
+        diagnostics_.error(menu.where, fault + menus_.hint(menu.string()));
     }
 
     const FormSource &source_;
     Diagnostics &diagnostics_;
     StyleResolver styles_;
     Form form_;
+    std::unordered_map<std::string_view, std::uint32_t> numbers_; // by id; the first wins
+    Suggestions menus_;
 };
 
 } // namespace
 
 Form build_form(const FormSource &source, Diagnostics &diagnostics) {
-    Form form = Builder(source, diagnostics).build();
-    for (const FormObject &object : form.objects) check_object(form, object, diagnostics);
-    return form;
+    return Builder(source, diagnostics).build();
 }
 
 } // namespace velform
