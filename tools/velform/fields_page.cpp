@@ -10,9 +10,6 @@
 namespace velform {
 namespace {
 
-constexpr std::string_view begin_mark = "<!-- fields -->\n";
-constexpr std::string_view end_mark = "<!-- /fields -->\n";
-
 std::string joined(const std::vector<std::string> &parts) {
     return fmt::format("{}", fmt::join(parts, ", "));
 }
@@ -117,27 +114,46 @@ std::string layout_rows() {
     return rows;
 }
 
-} // namespace
-
-std::string field_reference() {
+std::string key_tables() {
     return fmt::format("\n### Keys of an object\n\n"
                        "| Key | Value | Default | Types | Meaning |\n|---|---|---|---|---|\n{}\n"
                        "### Keys for several fields\n\n"
-                       "| Key | Value | Stands for |\n|---|---|---|\n{}\n"
-                       "### The record\n\n"
-                       "| Byte | Size | Field in `velumo.h` | Holds |\n|---|---|---|---|\n{}\n",
-                       key_rows(), shorthand_rows(), layout_rows());
+                       "| Key | Value | Stands for |\n|---|---|---|\n{}\n",
+                       key_rows(), shorthand_rows());
 }
 
-std::string with_field_reference(std::string_view page) {
-    const std::size_t begin = page.find(begin_mark);
-    const std::size_t end = page.find(end_mark);
-    if (begin == std::string_view::npos || end == std::string_view::npos || end < begin) {
-        throw FileProblem("the page has no part between the marks <!-- fields --> and "
-                          "<!-- /fields -->");
+std::string record_layout() {
+    return fmt::format("\n| Byte | Size | Field in `velumo.h` | Holds |\n|---|---|---|---|\n{}\n",
+                       layout_rows());
+}
+
+// A part of a page, between two marks.
+struct Part {
+    std::string_view begin, end;
+    std::string (*text)();
+};
+constexpr Part parts[] = {{"<!-- fields -->\n", "<!-- /fields -->\n", key_tables},
+                          {"<!-- record -->\n", "<!-- /record -->\n", record_layout}};
+
+} // namespace
+
+std::string field_reference() { return key_tables() + record_layout(); }
+
+std::string with_field_reference(std::string page) {
+    bool has_marks = false;
+    for (const Part &part : parts) {
+        const std::size_t mark = page.find(part.begin);
+        const std::size_t end = page.find(part.end);
+        if (mark == std::string::npos || end == std::string::npos || end < mark) continue;
+        const std::size_t begin = mark + part.begin.size();
+        page.replace(begin, end - begin, part.text());
+        has_marks = true;
     }
-    return fmt::format("{}{}{}{}", page.substr(0, begin), begin_mark, field_reference(),
-                       page.substr(end));
+    if (!has_marks) {
+        throw FileProblem("the page has no part between the marks <!-- fields --> and "
+                          "<!-- /fields -->, or <!-- record --> and <!-- /record -->");
+    }
+    return page;
 }
 
 } // namespace velform

@@ -1,5 +1,6 @@
-// The record of the form description file as one table: what stands at which byte, under which key
-// a form source gives it, which values it takes. The compiler and docs/form-source.md follow it.
+// The record of the form description file as a table, made from the one that the library reads by:
+// what is at which byte, under which key a form source gives it, which values it takes. The
+// compiler and the pages docs/form-source.md and docs/file-formats.md follow it.
 #pragma once
 
 #include <array>
@@ -12,54 +13,21 @@ namespace velform {
 
 // The rows of the table, in the order of the record.
 enum class Field : std::uint8_t {
-    x,
-    y,
-    width,
-    height,
-    fill,
-    label,
-    font_choice,
-    font_size,
-    font_file,
-    text,
-    text_colour,
-    margin_left,
-    margin_right,
-    margin_top,
-    margin_bottom,
-    centred,
-    line_width,
-    line_spacing,
-    reserved_number_of_lines,
-    reserved,
-    hidden,
-    type,
-    window_kind,
-    editable,
-    reserved_cursor_x,
-    reserved_cursor_y,
-    text_length,
-    reserved_cursor_line,
-    reserved_cursor_column,
-    max_chars,
-    menu,
-    border,
-    border_inset,
-    border_colour,
-    master,
-    dependents,
-    reserved_scroll_x,
-    reserved_scroll_y,
-    scroll_max_x,
-    scroll_max_y,
-    picture,
-    clip,
+#define NUMBER(field, ...) field,
+#define FLAG NUMBER
+#define CODE NUMBER
+#define COLOUR NUMBER
+#define STRING NUMBER
+#define LINK NUMBER
+#define SHARED_LINK NUMBER
+#define COMPUTED NUMBER
+#define LIST NUMBER
+#define UNREAD NUMBER
+#include "model/record.inc"
     count
 };
 
 inline constexpr std::size_t field_count = static_cast<std::size_t>(Field::count);
-inline constexpr std::uint32_t record_size = 776;
-inline constexpr std::uint32_t text_record_size = 1008;
 
 enum class Kind : std::uint8_t {
     number,   // a whole number in a range; negative ones wrap around
@@ -83,18 +51,20 @@ struct Range {
     std::int64_t first, last;
 };
 
+inline constexpr std::uint32_t any_type = ~0U;
+
 struct RecordField {
     Field field;
-    std::uint32_t offset;  // of the first byte
-    std::uint32_t size;    // in bytes
-    std::string_view name; // in velumo.h
-    std::string_view key;  // in a form source; empty when it has none
     Kind kind;
-    Range range;                 // of a number
-    std::span<const Name> names; // of a code
-    std::int64_t standard;       // value when nothing is said
-    std::uint32_t types;         // bit t: the field means something for type t
-    std::string_view meaning;
+    std::uint32_t offset;   // of the first byte
+    std::uint32_t size;     // in bytes
+    std::string_view name;  // in velumo.h
+    std::string_view key{}; // in a form source; empty when it has none
+    std::string_view meaning{};
+    std::uint32_t types = any_type; // bit t: the field means something for type t
+    std::int64_t standard = 0;      // value when nothing is said
+    Range range{};                  // of a number
+    std::span<const Name> names{};  // of a code
 };
 
 // Where objects of a type differ from the standard.

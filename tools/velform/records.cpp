@@ -1,10 +1,11 @@
 #include "records.h"
 
+#include <cstddef>
+
 namespace velform {
 namespace {
 
 constexpr std::uint32_t number_size = 4;
-constexpr std::size_t text_offset = 8; // behind the first word and the place of the cursor
 
 void put_number(std::string &bytes, std::size_t offset, std::uint32_t number) {
     for (std::uint32_t k = 0; k < number_size; ++k) {
@@ -68,7 +69,7 @@ void put_field(std::string &record, const RecordField &row, const FormObject &ob
 std::string form_file_bytes(const Form &form) {
     std::string bytes;
     for (const FormObject &object : form.objects) {
-        std::string record(record_size, '\0');
+        std::string record(sizeof(vel_object_file_rec), '\0');
         for (const RecordField &row : record_table()) put_field(record, row, object);
         bytes += record;
     }
@@ -78,8 +79,8 @@ std::string form_file_bytes(const Form &form) {
 std::string text_file_bytes(const Form &form) {
     std::string bytes;
     for (const std::string &text : form.texts) {
-        std::string record(text_record_size, '\0');
-        put_string(record, text_offset, text);
+        std::string record(sizeof(vel_text_rec), '\0');
+        put_string(record, offsetof(vel_text_rec, text), text);
         bytes += record;
     }
     return bytes;
