@@ -64,7 +64,8 @@ inline std::string pixels_of_colour(const SDL_Surface *s, vel_colour c) {
     for (int y = 0; y < s->h; ++y) {
         for (int x = 0; x < s->w; ++x) {
             if (pixel_of(s, x, y) == c) {
-                found += (found.empty() ? "" : " ") + std::to_string(x) + "," + std::to_string(y);
+                if (!found.empty()) found += " ";
+                found += std::to_string(x) + "," + std::to_string(y);
             }
         }
     }

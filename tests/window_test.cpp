@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <sstream>
 
 namespace {
 
@@ -33,14 +34,12 @@ protected:
     }
     // Positions of the frame buttons that show, as "number:x,y".
     std::string buttons() const {
-        std::string found;
+        std::ostringstream found;
         for (uint32_t k = 1; k <= 7; ++k) {
             const vel_object &o = objects[k];
-            if (o.hidden != 0) continue;
-            found +=
-                std::to_string(k) + ":" + std::to_string(o.x) + "," + std::to_string(o.y) + " ";
+            if (o.hidden == 0) found << k << ":" << o.x << "," << o.y << " ";
         }
-        return found;
+        return found.str();
     }
 };
 
