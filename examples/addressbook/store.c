@@ -76,11 +76,12 @@ static int check_file(Store *store) {
     store_fail(store, "Die Datei ist beschädigt.");
     return store_run(store, read_number, &tables, "SELECT count(*) FROM sqlite_master") &&
            (tables != 0 || store_run(store, NULL, NULL, "%s", schema)) &&
-           store_run(store, read_message, store,
-                     "SELECT CASE WHEN application_id <> 1447380034 OR user_version <> 1 "
-                     "THEN 'Die Datei ist kein Adressbuch dieses Programms.' "
-                     "WHEN quick_check <> 'ok' THEN 'Die Datei ist beschädigt.' ELSE '' END "
-                     "FROM pragma_application_id, pragma_user_version, pragma_quick_check(1)") &&
+           store_run(
+               store, read_message, store,
+               "SELECT CASE WHEN application_id <> 1447380034 OR user_version <> 1 "
+               "THEN 'Die Datei ist kein Adressbuch dieses Programms.' "
+               "WHEN quick_check <> 'ok' THEN 'Die Datei ist beschädigt.' ELSE '' END "
+               "FROM pragma_application_id, pragma_user_version, pragma_quick_check LIMIT 1") &&
            store->message[0] == 0;
 }
 
