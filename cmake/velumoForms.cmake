@@ -12,7 +12,11 @@ function(velumo_find_velform result)
             return()
         endif()
     endforeach()
-    message(FATAL_ERROR "velumo_add_form needs the form tool velform, which is not there")
+    message(
+        FATAL_ERROR
+        "velumo_add_form needs the form tool velform, which was not installed with Velumo or, "
+        "inside another project, cannot be built: it needs toml++, CLI11, fmt and libpng."
+    )
 endfunction()
 
 function(velumo_add_form target source)

@@ -8,6 +8,11 @@ set(velumo_frame_dir ${CMAKE_INSTALL_DATADIR}/velumo/frame)
 # The pkg-config file finds its prefix from its own place, so that an installed tree can be moved.
 file(RELATIVE_PATH velumo_pc_to_prefix /prefix/${CMAKE_INSTALL_LIBDIR}/pkgconfig /prefix)
 set(VELUMO_PC_PREFIX "\${pcfiledir}/${velumo_pc_to_prefix}")
+# Whoever links the static library names what that needs itself, with or without --static.
+if(NOT BUILD_SHARED_LIBS)
+    set(VELUMO_PC_STATIC_REQUIRES " SDL_image")
+    set(VELUMO_PC_STATIC_LIBS " -lstdc++")
+endif()
 configure_file(cmake/velumo.pc.in ${PROJECT_BINARY_DIR}/velumo.pc @ONLY)
 
 configure_package_config_file(
@@ -20,8 +25,8 @@ write_basic_package_version_file(
     COMPATIBILITY SameMajorVersion
 )
 
-install(TARGETS velumo velumo_static EXPORT velumoTargets)
-if(TARGET velform)
+install(TARGETS velumo EXPORT velumoTargets)
+if(VELUMO_BUILD_TOOLS)
     install(TARGETS velform EXPORT velumoTargets)
     install(DIRECTORY tools/velform/frame/ DESTINATION ${velumo_frame_dir})
 endif()
