@@ -1,184 +1,206 @@
 // What a source becomes: records, texts, numbers, names.
-#include "compiled.h"
+#include "forms.h"
 
 #include "fields_page.h"
 #include "files.h"
-#include "latin1.h"
-#include "record_table.h"
-#include "suggestion.h"
 
 namespace {
 
 using test::Compiled;
+using velform::Kind;
+using velform::RecordField;
 
-// An object that has all it needs for what is in it to be tried.
-std::string object(const std::string &type, const std::string &keys) {
-    return "[[object]]\ntype = \"" + type + "\"\nwidth = 1\nheight = 1\n" + keys + "\n";
+std::string object(std::string_view type, const std::string &keys) {
+    return "[[object]]\ntype = '" + std::string(type) + "'\n" + keys + "\n";
 }
 
-struct Said {
-    const char *type, *keys;
-    std::size_t offset;
-    std::uint32_t word;
+struct Words {
+    std::string source;
+    std::string words; // as in "8.x=-1 9.dep_objs.2=11 10.label=Yes"
 };
 
-TEST(Record, each_key_stands_at_its_byte) {
-#define AT(field) offsetof(vel_object_file_rec, field)
-    const Said cases[] = {
-        {"label", "x = 7", AT(x), 7},
-        {"label", "x = -1", AT(x), 0xFFFFFFFF},
-        {"label", "y = -32768", AT(y), 0xFFFF8000},
-        {"menu", "rect = [1, 2, 3, 4]", AT(x), 1},
-        {"menu", "rect = [1, 2, 3, 4]", AT(y), 2},
-        {"menu", "rect = [1, 2, 3, 4]", AT(width), 3},
-        {"menu", "rect = [1, 2, 3, 4]", AT(height), 4},
-        {"label", "fill = \"#102A3b\"", AT(fill_r), 0x10},
-        {"label", "fill = \"#102A3b\"", AT(fill_g), 0x2A},
-        {"label", "fill = \"#102A3b\"", AT(fill_b), 0x3B},
-        {"label", "", AT(fill_b), 0xFF},
-        {"label", "", AT(font_choice), 0},
-        {"label", "font_file = \"a.ttf\"", AT(font_choice), 1},
-        {"label", "font_file = \"a.ttf\"\nfont_choice = \"default\"", AT(font_choice), 0},
-        {"label", "font_choice = 2", AT(font_choice), 2},
-        {"label", "font_size = 21", AT(font_size), 21},
-        {"label", "text_colour = \"#010203\"", AT(text_r), 1},
-        {"label", "text_colour = \"#010203\"", AT(text_g), 2},
-        {"label", "text_colour = \"#010203\"", AT(text_b), 3},
-        {"label", "margin = 9", AT(margin_right), 9},
-        {"label", "margin = [1, 2, 3, 4]", AT(margin_left), 1},
-        {"label", "margin = [1, 2, 3, 4]", AT(margin_right), 2},
-        {"label", "margin = [1, 2, 3, 4]", AT(margin_top), 3},
-        {"label", "margin = [1, 2, 3, 4]", AT(margin_bottom), 4},
-        {"label", "margin = 9\nmargin_top = 5", AT(margin_top), 5},
-        {"window", "centred = true", AT(centred), 1},
-        {"text", "line_width = 80", AT(line_width), 80},
-        {"text", "line_spacing = 3", AT(line_spacing), 3},
-        {"label", "hidden = true", AT(hidden), 1},
-        {"label", "", AT(hidden), 0},
-        {"window", "", AT(hidden), 1},
-        {"menu", "", AT(hidden), 1},
-        {"window", "hidden = false", AT(hidden), 0},
-        {"window", "", AT(type), VEL_TYPE_WINDOW},
-        {"label", "", AT(type), VEL_TYPE_LABEL},
-        {"text", "", AT(type), VEL_TYPE_TEXT},
-        {"picture", "picture = \"p\"", AT(type), VEL_TYPE_PICTURE_UNLOADED},
-        {"entry", "", AT(type), VEL_TYPE_ENTRY},
-        {"number", "", AT(type), VEL_TYPE_NUMBER},
-        {"menu", "", AT(type), VEL_TYPE_MENU},
-        {"chain", "", AT(type), VEL_TYPE_CHAIN},
-        {"window", "window_kind = \"reduced\"", AT(window_kind), VEL_WINDOW_REDUCED},
-        {"window", "window_kind = \"plain\"", AT(window_kind), VEL_WINDOW_PLAIN},
-        {"text", "editable = true", AT(editable), 1},
-        {"window", "editable = 2", AT(editable), 2},
-        {"entry", "", AT(editable), 1},
-        {"number", "editable = false", AT(editable), 0},
-        {"label", "label = \"Grüß\"", AT(text_length), 4},
-        {"text", "text = \"a\\nbc\"", AT(text_length), 4},
-        {"entry", "", AT(max_chars), 64},
-        {"entry", "max_chars = 5", AT(max_chars), 5},
-        {"text", "border = \"frame\"", AT(border_style), VEL_BORDER_FRAME},
-        {"text", "border = \"fitted\"", AT(border_style), VEL_BORDER_FITTED},
-        {"text", "border = \"frame_fitted\"", AT(border_style), VEL_BORDER_FRAME_FITTED},
-        {"text", "border = \"shadow\"", AT(border_style), VEL_BORDER_SHADOW},
-        {"text", "border = \"shadow_fitted\"", AT(border_style), VEL_BORDER_SHADOW_FITTED},
-        {"text", "border_inset = 3", AT(border_inset), 3},
-        {"text", "border_colour = \"#010203\"", AT(border_r), 1},
-        {"text", "border_colour = \"#010203\"", AT(border_g), 2},
-        {"text", "border_colour = \"#010203\"", AT(border_b), 3},
-        {"window", "scroll_max_x = 300", AT(scroll_max_x), 300},
-        {"window", "scroll_max_y = 400", AT(scroll_max_y), 400},
-        {"text", "clip = \"frame\"", AT(clip_mode), VEL_CLIP_FRAME},
-        {"text", "clip = \"none\"", AT(clip_mode), VEL_CLIP_NONE},
-    };
-#undef AT
-    for (const Said &c : cases) {
-        SCOPED_TRACE(std::string(c.type) + ": " + c.keys);
-        const std::string keys = c.keys;
-        const bool has_rect = keys.starts_with("rect");
-        const Compiled compiled(has_rect ? "[[object]]\ntype = \"menu\"\n" + keys
-                                         : object(c.type, keys));
-        EXPECT_TRUE(compiled.is_good) << compiled.messages;
-        EXPECT_EQ(compiled.word(8, c.offset), c.word);
-    }
-}
-
-TEST(Record, a_title_holds_the_number_of_its_menu_in_max_chars) {
-    const std::string title = object("label", "menu = \"m\""), menu = object("menu", "id = \"m\"");
-    const std::string style = "[styles.s]\nmax_chars = 9\nmenu = \"m\"\n";
-    const std::pair<std::string, std::uint32_t> cases[] = {
-        {title + menu, 9}, // before the menu as well as behind it
-        {menu + object("label", "") + title, 0},
-        {menu + object("picture", "picture = \"p\"\nmenu = \"m\""), 8},
-        {style + menu + object("label", "style = \"s\""), 8},
-        {style + menu + object("entry", "style = \"s\""), 9},
-        // A label's max_chars would be taken for a menu.
-        {"[styles.s]\nmax_chars = 8\n" + menu + object("label", "style = \"s\""), 0},
-    };
-    for (const auto &[source, word] : cases) {
+void expect_words(const std::vector<Words> &cases) {
+    for (const auto &[source, words] : cases) {
+        SCOPED_TRACE(source);
         const Compiled c(source);
-        EXPECT_EQ(c.messages, "");
-        EXPECT_EQ(WORD(c, source.starts_with(title) ? 8 : 9, max_chars), word) << source;
+        EXPECT_TRUE(c.is_good) << c.messages;
+        std::istringstream tokens(words);
+        for (std::string object, member, value; std::getline(tokens >> std::ws, object, '.');) {
+            std::getline(tokens, member, '=');
+            tokens >> value;
+            const auto number = static_cast<std::uint32_t>(std::stoul(object));
+            const std::size_t dot = std::min(member.find('.'), member.size());
+            const std::size_t entry = dot < member.size() ? std::stoul(member.substr(dot + 1)) : 0;
+            const std::size_t place = test::place_of(member.substr(0, dot)) + 4 * entry;
+            SCOPED_TRACE(object + "." + member);
+            if (value.find_first_not_of("-0123456789") == std::string::npos) {
+                EXPECT_EQ(static_cast<std::int32_t>(c.word(number, place)), std::stol(value));
+            } else {
+                EXPECT_EQ(c.string(number, place), value);
+            }
+        }
     }
 }
 
-TEST(Record, strings_are_latin1_and_paths_keep_their_bytes) {
-    const Compiled c(object("label", "label = \"Grüße\"\nfont_file = \"schöne.ttf\"") +
-                     object("picture", "picture = \"ä.png\""));
-    EXPECT_EQ(STRING(c, 8, label), "Gr\xFC\xDF"
-                                   "e");
-    EXPECT_EQ(STRING(c, 8, font_path), "schöne.ttf");
-    EXPECT_EQ(STRING(c, 9, image_path), "ä.png");
+// What a source may say, and what the record then holds.
+std::vector<std::pair<std::string, std::int64_t>> values_of(const RecordField &row) {
+    const auto [first, last] = row.range;
+    if (row.kind == Kind::flag) return {{"true", 1}, {"false", 0}, {"2", 2}};
+    std::vector<std::pair<std::string, std::int64_t>> values{{std::to_string(first), first},
+                                                             {std::to_string(last), last}};
+    for (const velform::Name &name : row.names) {
+        values.emplace_back("'" + std::string(name.name) + "'", name.code);
+    }
+    return values;
 }
 
-TEST(Record, the_table_agrees_with_the_public_header) {
-    const std::pair<velform::Field, std::size_t> places[] = {
-        {velform::Field::label, offsetof(vel_object_file_rec, label)},
-        {velform::Field::text, offsetof(vel_object_file_rec, text_index)},
-        {velform::Field::reserved, offsetof(vel_object_file_rec, reserved)},
-        {velform::Field::text_length, offsetof(vel_object_file_rec, text_length)},
-        {velform::Field::master, offsetof(vel_object_file_rec, master)},
-        {velform::Field::dependents, offsetof(vel_object_file_rec, dep_objs)},
-        {velform::Field::picture, offsetof(vel_object_file_rec, image_path)},
-        {velform::Field::clip, offsetof(vel_object_file_rec, clip_mode)},
-    };
-    for (const auto &[field, offset] : places) {
-        EXPECT_EQ(velform::record_field(field).offset, offset);
+TEST(Record, holds_what_a_key_says_up_to_the_ends_of_its_range) {
+    for (const RecordField &row : velform::record_table()) {
+        if (row.kind != Kind::number && row.kind != Kind::flag && row.kind != Kind::code) continue;
+        if (row.field == velform::Field::type) continue;
+        const auto types = velform::record_field(velform::Field::type).names;
+        const auto user = std::ranges::find_if(
+            types, [&row](const auto &type) { return velform::means_something(row, type.code); });
+        const std::string key = "font_file = 'f'\npicture = 'p'\n" + std::string(row.key) + " = ";
+        for (const auto &[said, word] : values_of(row)) {
+            const Compiled c(object(user->name, key + said));
+            EXPECT_TRUE(c.is_good) << c.messages;
+            EXPECT_EQ(c.word(8, row.offset), static_cast<std::uint32_t>(word)) << row.key;
+        }
+        if (row.kind != Kind::number) continue;
+        for (const std::int64_t beyond : {row.range.first - 1, row.range.last + 1}) {
+            EXPECT_FALSE(Compiled(object(user->name, key + std::to_string(beyond))).is_good);
+        }
     }
 }
 
-TEST(FileDialog, becomes_a_window_with_its_parts_in_order) {
-    const Compiled c(
+TEST(Record, holds_colours_standards_and_what_follows_from_other_keys) {
+    expect_words({
+        {object("label", "fill = '#10fA3b'\ntext_colour = '#010203'\nborder_colour = '#040506'"),
+         "8.fill_r=16 8.fill_g=250 8.fill_b=59 8.text_r=1 8.text_g=2 8.text_b=3 "
+         "8.border_r=4 8.border_g=5 8.border_b=6"},
+        {"[[window]]", "8.type=1 8.hidden=1 8.max_chars=99 8.editable=0 8.fill_r=255 8.text_r=0"},
+        {object("entry", ""),
+         "8.type=5 8.text_index=0 8.hidden=0 8.max_chars=64 8.editable=1 8.font_size=14"},
+        {object("menu", "rect = [1, 2, 3, 4]"), "8.x=1 8.y=2 8.width=3 8.height=4"},
+        {object("label", "margin = [1, 2, 3, 4]"),
+         "8.margin_left=1 8.margin_right=2 8.margin_top=3 8.margin_bottom=4"},
+        {object("label", "margin = 9\nmargin_top = 5"), "8.margin_right=9 8.margin_top=5"},
+        {object("label", "font_file = 'a.ttf'"), "8.font_choice=1 8.font_path=a.ttf"},
+        {object("label", "font_file = 'a.ttf'\nfont_choice = 'default'"), "8.font_choice=0"},
+        {object("label", "label = 'Grüß'"), "8.text_length=4 8.label=Gr\xFC\xDF"},
+        {object("text", "text = \"a\\nbc\""), "8.text_length=4"},
+        {object("picture", "picture = 'ä.png'"), "8.image_path=ä.png"},
+        {"[[window]]\nx = 100\ny = 50\nobjects = [{ type = 'menu', x = 10, y = -60, "
+         "objects = [{ type = 'label', x = 1, y = 2 }] }]",
+         "9.x=110 9.y=-10 10.x=111 10.y=-8"},
+    });
+}
+
+TEST(Record, of_a_title_holds_the_number_of_its_menu_in_max_chars) {
+    const std::string title = object("label", "menu = 'm'"), menu = object("menu", "id = 'm'");
+    const std::string style = "[styles.s]\nmax_chars = 9\nmenu = 'm'\n";
+    expect_words({
+        {title + menu, "8.max_chars=9"}, // before the menu as well as after it
+        {menu + object("label", "") + title, "9.max_chars=0 10.max_chars=8"},
+        {menu + object("picture", "picture = 'p'\nmenu = 'm'"), "9.max_chars=8"},
+        {style + menu + object("label", "style = 's'"), "9.max_chars=8"},
+        {style + menu + object("entry", "style = 's'"), "9.max_chars=9"},
+        // A label's max_chars would be taken for a menu.
+        {"[styles.s]\nmax_chars = 8\n" + menu + object("label", "style = 's'"), "9.max_chars=0"},
+    });
+}
+
+TEST(Styles, later_ones_win_over_earlier_ones_and_the_object_over_all) {
+    const std::string styles = "[styles.one]\nfill = '#010000'\nmargin = 1\nwidth = 1\n"
+                               "[styles.two]\nfill = '#020000'\nmargin_left = 2\ntype = 'label'\n"
+                               "[styles.both]\nstyle = ['one', 'two']\nwidth = 3\n[[object]]\n";
+    expect_words({
+        {styles + "style = ['one', 'two']",
+         "8.fill_r=2 8.margin_left=2 8.margin_top=1 8.width=1 8.type=2"},
+        {styles + "style = ['two', 'one']", "8.fill_r=1 8.margin_left=1 8.type=2"},
+        {styles + "style = 'both'", "8.fill_r=2 8.margin_left=2 8.margin_top=1 8.width=3"},
+        {styles + "style = ['both', 'one']\ntype = 'menu'", "8.margin_left=1 8.width=1 8.type=7"},
+        {styles + "style = 'both'\nfill = '#090000'\nmargin = 7",
+         "8.fill_r=9 8.margin_left=7 8.width=3"},
+    });
+}
+
+TEST(Texts, are_made_for_what_has_or_may_get_one) {
+    const std::string member = "objects = [{ type = 'chain' }]";
+    expect_words({
+        {"[[window]]", "8.text_index=0"},
+        {"[[window]]\ntext = ''", "8.text_index=1"},
+        {"[[window]]\neditable = true", "8.text_index=1"},
+        {"[[window]]\ntext = 'one'\nobjects = [{ type = 'text', text = 'two' }]", "9.text_index=2"},
+        {object("chain", member), "8.text_index=0 9.text_index=1"},
+        {object("chain", "text = 't'\n" + member), "8.text_index=1 9.text_index=2"},
+        {object("chain", "editable = true"), "8.text_index=0"},
+        {"[styles.s]\ntext = 't'\n" + object("label", "style = 's'"), "8.text_index=0"},
+    });
+}
+
+TEST(Texts, are_latin1_and_take_the_greatest_length) {
+    const Compiled c("[[window]]\ntext = \"Grüße\\r\\nan alle\"\n[[window]]\ntext = '" +
+                     std::string(999, 'x') + "'\n" +
+                     object("label", "label = '" + std::string(67, 'x') + "'") +
+                     object("entry", "label = '" + std::string(64, 'x') + "'"));
+    EXPECT_TRUE(c.is_good) << c.messages;
+    EXPECT_EQ(c.text(1), "Gr\xFC\xDF"
+                         "e\nan alle");
+    EXPECT_EQ(c.text(2).size(), 999U);
+    EXPECT_EQ(c.string(10, test::place_of("label")).size(), 67U);
+    EXPECT_EQ(c.texts.size(), 2 * sizeof(vel_text_rec));
+}
+
+TEST(FrameButtons, are_outlined_pictures_of_16_pixels_unless_the_source_says_otherwise) {
+    expect_words({
+        {"", "1.type=4 1.width=16 1.height=16 1.hidden=1 1.border_style=4 1.border_inset=0 "
+             "1.image_path=frame/move.png 2.image_path=frame/height_less.png "
+             "3.image_path=frame/height_more.png 4.image_path=frame/mode.png "
+             "5.image_path=frame/width_less.png 6.image_path=frame/width_more.png "
+             "7.image_path=frame/close.png 6.border_r=147 7.border_r=176 7.hidden=1"},
+        {"[frame]\npictures = 'my'\n[frame.mode]\ntype = 'label'\nlabel = 'M'\n"
+         "[frame.close]\npicture = 'x.png'\nborder = 'none'",
+         "1.image_path=my/move.png 4.type=2 4.label=M 7.image_path=x.png 7.border_style=0"},
+    });
+}
+
+TEST(Numbers, are_given_from_8_on_depth_first_in_the_order_of_the_source) {
+    const std::string source = "[[window]]\n[[window.object]]\ntype = 'menu'\n"
+                               "objects = [{ type = 'label' }, { type = 'text' }]\n" +
+                               object("entry", "") +
+                               "[[window]]\n[[window.window]]\n[[window.objects]]\ntype = 'number'";
+    expect_words({{source, "8.type=1 9.type=7 10.type=2 11.type=3 12.type=5 13.type=1 14.type=1 "
+                           "15.type=6 8.master=0 9.master=8 10.master=9 11.master=9 12.master=0 "
+                           "13.master=0 14.master=13 15.master=13 8.dep_objs=9 8.dep_objs.1=0 "
+                           "9.dep_objs=10 9.dep_objs.1=11 9.dep_objs.2=0 12.dep_objs=0 "
+                           "13.dep_objs.1=15"}});
+}
+
+TEST(FileDialog, becomes_a_window_with_its_parts_in_order_and_takes_styles) {
+    const std::string source =
         "[[window]]\nrect = [11, 25, 1, 1]\n"
-        "[[file_dialog]]\nid = \"open\"\ntitle = \"Öffnen\"\nrect = [70, 80, 400, 306]\n"
-        "rows = 5\nok = \"Ja\"\ncancel = \"Nein\"\nmessage = \"Geht nicht\"\n"
-        "[[object]]\nid = \"last\"\ntype = \"empty\"");
+        "[[file_dialog]]\nid = 'open'\ntitle = 'Öffnen'\nrect = [70, 80, 400, 306]\n"
+        "rows = 5\nok = 'Ja'\ncancel = 'Nein'\nmessage = 'Never'\n"
+        "[[object]]\nid = 'last'\ntype = 'empty'";
+    // 306 - 186 pixels are left for the five rows 12 to 16, whose list has an inset of 4.
+    expect_words({{source, "9.type=1 9.x=70 9.y=80 9.width=400 9.height=306 "
+                           "9.dep_objs=10 9.dep_objs.1=11 9.dep_objs.2=17 9.dep_objs.3=18 "
+                           "9.dep_objs.4=19 9.dep_objs.5=20 10.type=5 10.editable=0 11.type=2 "
+                           "17.type=5 17.editable=1 18.type=2 18.label=Ja 19.type=2 19.label=Nein "
+                           "20.type=5 20.editable=0 20.label=Never "
+                           "12.master=11 16.master=11 12.height=24 16.height=24 "
+                           "11.y=142 12.y=146 16.y=242"},
+                  {"[[file_dialog]]\nid = 'a'", "8.height=426 24.label=OK 27.master=8"},
+                  {"[styles.s]\nfill = '#010203'\n[[file_dialog]]\nid = 'a'\nrows = 1\n"
+                   "style = 's'\nrow_style = 's'\nfield_style = ['s']\nbutton_style = 's'",
+                   "8.fill_b=3 9.fill_b=3 10.fill_b=3 11.fill_b=3 12.fill_b=3 13.fill_b=3 "
+                   "14.fill_b=3 15.fill_b=3 16.fill_b=3"}});
+    const Compiled c(source);
     EXPECT_EQ(c.messages, "");
-    EXPECT_EQ(WORD(c, 9, type), VEL_TYPE_WINDOW);
-    EXPECT_EQ(std::tuple(WORD(c, 9, x), WORD(c, 9, y), WORD(c, 9, width), WORD(c, 9, height)),
-              std::tuple(70U, 80U, 400U, 306U));
     EXPECT_EQ(c.text(1), "\xD6"
                          "ffnen");
-    // Folder, list with its rows, name, OK, cancel, message.
-    const std::uint32_t parts[] = {10, 11, 17, 18, 19, 20};
-    const std::uint32_t types[] = {5, 2, 5, 2, 2, 5}, editable[] = {0, 0, 1, 0, 0, 0};
-    for (std::size_t k = 0; k < std::size(parts); ++k) {
-        SCOPED_TRACE(k);
-        EXPECT_EQ(c.word(9, offsetof(vel_object_file_rec, dep_objs) + 4 * k), parts[k]);
-        EXPECT_EQ(WORD(c, parts[k], type), types[k]);
-        EXPECT_EQ(WORD(c, parts[k], editable), editable[k]);
-        EXPECT_GT(WORD(c, parts[k], width), 0U);
-        EXPECT_GE(WORD(c, parts[k], y), 80U + 38);
-        EXPECT_LE(WORD(c, parts[k], y) + WORD(c, parts[k], height), 80U + 306);
-    }
-    EXPECT_EQ(STRING(c, 18, label), "Ja");
-    EXPECT_EQ(STRING(c, 19, label), "Nein");
-    EXPECT_EQ(STRING(c, 20, label), "Geht nicht");
-    // 306 - 186 pixels are left for the rows.
-    for (std::uint32_t row = 12; row <= 16; ++row) {
-        EXPECT_EQ(WORD(c, row, master), 11U);
-        EXPECT_EQ(WORD(c, row, height), 24U);
-        EXPECT_EQ(WORD(c, row, y), WORD(c, 11, y) + 4 + 24 * (row - 12));
-    }
     for (const char *name :
          {"F_OPEN = 9,", "F_OPEN_FOLDER = 10,", "F_OPEN_LIST = 11,", "F_OPEN_NAME = 17,",
           "F_OPEN_OK = 18,", "F_OPEN_CANCEL = 19,", "F_OPEN_MESSAGE = 20,", "F_LAST = 22,"}) {
@@ -186,197 +208,25 @@ TEST(FileDialog, becomes_a_window_with_its_parts_in_order) {
     }
 }
 
-TEST(FileDialog, has_defaults_and_takes_styles) {
-    const Compiled plain("[[file_dialog]]\nid = \"a\"");
-    EXPECT_EQ(plain.messages, "");
-    EXPECT_EQ(WORD(plain, 8, height), 186U + 12 * 20);
-    EXPECT_EQ(plain.object_count(), 8U + 12 + 7);
-    EXPECT_EQ(STRING(plain, 24, label), "OK");
-    const Compiled styled(
-        "[styles.s]\nfill = \"#010203\"\nmargin = 9\n[[file_dialog]]\nid = \"a\"\n"
-        "rows = 1\nstyle = \"s\"\nrow_style = \"s\"\nfield_style = [\"s\"]\n"
-        "button_style = \"s\"");
-    EXPECT_EQ(styled.messages, "");
-    for (std::uint32_t object = 8; object <= 16; ++object) {
-        EXPECT_EQ(WORD(styled, object, fill_b), 3U) << object;
-    }
-}
-
-TEST(Numbers, are_given_from_8_on_depth_first_in_the_order_of_the_source) {
-    const Compiled c(R"(
-[[window]]
-id = "a"
-[[window.object]]
-id = "b"
-type = "menu"
-objects = [{ id = "c", type = "label" }, { id = "d", type = "label" }]
-[[object]]
-id = "e"
-type = "label"
-[[window]]
-id = "f"
-[[window.window]]
-id = "g"
-[[window.objects]]
-id = "h"
-type = "label"
-)");
-    ASSERT_EQ(c.object_count(), 15U) << c.messages;
+TEST(Header, has_names_by_id_and_whole_but_those_of_texts_are_no_objects) {
+    const Compiled c("[[window]]\nid = 'main'\ntext = 't'");
     const velform::HeaderNames names(c.header);
-    const std::string ids = "abcdefgh";
-    for (std::uint32_t k = 0; k < 8; ++k) EXPECT_EQ(names.object(ids.substr(k, 1)), 8 + k);
-    const std::uint32_t masters[] = {0, 8, 9, 9, 0, 0, 13, 13};
-    for (std::uint32_t k = 0; k < 8; ++k) EXPECT_EQ(WORD(c, 8 + k, master), masters[k]);
-    const std::pair<std::uint32_t, std::vector<std::uint32_t>> lists[] = {
-        {8, {9, 0}}, {9, {10, 11, 0}}, {12, {0}}, {13, {14, 15, 0}}};
-    for (const auto &[master, list] : lists) {
-        for (std::size_t k = 0; k < list.size(); ++k) {
-            EXPECT_EQ(c.word(master, offsetof(vel_object_file_rec, dep_objs) + 4 * k), list[k]);
-        }
-    }
-}
-
-TEST(Places, add_up_from_master_to_dependent) {
-    const Compiled c("[[window]]\nx = 100\ny = 50\nobjects = [{ type = \"menu\", x = 10, y = -60, "
-                     "objects = [{ type = \"label\", x = 1, y = 2 }] }]");
-    EXPECT_EQ(WORD(c, 9, x), 110U);
-    EXPECT_EQ(WORD(c, 9, y), static_cast<std::uint32_t>(-10));
-    EXPECT_EQ(WORD(c, 10, x), 111U);
-    EXPECT_EQ(WORD(c, 10, y), static_cast<std::uint32_t>(-8));
-}
-
-TEST(Styles, later_ones_win_over_earlier_ones_and_the_object_over_all) {
-    const std::string styles =
-        "[styles.one]\nfill = \"#010000\"\nmargin = 1\nwidth = 1\n"
-        "[styles.two]\nfill = \"#020000\"\nmargin_left = 2\ntype = \"label\"\n"
-        "[styles.both]\nstyle = [\"one\", \"two\"]\nwidth = 3\n";
-    const struct {
-        const char *keys;
-        std::uint32_t fill_r, margin_left, margin_top, width;
-    } cases[] = {
-        {"style = [\"one\", \"two\"]", 2, 2, 1, 1},
-        {"style = [\"two\", \"one\"]", 1, 1, 1, 1},
-        {"style = \"both\"", 2, 2, 1, 3},
-        {"style = [\"both\", \"one\"]\ntype = \"label\"", 1, 1, 1, 1},
-        {"style = \"both\"\nfill = \"#090000\"\nmargin = 7\nwidth = 8", 9, 7, 7, 8},
-    };
-    for (const auto &s : cases) {
-        SCOPED_TRACE(s.keys);
-        const Compiled c(styles + "[[object]]\n" + s.keys);
-        EXPECT_TRUE(c.is_good) << c.messages;
-        EXPECT_EQ(WORD(c, 8, fill_r), s.fill_r);
-        EXPECT_EQ(WORD(c, 8, margin_left), s.margin_left);
-        EXPECT_EQ(WORD(c, 8, margin_top), s.margin_top);
-        EXPECT_EQ(WORD(c, 8, width), s.width);
-        EXPECT_EQ(WORD(c, 8, type), 2U);
-    }
-}
-
-TEST(Texts, are_made_for_what_has_or_may_get_one) {
-    const struct {
-        const char *source;
-        std::uint32_t object, index;
-    } cases[] = {
-        {"[[window]]", 8, 0},
-        {"[[window]]\ntext = \"\"", 8, 1},
-        {"[[window]]\neditable = true", 8, 1},
-        {"[[window]]\ntext = \"one\"\n[[window.object]]\ntype = \"text\"\ntext = \"two\"", 9, 2},
-        {"[[object]]\ntype = \"entry\"", 8, 0},
-        {"[[object]]\ntype = \"chain\"\n[[object.object]]\ntype = \"chain\"", 8, 0},
-        {"[[object]]\ntype = \"chain\"\n[[object.object]]\ntype = \"chain\"", 9, 1},
-        {"[[object]]\ntype = \"chain\"\ntext = \"t\"\n[[object.object]]\ntype = \"chain\"", 8, 1},
-        {"[[object]]\ntype = \"chain\"\ntext = \"t\"\n[[object.object]]\ntype = \"chain\"", 9, 2},
-        {"[[object]]\ntype = \"chain\"\neditable = true", 8, 0},
-        {"[styles.s]\ntext = \"t\"\n[[object]]\ntype = \"label\"\nstyle = \"s\"", 8, 0},
-    };
-    for (const auto &t : cases) {
-        SCOPED_TRACE(t.source);
-        const Compiled c(t.source);
-        EXPECT_TRUE(c.is_good) << c.messages;
-        EXPECT_EQ(WORD(c, t.object, text_index), t.index);
-    }
-    const Compiled c("[[window]]\ntext = \"Grüße\\r\\nan alle\"\n[[window]]\ntext = \"two\"");
-    EXPECT_EQ(c.text(1), "Gr\xFC\xDF"
-                         "e\nan alle");
-    EXPECT_EQ(c.text(2), "two");
-    EXPECT_EQ(c.texts.size(), 2 * sizeof(vel_text_rec));
-}
-
-TEST(Texts, of_the_greatest_length_are_taken) {
-    const Compiled c("[[window]]\ntext = \"" + std::string(999, 'x') + "\"\n" +
-                     object("label", "label = \"" + std::string(67, 'x') + "\"") +
-                     object("entry", "label = \"" + std::string(64, 'x') + "\""));
-    EXPECT_TRUE(c.is_good) << c.messages;
-    EXPECT_EQ(c.text(1).size(), 999U);
-    EXPECT_EQ(STRING(c, 9, label).size(), 67U);
-}
-
-TEST(FrameButtons, are_pictures_of_16_pixels_unless_told_otherwise) {
-    const Compiled plain("");
-    ASSERT_EQ(plain.object_count(), 7U);
-    const char *names[] = {"move",       "height_less", "height_more", "mode",
-                           "width_less", "width_more",  "close"};
-    for (std::uint32_t button = 1; button <= 7; ++button) {
-        EXPECT_EQ(WORD(plain, button, type), 4U);
-        EXPECT_EQ(WORD(plain, button, width), 16U);
-        EXPECT_EQ(WORD(plain, button, height), 16U);
-        EXPECT_EQ(WORD(plain, button, hidden), 1U);
-        EXPECT_EQ(STRING(plain, button, image_path),
-                  std::string("frame/") + names[button - 1] + ".png");
-    }
-    const Compiled own("[frame]\npictures = \"my\"\n[frame.mode]\ntype = \"label\"\nlabel = \"M\"\n"
-                       "[frame.close]\npicture = \"x.png\"");
-    EXPECT_TRUE(own.is_good) << own.messages;
-    EXPECT_EQ(STRING(own, 1, image_path), "my/move.png");
-    EXPECT_EQ(STRING(own, 7, image_path), "x.png");
-    EXPECT_EQ(WORD(own, 4, type), 2U);
-    EXPECT_EQ(STRING(own, 4, label), "M");
-}
-
-TEST(Header, prefix_is_made_of_the_name_of_the_source) {
-    const std::pair<const char *, const char *> cases[] = {{"/a/b/tour.toml", "TOUR"},
-                                                           {"my-form.v2.toml", "MY_FORM_V2"},
-                                                           {"9lives.toml", "FORM_9LIVES"},
-                                                           {"ä.toml", "FORM___"}};
-    for (const auto &[path, prefix] : cases) EXPECT_EQ(velform::prefix_for(path), prefix);
-}
-
-TEST(Header, names_are_found_by_id_and_whole_but_those_of_texts_are_not) {
-    const Compiled c("[[window]]\nid = \"main\"\ntext = \"t\"");
-    const velform::HeaderNames names(c.header);
-    const std::pair<const char *, std::uint32_t> cases[] = {
+    const std::pair<const char *, std::uint32_t> numbers[] = {
         {"main", 8}, {"MAIN", 8}, {"F_MAIN", 8}, {"f_main", 8}, {"main_text", 0}, {"", 0}};
-    for (const auto &[name, number] : cases) EXPECT_EQ(names.object(name), number) << name;
+    for (const auto &[name, number] : numbers) EXPECT_EQ(names.object(name), number) << name;
     EXPECT_NE(c.header.find("F_MAIN_TEXT = 1,"), std::string::npos);
+    EXPECT_EQ(Compiled("").header.find("enum"), std::string::npos) << "C has no empty lists";
+    const std::pair<const char *, const char *> prefixes[] = {
+        {"my-form.v2.toml", "MY_FORM_V2"}, {"9lives.toml", "FORM_9LIVES"}, {"ä.toml", "FORM___"}};
+    for (const auto &[path, prefix] : prefixes) EXPECT_EQ(velform::prefix_for(path), prefix);
 }
 
-TEST(Suggestion, is_the_nearest_word_if_any_is_near) {
-    const std::string_view words[] = {"label", "width", "height"};
-    const std::pair<const char *, const char *> cases[] = {{"lable", "; did you mean 'label'?"},
-                                                           {"heigth", "; did you mean 'height'?"},
-                                                           {"with", "; did you mean 'width'?"},
-                                                           {"colour", ""},
-                                                           {"", ""},
-                                                           {"wdt", ""}};
-    for (const auto &[word, hint] : cases)
-        EXPECT_EQ(velform::did_you_mean(word, words), hint) << word;
-}
-
-TEST(Page, reference_in_the_documentation_is_that_of_the_table) {
+TEST(Pages, have_the_tables_of_the_record_as_it_is) {
     for (const char *path : {VELFORM_DOCS "/form-source.md", VELFORM_DOCS "/file-formats.md"}) {
         const std::string page = velform::read_file(path);
         EXPECT_TRUE(velform::with_field_reference(page) == page)
             << "bring it up to date: velform fields --into " << path;
     }
-    EXPECT_THROW(velform::with_field_reference("no marks"), velform::FileProblem);
-}
-
-TEST(Page, example_in_the_documentation_compiles_without_a_word) {
-    const std::string page = velform::read_file(VELFORM_DOCS "/form-source.md");
-    const std::size_t begin = page.find("```toml\n") + 8;
-    const Compiled c(page.substr(begin, page.find("```\n", begin) - begin));
-    EXPECT_EQ(c.messages, "");
-    EXPECT_EQ(velform::HeaderNames(c.header).object("send"), 11U);
 }
 
 } // namespace

@@ -104,7 +104,8 @@ void load(vel_context &ctx, const RenderOptions &options) {
 void warn_of_missing_files(const vel_context &ctx, std::ostream &err) {
     for (std::uint32_t number = 1; number <= ctx.object_count; ++number) {
         const vel_object &o = ctx.objects[number];
-        if (o.type == VEL_TYPE_PICTURE_UNLOADED) {
+        const bool is_unused = number <= VEL_FRAME_BUTTONS && o.hidden != 0;
+        if (o.type == VEL_TYPE_PICTURE_UNLOADED && !is_unused) {
             err << fmt::format("velform: warning: object {}: cannot load the picture {}\n", number,
                                o.image_path);
         }
@@ -175,9 +176,9 @@ Status render(const RenderOptions &options, std::ostream &err) {
     if (!options.directory.empty()) std::filesystem::current_path(options.directory);
     Stage stage(options, size_in(options.size));
     load(stage.ctx(), options);
-    warn_of_missing_files(stage.ctx(), err);
     fill_chains(stage.ctx());
     open_windows(stage.ctx(), options);
+    warn_of_missing_files(stage.ctx(), err);
     vel_draw_all_objects(&stage.ctx(), 1, 0);
     const OutputFile picture{options.output, png_bytes(*stage.ctx().screen)};
     replace_files({&picture, 1});

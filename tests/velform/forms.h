@@ -1,21 +1,32 @@
-// A source compiled in memory, and its record fields by the names of the public header.
+// Forms compiled in memory, and the program as its users start it.
 #pragma once
 
-#include <gtest/gtest.h>
+#include "support.h"
 
-#include <cstring>
+#include <algorithm>
 #include <sstream>
-#include <string>
-
-#include <velumo.h>
+#include <sys/wait.h>
 
 #include "form_builder.h"
 #include "form_check.h"
 #include "header.h"
+#include "record_table.h"
 #include "records.h"
 #include "toml_text.h"
 
 namespace test {
+
+// Where a member of the record is.
+inline std::size_t place_of(const std::string &member) {
+    for (const velform::RecordField &row : velform::record_table()) {
+        const std::string names = " " + std::string(row.name) + ",";
+        const std::size_t at = names.find(" " + member + ",");
+        const auto before = names.substr(0, at);
+        const auto commas = std::count(before.begin(), before.end(), ',');
+        if (at != std::string::npos) return row.offset + 4 * static_cast<std::size_t>(commas);
+    }
+    throw std::out_of_range(member);
+}
 
 struct Compiled {
     std::string form, texts, header, messages;
@@ -37,7 +48,6 @@ struct Compiled {
         is_good = !diagnostics.has_errors();
     }
 
-    std::size_t object_count() const { return form.size() / sizeof(vel_object_file_rec); }
     // Not the record itself, so that the test holds on every host.
     std::uint32_t word(std::uint32_t object, std::size_t offset) const {
         std::uint32_t result = 0;
@@ -48,19 +58,26 @@ struct Compiled {
         return result;
     }
     std::string string(std::uint32_t object, std::size_t offset) const {
-        return form.substr(sizeof(vel_object_file_rec) * (object - 1) + offset, VEL_STRING_SIZE)
-            .c_str();
+        return form.substr(sizeof(vel_object_file_rec) * (object - 1) + offset).c_str();
     }
     std::string text(std::uint32_t number) const {
-        return texts
-            .substr(sizeof(vel_text_rec) * (number - 1) + offsetof(vel_text_rec, text),
-                    VEL_TEXT_SIZE)
+        return texts.substr(sizeof(vel_text_rec) * (number - 1) + offsetof(vel_text_rec, text))
             .c_str();
     }
 };
 
-#define WORD(compiled, object, field) (compiled).word(object, offsetof(vel_object_file_rec, field))
-#define STRING(compiled, object, field)                                                            \
-    (compiled).string(object, offsetof(vel_object_file_rec, field))
+struct Result {
+    int status = -1; // -1 when it was ended by a signal
+    std::string output;
+};
+
+inline Result run(const std::string &arguments) {
+    Result result;
+    FILE *pipe = popen((VELFORM_PATH " " + arguments + " 2>&1").c_str(), "r");
+    for (int c; (c = std::fgetc(pipe)) != EOF;) result.output += static_cast<char>(c);
+    const int code = pclose(pipe);
+    if (WIFEXITED(code)) result.status = WEXITSTATUS(code);
+    return result;
+}
 
 } // namespace test
