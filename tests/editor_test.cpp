@@ -1,263 +1,263 @@
 // The editor: each key on entry fields and on texts, at its limits.
 #include "support.h"
 
-#include <algorithm>
-
 namespace {
 
-using test::Form;
+using test::Names;
+using Place = std::array<uint32_t, 3>; // line, column and index
 
-class Editor : public Form {
+constexpr uint32_t enter = VEL_KEY_ENTER, up = VEL_KEY_UP, down = VEL_KEY_DOWN,
+                   right = VEL_KEY_RIGHT, left = VEL_KEY_LEFT, backspace = VEL_KEY_BACKSPACE,
+                   del = VEL_KEY_DELETE;
+
+// Object 8 has the cursor. It stands at 20, 30, its text without margins. In the texts of the cases
+// a bar is the cursor.
+class Editor : public test::Form {
 protected:
-    // An entry field at x 20, or a text whose lines are as wide as told.
-    vel_object &edit_entry(const std::string &label, uint32_t column, uint32_t max_chars = 100) {
+    vel_object &edit_entry(std::string marked, uint32_t max_chars = 100) {
         vel_object &o = make(8, VEL_TYPE_ENTRY, 20, 30, 200, 60);
-        std::snprintf(o.label, sizeof o.label, "%s", label.c_str());
+        const std::size_t column = marked.find('|');
+        set_label(o, marked.erase(column, 1));
         o.max_chars = max_chars;
-        return start(o, 0, column);
+        o.cursor_line = 0;
+        o.cursor_column = static_cast<uint32_t>(column);
+        return start(o);
     }
-    vel_object &edit_text(const std::string &text, uint32_t index, uint32_t line_width = 10000) {
-        vel_object &o = make_text(8, text, 200);
+    vel_object &edit_text(std::string marked, uint32_t line_width = 10000) {
+        const std::size_t index = marked.find('|');
+        vel_object &o = make_text(8, marked.erase(index, 1), 200);
         o.line_width = line_width;
         o.max_chars = 0;
         vel_format_object_text(&ctx, 8);
         ctx.cursor_object = 8;
-        texts[1].cursor_index = index;
+        texts[1].cursor_index = static_cast<uint32_t>(index);
         vel_get_column_row(&ctx);
-        return start(o, o.cursor_line, o.cursor_column);
+        return start(o);
     }
-    vel_object &start(vel_object &o, uint32_t line, uint32_t column) {
+    vel_object &start(vel_object &o) {
         ctx.cursor_object = 8;
         o.scroll_x = o.scroll_y = 0;
-        o.cursor_line = line;
-        o.cursor_column = column;
         o.cursor_x = o.x;
-        o.cursor_y = o.y + line * height();
+        o.cursor_y = o.y + o.cursor_line * height();
         return o;
     }
-    uint32_t height() const { return static_cast<uint32_t>(TTF_FontHeight(ctx.font)); }
     void key(uint32_t code) {
         ctx.final_key = code;
-        ctx.key_printable = 0;
+        ctx.key_printable = code < 256 && code != backspace && code != del ? 1 : 0;
         vel_get_text(&ctx);
-        EXPECT_EQ(ctx.final_key, 0U);
     }
     void type(const std::string &characters) {
-        for (const char c : characters) {
-            ctx.final_key = static_cast<uint8_t>(c);
-            ctx.key_printable = 1;
-            vel_get_text(&ctx);
-        }
+        for (const char c : characters) key(static_cast<uint8_t>(c));
     }
     std::string label() const { return objects[8].label; }
     std::string text() const { return texts[1].text; }
-    // Line, column and index of the cursor.
-    std::array<uint32_t, 3> place() const {
+    std::string marked_label() const { return label().insert(objects[8].cursor_column, "|"); }
+    std::string marked_text() const { return text().insert(texts[1].cursor_index, "|"); }
+    Place place() const {
         return {objects[8].cursor_line, objects[8].cursor_column, texts[1].cursor_index};
     }
-    using Place = std::array<uint32_t, 3>;
-    // Where the cursor stands behind some characters of an unscrolled line.
-    uint32_t x_behind(const std::string &characters) const { return 20 + width_of(characters); }
+    uint32_t x_after(const std::string &characters) const { return 20 + width_of(characters); }
 };
 
 TEST_F(Editor, entry_fields_take_64_characters_or_fewer) {
-    const std::string many(80, 'i');
     const struct {
-        uint32_t max_chars, insert_mode;
+        uint32_t max_chars, overwrites;
         std::size_t length;
-    } cases[] = {{10, 0, 10}, {100, 0, 64}, {64, 0, 64}, {0, 0, 0}, {0, 1, 65}, {10, 1, 11}};
+    } cases[] = {{10, 0, 10}, {100, 0, 64}, {64, 0, 64}, {0, 0, 0},   {1, 0, 1},
+                 {0, 1, 64},  {10, 1, 10},  {1, 1, 1},   {100, 1, 64}};
     for (const auto &c : cases) {
-        edit_entry("", 0, c.max_chars);
-        ctx.insert_mode = c.insert_mode;
-        type(many);
-        // Overwriting begins with an append and then stands behind the last character.
-        EXPECT_EQ(label().size(), c.insert_mode == 1 ? c.length - 1 : c.length) << c.max_chars;
+        edit_entry("|", c.max_chars);
+        ctx.insert_mode = c.overwrites;
+        type(std::string(80, 'i'));
+        EXPECT_EQ(label().size(), c.length) << c.max_chars << " " << c.overwrites;
+        objects[8].cursor_column = 0; // a full field takes nothing at its start either
+        ctx.insert_mode = 0;
+        type("x");
+        EXPECT_EQ(label().size(), c.length);
     }
 }
 
-TEST_F(Editor, keys_change_an_entry_field_at_its_cursor) {
-    const struct {
-        const char *before;
-        uint32_t column, insert_mode, key;
-        const char *after;
-        uint32_t column_after;
-    } cases[] = {
-        {"abc", 1, 0, 'x', "axbc", 2},
-        {"abc", 3, 0, 'x', "abcx", 4},
-        {"abc", 5, 0, 'x', "abc", 5},
-        {"abc", 1, 1, 'x', "axc", 2},
-        {"abc", 2, 1, 'x', "abxx", 4},
-        {"abc", 3, 1, 'x', "abcx", 4},
-        {"abc", 0, 0, 8, "abc", 0},
-        {"abc", 1, 0, 8, "bc", 0},
-        {"abc", 3, 0, 8, "ab", 2},
-        {"abc", 4, 0, 8, "abc", 4},
-        {"abc", 0, 0, 127, "bc", 0},
-        {"abc", 2, 0, 127, "ab", 2},
-        {"abc", 3, 0, 127, "abc", 3},
-        {"abc", 0, 0, VEL_KEY_LEFT, "abc", 0},
-        {"abc", 2, 0, VEL_KEY_LEFT, "abc", 1},
-        {"abc", 2, 0, VEL_KEY_RIGHT, "abc", 3},
-        {"abc", 3, 0, VEL_KEY_RIGHT, "abc", 3},
-        {"abc", 1, 0, VEL_KEY_ENTER, "abc", 1},
-        {"abc", 1, 0, VEL_KEY_UP, "abc", 1},
-        {"abc", 1, 0, VEL_KEY_DOWN, "abc", 1},
-        {"\xE4", 1, 0, 0xDF, "\xE4\xDF", 2},
-    };
-    for (const auto &c : cases) {
-        vel_object &o = edit_entry(c.before, c.column);
-        ctx.insert_mode = c.insert_mode;
-        if (c.key > 127 || c.key == 'x') {
-            type(std::string(1, static_cast<char>(c.key > 255 ? 0 : c.key)));
+// Before and after. Left stays on its line, and Right does nothing on an empty one.
+TEST_F(Editor, keys_change_a_text_at_its_cursor) {
+    const std::pair<uint32_t, Names>
+        in_entries[] = {{'x', {"a|bc > ax|bc", "|abc > x|abc", "abc| > abcx|"}},
+                        {backspace, {"|abc > |abc", "a|bc > |bc", "abc| > ab|"}},
+                        {del, {"|abc > |bc", "ab|c > ab|", "abc| > abc|"}},
+                        {left, {"|abc > |abc", "ab|c > a|bc"}},
+                        {right, {"ab|c > abc|", "abc| > abc|"}},
+                        {enter, {"a|bc > a|bc"}},
+                        {up, {"a|bc > a|bc"}},
+                        {down, {"a|bc > a|bc"}},
+                        {0xDF, {"\xE4| > \xE4\xDF|"}},
+                        {321, {"a|bc > a|bc"}},
+                        {0xFFFFFFA7, {"a|bc > a|bc"}}},
+        overwriting{'x', {"a|bc > ax|c", "ab|c > abxx|", "abc| > abcx|"}},
+        in_texts[] = {
+            {'x', {"abc\n|yz > abc\nx|yz"}},
+            {enter, {"ab|cd > ab\n|cd", "abcd| > abcd\n|", "|abcd > \n|abcd"}},
+            {backspace, {"ab\ncd\n|ef > ab\ncd|ef", "|ab\ncd > |ab\ncd", "ab\nc|d > ab\n|d"}},
+            {del, {"ab|\ncd > ab|cd", "ab\ncd| > ab\ncd|", "ab\n|cd > ab\n|d"}},
+            {left, {"ab\n|cd > ab\n|cd", "ab\nc|d > ab\n|cd"}},
+            {right,
+             {"|ab\ncd > a|b\ncd", "a|b\ncd > ab|\ncd", "ab|\ncd > ab\n|cd", "ab\ncd| > ab\ncd|",
+              "|\nab > |\nab"}},
+            {up, {"xyz\nabcdefg|hi > xy|z\nabcdefghi", "\nab|c > |\nabc", "a|bc\nxyz > a|bc\nxyz"}},
+            {down, {"abcdefg|hi\nxyz > abcdefghi\nxy|z", "abc\nx|yz > abc\nx|yz"}}};
+    const auto check = [this](const auto &cases, bool in_text) {
+        for (const std::string &c : cases.second) {
+            const std::string before = c.substr(0, c.find(" > "));
+            in_text ? edit_text(before) : edit_entry(before);
+            key(cases.first);
+            const std::string after = in_text ? marked_text() : marked_label();
+            EXPECT_EQ(before + " > " + after, c) << cases.first;
+            const std::size_t start = after.rfind('\n', after.find('|')) + 1;
+            const vel_object &o = objects[8];
+            EXPECT_EQ(std::tuple(o.cursor_line, o.cursor_column, o.text_length),
+                      std::tuple(std::count(after.data(), after.data() + start, '\n'),
+                                 after.find('|') - start, after.size() - 1))
+                << c;
+            EXPECT_EQ(std::tuple(ctx.final_key, ctx.key_printable), std::tuple(0U, 0U));
         }
-        if (c.key < 32 || c.key == 127 || c.key > 255) key(c.key);
-        EXPECT_EQ(label(), c.after) << c.before << " " << c.column << " key " << c.key;
-        EXPECT_EQ(o.cursor_column, c.column_after) << c.before << " " << c.column << " " << c.key;
-        EXPECT_EQ(o.cursor_y, o.y);
-    }
+    };
+    for (const auto &c : in_entries) check(c, false);
+    for (const auto &c : in_texts) check(c, true);
     key(VEL_KEY_INSERT);
-    EXPECT_EQ(ctx.insert_mode, 1U);
+    check(overwriting, false);
     key(VEL_KEY_INSERT);
     EXPECT_EQ(ctx.insert_mode, 0U);
-}
-
-TEST_F(Editor, the_cursor_follows_the_characters) {
-    vel_object &o = edit_entry("", 0);
-    type("Wi");
-    EXPECT_EQ(o.cursor_x, x_behind("Wi"));
-    key(VEL_KEY_LEFT);
-    EXPECT_EQ(o.cursor_x, x_behind("W"));
-    key(VEL_KEY_LEFT);
-    EXPECT_EQ(o.cursor_x, 20U);
-    key(VEL_KEY_RIGHT);
-    EXPECT_EQ(o.cursor_x, x_behind("W"));
-    key(VEL_KEY_DELETE);
-    EXPECT_EQ(o.cursor_x, x_behind("W"));
-    key(VEL_KEY_BACKSPACE);
-    EXPECT_EQ(o.cursor_x, 20U);
-}
-
-TEST_F(Editor, typing_scrolls_at_the_right_edge_and_the_right_key_does_not) {
-    vel_object &o = edit_entry(std::string(30, 'W'), 0);
-    o.cursor_x = x_behind("WW");
-    o.cursor_column = 25; // its place lies far right of the edge, 220
-    key(VEL_KEY_RIGHT);
-    EXPECT_EQ(o.cursor_column, 26U);
-    EXPECT_EQ(o.cursor_x, x_behind("WW"));
-    EXPECT_EQ(o.scroll_x, 0U);
-    type("W");
-    const uint32_t beyond = width_of(std::string(27, 'W')) - width_of("WW");
-    EXPECT_EQ(o.cursor_x, x_behind("WW"));
-    EXPECT_EQ(o.scroll_x, 0 - beyond);
-    // Backspace in a scrolled field scrolls back and leaves the cursor.
-    key(VEL_KEY_BACKSPACE);
-    EXPECT_EQ(o.scroll_x, width_of(std::string(27, 'W')) - width_of(std::string(26, 'W')) - beyond);
-    EXPECT_EQ(o.cursor_x, x_behind("WW"));
-    // Left of the edge the text comes back, too.
-    o.cursor_column = 2;
-    const uint32_t scrolled = o.scroll_x;
-    key(VEL_KEY_LEFT);
-    EXPECT_EQ(o.cursor_x, x_behind("WW"));
-    EXPECT_EQ(o.scroll_x, scrolled + (width_of("WW") - width_of("W") - scrolled));
-}
-
-TEST_F(Editor, texts_are_split_and_joined) {
-    const struct {
-        const char *before;
-        uint32_t index, key;
-        const char *after;
-        Place place;
-    } cases[] = {
-        {"abcd", 2, VEL_KEY_ENTER, "ab\ncd", {1, 0, 3}},
-        {"abcd", 4, VEL_KEY_ENTER, "abcd\n", {1, 0, 5}},
-        {"abcd", 0, VEL_KEY_ENTER, "\nabcd", {1, 0, 1}},
-        {"ab\ncd\nef", 6, VEL_KEY_BACKSPACE, "ab\ncdef", {1, 2, 5}},
-        {"ab\ncd", 0, VEL_KEY_BACKSPACE, "ab\ncd", {0, 0, 0}},
-        {"ab\ncd", 4, VEL_KEY_BACKSPACE, "ab\nd", {1, 0, 3}},
-        {"ab\ncd", 2, VEL_KEY_DELETE, "abcd", {0, 2, 2}},
-        {"ab\ncd", 5, VEL_KEY_DELETE, "ab\ncd", {1, 2, 5}},
-        {"ab\ncd", 3, VEL_KEY_DELETE, "ab\nd", {1, 0, 3}},
-        {"ab\ncd", 3, VEL_KEY_LEFT, "ab\ncd", {1, 0, 3}},
-        {"ab\ncd", 4, VEL_KEY_LEFT, "ab\ncd", {1, 0, 3}},
-        {"ab\ncd", 1, VEL_KEY_RIGHT, "ab\ncd", {0, 2, 2}},
-        {"ab\ncd", 2, VEL_KEY_RIGHT, "ab\ncd", {1, 0, 3}},
-        {"ab\ncd", 5, VEL_KEY_RIGHT, "ab\ncd", {1, 2, 5}},
-        {"\nab", 0, VEL_KEY_RIGHT, "\nab", {0, 0, 0}}, // an empty line has no right
-        {"abcdefghi\nxyz", 7, VEL_KEY_DOWN, "abcdefghi\nxyz", {1, 2, 12}},
-        {"xyz\nabcdefghi", 11, VEL_KEY_UP, "xyz\nabcdefghi", {0, 2, 2}},
-        {"\nabc", 3, VEL_KEY_UP, "\nabc", {0, 0, 0}},
-        {"abc\nxyz", 1, VEL_KEY_UP, "abc\nxyz", {0, 1, 1}},
-        {"abc\nxyz", 5, VEL_KEY_DOWN, "abc\nxyz", {1, 1, 5}},
-    };
-    for (const auto &c : cases) {
-        edit_text(c.before, c.index);
-        key(c.key);
-        EXPECT_EQ(text(), c.after) << c.before << " " << c.index << " key " << c.key;
-        EXPECT_EQ(place(), c.place) << c.before << " " << c.index << " key " << c.key;
-        EXPECT_EQ(objects[8].text_length, std::strlen(c.after));
+    for (const auto &[code, column] : {std::pair{'x' + 0U, 5U}, {backspace, 4U}}) { // after its end
+        edit_entry("abc|").cursor_column = column;
+        key(code);
+        EXPECT_EQ(label(), "abc");
     }
 }
 
-TEST_F(Editor, vertical_moves_show_the_cursor_one_character_further_right) {
-    vel_object &o = edit_text("Wide\nWide\n\nx", 6);
-    key(VEL_KEY_UP);
-    EXPECT_EQ(o.cursor_x, x_behind("Wi"));
-    EXPECT_EQ(o.cursor_y, 30U);
-    key(VEL_KEY_RIGHT); // and the next step makes up for it
-    EXPECT_EQ(o.cursor_x, x_behind("Wi"));
-    EXPECT_EQ(o.cursor_column, 2U);
-    key(VEL_KEY_DOWN);
-    EXPECT_EQ(o.cursor_y, 30 + height());
-    key(VEL_KEY_DOWN); // onto the empty line
+// What a key does to the cursor on the screen: it goes after some characters of its line, which
+// starts at 20 or, where that is hidden at the left, the text is shifted.
+TEST_F(Editor, the_cursor_goes_to_its_place_or_the_text_is_shifted) {
+    enum Shift { none, by_way_back, by_way_on };
+    const struct {
+        bool in_text;
+        uint32_t key;
+        const char *shows_after;
+        Shift shift;
+    } cases[] = {{true, enter, "", by_way_back},  {true, up, "Wid", by_way_on},
+                 {true, down, "Wid", by_way_on},  {true, left, "W", by_way_back},
+                 {true, del, "Wi", by_way_back},  {true, 'm', "Wim", by_way_on},
+                 {true, backspace, "W", none},    {false, left, "W", by_way_back},
+                 {false, del, "Wi", by_way_back}, {false, 'm', "Wim", by_way_on}};
+    for (const auto &c : cases) {
+        for (const int scroll : {0, -1000, -40}) {
+            SCOPED_TRACE(std::to_string(c.key) + " scrolled " + std::to_string(scroll));
+            vel_object &o = c.in_text ? edit_text("Wide\nWi|de\nWide") : edit_entry("Wi|de");
+            o.scroll_x = test::u32(scroll);
+            o.cursor_x = 90;
+            key(c.key);
+            const uint32_t x = x_after(c.shows_after) + test::u32(scroll);
+            const bool is_hidden = static_cast<int>(x) <= 19;
+            const uint32_t shift = c.shift == none ? 0 : c.shift == by_way_on ? x - 90 : 90 - x;
+            EXPECT_EQ(o.cursor_x, is_hidden ? 90 : x);
+            EXPECT_EQ(o.scroll_x, test::u32(scroll) + (is_hidden ? shift : 0));
+        }
+    }
+    // Column 0 after a vertical move is at the margin, whatever the scrolling.
+    vel_object &o = edit_text("W|\n\nW");
+    o.scroll_x = test::u32(-5);
+    key(down);
     EXPECT_EQ(o.cursor_x, 20U);
-    key(VEL_KEY_DOWN);
+}
+
+TEST_F(Editor, beyond_the_right_edge_typing_shifts_and_the_right_key_does_not) {
+    for (const auto &[shown, is_beyond] : {std::pair{199, false}, {200, true}, {201, true}}) {
+        vel_object &o = edit_entry("iii|");
+        o.scroll_x = test::u32(shown) - width_of("iiim"); // the cursor goes to 20 + shown
+        const uint32_t scroll = o.scroll_x;
+        o.cursor_x = 50;
+        type("m");
+        EXPECT_EQ(o.cursor_x, is_beyond ? 50 : 219U) << shown;
+        EXPECT_EQ(o.scroll_x, scroll - (is_beyond ? test::u32(shown) - 30 : 0));
+        o.scroll_x = scroll;
+        o.cursor_x = 50;
+        o.cursor_column = 3;
+        key(right);
+        EXPECT_EQ(std::tuple(o.cursor_x, o.scroll_x, o.cursor_column),
+                  std::tuple(is_beyond ? 50 : 219U, scroll, 4U));
+    }
+    // Backspace in a field that is scrolled brings the text back, to its start at most.
+    for (const auto &[scroll, after] : {std::pair{-100, -70}, {-20, 0}}) {
+        vel_object &o = edit_entry("mmm|");
+        o.scroll_x = test::u32(scroll);
+        o.cursor_x = 20 + width_of("mm") + test::u32(scroll) + 30;
+        const uint32_t x = o.cursor_x;
+        key(backspace);
+        EXPECT_EQ(std::tuple(o.scroll_x, o.cursor_x), std::tuple(test::u32(after), x)) << scroll;
+    }
+}
+
+TEST_F(Editor, a_vertical_move_shows_the_cursor_one_character_further_right) {
+    vel_object &o = edit_text("Wide\nW|ide\n\nx");
+    key(up);
+    EXPECT_EQ(std::tuple(o.cursor_x, o.cursor_y), std::tuple(x_after("Wi"), 30U));
+    key(right); // and the next step makes up for it
+    EXPECT_EQ(std::tuple(o.cursor_x, o.cursor_column), std::tuple(x_after("Wi"), 2U));
+    for (const uint32_t line : {1U, 2U, 3U}) {
+        key(down);
+        EXPECT_EQ(o.cursor_y, 30 + line * height());
+    }
     EXPECT_EQ(place(), (Place{3, 0, 11}));
 }
 
-TEST_F(Editor, moves_below_and_above_the_area_scroll_by_a_line) {
-    vel_object &o = edit_text("a\nb\nc\nd", 0);
-    o.height = 2 * height() + 1;
-    key(VEL_KEY_DOWN);
-    EXPECT_EQ(o.cursor_y, 30 + height());
-    EXPECT_EQ(o.scroll_y, 0U);
-    key(VEL_KEY_DOWN);
-    EXPECT_EQ(o.cursor_y, 30 + height());
-    EXPECT_EQ(o.scroll_y, 0 - height());
-    key(VEL_KEY_UP); // the line is visible again
-    EXPECT_EQ(o.cursor_y, 30U);
-    key(VEL_KEY_UP);
-    EXPECT_EQ(o.cursor_y, 30U);
-    EXPECT_EQ(o.scroll_y, 0U);
+// Lines are 3 pixels apart. A line that is not whole above the lower edge, or begins above the
+// upper one, scrolls the text by a line.
+TEST_F(Editor, hidden_lines_are_scrolled_to) {
+    const uint32_t pitch = height() + 3;
+    const auto scroll_and_y = [&](const char *text, uint32_t code, uint32_t room, int scroll) {
+        vel_object &o = edit_text(text);
+        o.line_spacing = 3;
+        o.height = room;
+        o.scroll_y = test::u32(scroll);
+        o.cursor_y = 77;
+        key(code);
+        return std::pair(o.scroll_y - test::u32(scroll), o.cursor_y);
+    };
+    for (const auto &[text, code] : {std::pair{"a|b\ncd", down},
+                                     {"a|b\ncd", enter},
+                                     {"ab|\ncd", right},
+                                     {"ab\n|cd", del},
+                                     {"ab\nc|d", backspace}}) {
+        const uint32_t room = pitch + height();
+        EXPECT_EQ(scroll_and_y(text, code, room, 0), std::pair(0U, 30 + pitch)) << code;
+        EXPECT_EQ(scroll_and_y(text, code, room - 1, 0), std::pair(0 - pitch, 77U)) << code;
+        EXPECT_EQ(scroll_and_y(text, code, room, -5), std::pair(0U, 25 + pitch)) << code;
+    }
+    EXPECT_EQ(scroll_and_y("ab\n|cd", up, 100, -1), std::pair(0U, 29U));
+    EXPECT_EQ(scroll_and_y("ab\n|cd", up, 100, -2), std::pair(pitch, 77U));
 }
 
 TEST_F(Editor, texts_end_with_999_characters_and_line_39) {
-    std::string lines;
-    for (int k = 0; k < 111; ++k) lines += "abcdefgh ";
-    ASSERT_EQ(lines.size(), 999U);
-    edit_text(lines, 999);
-    type("x");
-    key(VEL_KEY_ENTER);
-    EXPECT_EQ(text(), lines);
-    edit_text(lines.substr(0, 998), 998);
-    type("xy");
-    EXPECT_EQ(text(), lines.substr(0, 998) + "x");
-    edit_text(lines.substr(0, 998), 5);
-    key(VEL_KEY_ENTER);
-    EXPECT_EQ(text().size(), 999U);
-
-    edit_text(std::string(39, '\n') + "z", 40);
-    EXPECT_EQ(place(), (Place{39, 1, 40}));
-    key(VEL_KEY_ENTER);
-    EXPECT_EQ(text(), std::string(39, '\n') + "z");
-    edit_text(std::string(38, '\n') + "z", 39);
-    key(VEL_KEY_ENTER);
-    EXPECT_EQ(place(), (Place{39, 0, 40}));
+    std::string full, feeds(38, '\n');
+    for (int k = 0; k < 111; ++k) full += "abcdefgh ";
+    const std::string room = full.substr(0, 998);
+    const struct {
+        std::string before;
+        uint32_t key;
+        std::string after;
+    } cases[] = {
+        {full + "|", 'x', full + "|"},           {full + "|", enter, full + "|"},
+        {room + "|", 'x', room + "x|"},          {"|" + room, enter, "\n|" + room},
+        {feeds + "\nz|", enter, feeds + "\nz|"}, {feeds + "\nz|", 'y', feeds + "\nzy|"},
+        {feeds + "z|", enter, feeds + "z\n|"},   {"\n|\n" + feeds, enter, "\n|\n" + feeds}};
+    for (const auto &c : cases) {
+        edit_text(c.before);
+        key(c.key);
+        EXPECT_EQ(marked_text(), c.after);
+    }
 }
 
 TEST_F(Editor, a_line_that_fills_up_hands_the_cursor_on) {
     // 98 characters of words and blanks; the 99th is a blank and fills the line.
     const std::string line98 = std::string(49, 'i') + " " + std::string(48, 'i');
-    vel_object &o = edit_text(line98, 98);
+    vel_object &o = edit_text(line98 + "|");
     type(" ");
     EXPECT_EQ(place(), (Place{1, 0, 99}));
     EXPECT_EQ(o.cursor_y, 30 + height());
@@ -265,107 +265,99 @@ TEST_F(Editor, a_line_that_fills_up_hands_the_cursor_on) {
     EXPECT_EQ(text(), line98 + " x");
     EXPECT_EQ(place(), (Place{1, 1, 100}));
     // A word that grows too long for its line takes the cursor to the next.
-    edit_text("mm mm", 5, width_of("mm mmi"));
+    edit_text("mm mm|", width_of("mm mmi"));
     type("m");
-    EXPECT_EQ(line(1, 1), "mmm");
+    EXPECT_STREQ(line(1, 1), "mmm");
     EXPECT_EQ(place(), (Place{1, 3, 6}));
+    EXPECT_EQ(objects[8].cursor_y, 30 + height());
 }
 
+// On line 1 below, column 3 ends the text after its third character.
 TEST_F(Editor, overwriting_a_text_ends_it_at_the_column) {
     ctx.insert_mode = 1;
-    edit_text("abc", 1);
-    type("xy");
-    EXPECT_EQ(text(), "axy");
-    type("z"); // behind the end: the text ends at the column, here the index
-    EXPECT_EQ(text(), "axyz");
-    edit_text("abc\nde", 6);
-    type("z"); // column 3 of line 1 ends the text behind its third character
-    EXPECT_EQ(text(), "abc");
-    edit_text("abcdef", 2);
-    objects[8].max_chars = 4;
-    type("xyz"); // columns 2 and 3 lie below the limit
-    EXPECT_EQ(text(), "abxyef");
+    const struct {
+        const char *before;
+        uint32_t max_chars;
+        const char *typed, *after;
+    } cases[] = {{"a|bc", 0, "xy", "axy"},
+                 {"abc|", 0, "z", "abcz"},
+                 {"abc\nde|", 0, "z", "abc"},
+                 {"ab|cdef", 4, "xyz", "abxyef"}};
+    for (const auto &c : cases) {
+        edit_text(c.before).max_chars = c.max_chars;
+        type(c.typed);
+        EXPECT_EQ(text(), c.after);
+    }
 }
 
-TEST_F(Editor, keys_without_an_editable_object_stay) {
-    edit_text("abc", 0);
-    for (const uint32_t kind : {VEL_TYPE_LABEL, VEL_TYPE_PICTURE, VEL_TYPE_CHAIN, VEL_TYPE_MENU}) {
-        objects[8].type = kind;
+TEST_F(Editor, keys_need_an_editable_object_and_characters_to_be_printable) {
+    const std::pair<uint32_t, bool> kinds[] = {{VEL_TYPE_LABEL, false}, {VEL_TYPE_PICTURE, false},
+                                               {VEL_TYPE_CHAIN, false}, {VEL_TYPE_MENU, false},
+                                               {VEL_TYPE_TEXT, true},   {VEL_TYPE_WINDOW, true}};
+    for (const auto &[kind, is_edited] : kinds) {
+        edit_text("|abc").type = kind;
+        ctx.key_printable = 1;
         ctx.final_key = 'x';
-        ctx.key_printable = 1;
         vel_get_text(&ctx);
-        EXPECT_EQ(ctx.final_key, static_cast<uint32_t>('x'));
-        EXPECT_EQ(text(), "abc");
-    }
-    objects[8].type = VEL_TYPE_TEXT;
-    for (const uint32_t code : {321U, 4294967207U}) { // Alt and e, Shift and 3
-        ctx.final_key = code;
-        ctx.key_printable = 1;
+        EXPECT_EQ(std::pair(ctx.final_key, text()), is_edited
+                                                        ? std::pair(0U, std::string("xabc"))
+                                                        : std::pair('x' + 0U, std::string("abc")));
+        ctx.final_key = 'x';
         vel_get_text(&ctx);
-        EXPECT_EQ(ctx.final_key, 0U);
-        EXPECT_EQ(text(), "abc");
+        EXPECT_EQ(text(), is_edited ? "xabc" : "abc"); // it is printable no more
     }
+}
+
+TEST_F(Editor, each_key_draws_the_active_window_and_shows_it) {
+    make(9, VEL_TYPE_WINDOW, 20, 30, 110, 50);
+    make_field(8, 25, 35, 100, 20, 9).cursor_y = 36;
+    ctx.active_window = 9;
+    ctx.cursor_object = 8;
+    key('x');
+    EXPECT_EQ(test::updates(), Names{"20,30 110x50"});
+    EXPECT_NE(pixels(test::blue), "");
 }
 
 TEST_F(Editor, mapping_counts_paragraphs_and_not_wrapped_lines) {
-    edit_text("mm mm\nx", 0, width_of("mm m"));
-    ASSERT_EQ(line(1, 0), "mm ");
-    ASSERT_EQ(line(1, 1), "mm");
-    const struct {
-        uint32_t index, line, column;
-    } cases[] = {{0, 0, 0}, {3, 0, 3}, {4, 1, 1}, {5, 1, 2}, {6, 2, 0}, {7, 2, 1}};
-    for (const auto &c : cases) {
-        texts[1].cursor_index = c.index;
+    vel_object &o = edit_text("|mm mm\nx", width_of("mm m"));
+    ASSERT_STREQ(line(1, 0), "mm ");
+    for (const Place &p : {Place{0, 0, 0}, {0, 3, 3}, {1, 1, 4}, {1, 2, 5}, {2, 0, 6}, {2, 1, 7}}) {
+        texts[1].cursor_index = p[2];
         vel_get_column_row(&ctx);
-        EXPECT_EQ(place(), (Place{c.line, c.column, c.index}));
+        EXPECT_EQ(place(), p);
         texts[1].cursor_index = 77;
         vel_get_position_in_stream(&ctx);
-        EXPECT_EQ(place(), (Place{c.line, c.column, c.index}));
+        EXPECT_EQ(place(), p);
     }
-    objects[8].cursor_line = 1; // the start of a wrapped line is the end of the one before it
-    objects[8].cursor_column = 0;
-    vel_get_position_in_stream(&ctx);
-    EXPECT_EQ(texts[1].cursor_index, 3U);
-    objects[8].cursor_column = 50; // nowhere
-    vel_get_position_in_stream(&ctx);
-    EXPECT_EQ(texts[1].cursor_index, 3U);
-}
-
-// A count of lines that no formatting gives must not lead the search through the lines of other
-// texts, let alone on for as long as numbers last.
-TEST_F(Editor, mapping_ends_behind_line_slot_40) {
-    vel_object &o = edit_text("a", 1);
-    o.number_of_lines = 0xFFFF;
-    for (const auto &[at_line, index] : {std::pair{40U, 1U}, {41U, 1U}, {42U, 7U}}) {
-        texts[1].cursor_index = 7;
+    // The start of a wrapped line is the end of the one before it, and column 50 is nowhere. A
+    // count of lines that no formatting gives leads to slot 40 and no further.
+    for (const auto &[lines, at_line, column, index] :
+         {std::tuple{2U, 1U, 0U, 3U}, {2U, 1U, 50U, 77U}, {0xFFFFU, 42U, 0U, 77U}}) {
+        o.number_of_lines = lines;
         o.cursor_line = at_line;
-        o.cursor_column = 0;
+        o.cursor_column = column;
+        texts[1].cursor_index = 77;
         vel_get_position_in_stream(&ctx);
-        EXPECT_EQ(texts[1].cursor_index, index) << at_line;
+        EXPECT_EQ(texts[1].cursor_index, index) << at_line << " " << column;
     }
 }
 
 // Any key at any cursor, also one that a file or a program set wrong, stays inside the memory.
 TEST_F(Editor, no_key_leaves_its_text) {
-    const uint32_t codes[] = {'x', ' ', 8, 127, 271, 273, 274, 275, 276, 277, 200};
-    const std::string fill[] = {"", "abc", std::string(999, 'i'), std::string(999, '\n')};
-    for (const std::string &initial : fill) {
+    for (const std::string &before :
+         {std::string(), std::string(999, 'i'), std::string(999, '\n')}) {
         for (const uint32_t wrong : {0U, 3U, 98U, 999U, 1000U, 4000000000U, 0xFFFFFFFFU}) {
-            for (const uint32_t mode : {0U, 1U}) {
-                for (const uint32_t code : codes) {
-                    vel_object &o = edit_text(initial, 0);
-                    ctx.insert_mode = mode;
+            for (const uint32_t code :
+                 {'x' + 0U, ' ' + 0U, backspace, del, enter, up, down, right, left}) {
+                for (const uint32_t overwrites : {0U, 1U}) {
+                    vel_object &o = edit_text("|" + before);
+                    ctx.insert_mode = overwrites;
                     texts[1].cursor_index = wrong;
                     o.cursor_column = wrong;
                     o.cursor_line = wrong % 41;
-                    for (int times = 0; times < 3; ++times) {
-                        ctx.final_key = code;
-                        ctx.key_printable = code < 256 ? 1 : 0;
-                        vel_get_text(&ctx);
-                    }
+                    for (int times = 0; times < 3; ++times) key(code);
                     ASSERT_EQ(texts[1].text[999], '\0');
                     ASSERT_EQ(texts[2].first_word, 0U);
-                    texts[2] = {};
                 }
             }
         }

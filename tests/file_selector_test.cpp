@@ -1,100 +1,82 @@
 // The file selector on folders that the test makes.
 #include "support.h"
 
-#include <algorithm>
-#include <unistd.h>
-
 namespace {
 
 using test::Folder;
-using test::Form;
 
-class FileSelector : public Form {
+class FileSelector : public test::Form {
 protected:
-    FileSelector() : before_(std::filesystem::current_path()) {
+    FileSelector() {
         make(8, VEL_TYPE_WINDOW, 20, 30, 200, 100);
         vel_object &t = make(9, VEL_TYPE_LABEL, 25, 40, 90, 15, 8);
-        t.margin_left = 4, t.margin_top = 2, t.fill_g = 7;
+        uint32_t value = 50;
+        for (const auto field : copied) t.*field = value++;
     }
     ~FileSelector() override { std::filesystem::current_path(before_); }
 
-    std::vector<std::string> shown_names() const {
-        std::vector<std::string> names;
-        for (uint32_t k = 0; k <= ctx.dir_last; ++k)
-            names.emplace_back(ctx.dir_names[ctx.dir_order[k]]);
-        return names;
+    // The first characters of the names of a folder, in the order in which they are shown.
+    std::string read(const Folder &folder) {
+        std::filesystem::current_path(folder.file(""));
+        vel_read_app_dir(&ctx);
+        std::string firsts;
+        for (uint32_t k = 0; k <= ctx.dir_last; ++k) firsts += ctx.dir_names[ctx.dir_order[k]][0];
+        return firsts;
     }
 
-    std::filesystem::path before_;
+    static constexpr uint32_t vel_object::*copied[] = {
+        &vel_object::x,      &vel_object::width,       &vel_object::height,
+        &vel_object::fill_r, &vel_object::fill_g,      &vel_object::fill_b,
+        &vel_object::text_r, &vel_object::text_g,      &vel_object::text_b,
+        &vel_object::type,   &vel_object::margin_left, &vel_object::margin_top};
+    const std::filesystem::path before_ = std::filesystem::current_path();
 };
 
 TEST_F(FileSelector, rows_are_made_from_the_template) {
     vel_prepare_fileselector(&ctx, 8, 3);
     for (uint32_t k = 1; k <= 3; ++k) {
         const vel_object &o = objects[9 + k];
-        EXPECT_EQ(objects[8].dep_objs[k], 9 + k);
-        EXPECT_EQ(std::tuple(o.type, o.master, o.x, o.y, o.width, o.height),
-                  std::tuple(2U, 8U, 25U, 40 + 18 * k, 90U, 15U));
-        EXPECT_EQ(std::tuple(o.margin_left, o.margin_top, o.fill_g), std::tuple(4U, 2U, 7U));
+        EXPECT_EQ(std::tuple(objects[8].dep_objs[k], o.master, o.y),
+                  std::tuple(9 + k, 8U, 40 + (objects[9].height + 3) * k));
+        for (const auto field : copied) EXPECT_EQ(o.*field, objects[9].*field);
     }
     EXPECT_EQ(objects[8].dep_objs[4], 0U);
-    // One row behind the loaded objects, no more.
+    // One row after the loaded objects, no more.
     ctx.object_count = 11;
     std::fill_n(&objects[8].dep_objs[1], 3, 0U);
     vel_prepare_fileselector(&ctx, 8, 9);
-    EXPECT_EQ(objects[8].dep_objs[3], 12U);
-    EXPECT_EQ(objects[8].dep_objs[4], 0U);
+    EXPECT_EQ(std::tuple(objects[8].dep_objs[3], objects[8].dep_objs[4]), std::tuple(12U, 0U));
     // Nothing without a template.
-    const std::vector<vel_object> unchanged = objects;
+    const std::vector<vel_object> unchanged(objects, objects + 30);
     vel_prepare_fileselector(&ctx, 13, 3);
-    EXPECT_EQ(std::memcmp(objects.data(), unchanged.data(), objects.size() * sizeof(vel_object)),
-              0);
+    EXPECT_EQ(std::memcmp(objects, unchanged.data(), sizeof *objects * 30), 0);
 }
 
-TEST_F(FileSelector, names_are_ordered_by_their_first_character) {
-    const Folder folder;
-    for (const char *name : {"zebra", "b", "a2", "a1", "\xE4pfel", "Berg"}) folder.write(name, "");
-    std::filesystem::current_path(folder.file(""));
-    vel_read_app_dir(&ctx);
-    EXPECT_EQ(ctx.dir_last, 7U); // with the folder itself and its parent
-    std::string firsts;
-    for (const std::string &name : shown_names()) firsts += name[0];
-    EXPECT_EQ(firsts, "..Baabz\xE4");
-}
-
-TEST_F(FileSelector, at_most_100_names_of_64_characters_are_read) {
-    const struct {
-        int files;
-        std::size_t length;
-        uint32_t last;
-    } cases[] = {{0, 1, 1},    {1, 63, 2},   {1, 64, 2},   {1, 65, 2},   {1, 255, 2},
-                 {97, 20, 98}, {98, 20, 99}, {99, 20, 99}, {150, 20, 99}};
-    for (const auto &c : cases) {
+TEST_F(FileSelector, at_most_100_names_of_64_characters_are_read_and_ordered_by_the_first) {
+    const Folder some;
+    some.fill({"zebra", "b", "a2", "a1", "\xE4pfel", "Berg"});
+    EXPECT_EQ(read(some), "..Baabz\xE4"); // with the folder itself and its parent
+    for (const auto &[files, length, last] : {std::tuple{0, 1U, 1U},
+                                              {1, 63U, 2U},
+                                              {1, 64U, 2U},
+                                              {1, 65U, 2U},
+                                              {1, 255U, 2U},
+                                              {97, 20U, 98U},
+                                              {98, 20U, 99U},
+                                              {99, 20U, 99U},
+                                              {150, 20U, 99U}}) {
         const Folder folder;
-        for (int k = 0; k < c.files; ++k) {
+        for (int k = 0; k < files; ++k) {
             std::string name = std::to_string(k);
-            name.resize(c.length, 'x');
-            folder.write(name, "");
+            name.resize(length, 'x');
+            folder.write(name);
         }
-        std::filesystem::current_path(folder.file(""));
-        vel_read_app_dir(&ctx);
-        EXPECT_EQ(ctx.dir_last, c.last) << c.files;
-        if (c.files == 1) {
-            EXPECT_EQ(shown_names().back().size(), std::min<std::size_t>(c.length, 64));
-        }
+        read(folder);
+        EXPECT_EQ(ctx.dir_last, last) << files;
+        const std::size_t shown = std::strlen(ctx.dir_names[ctx.dir_order[last]]);
+        EXPECT_TRUE(files != 1 || shown == std::min(length, 64U)) << shown;
         std::filesystem::current_path(before_);
     }
-}
-
-TEST_F(FileSelector, a_deleted_folder_shows_nothing) {
-    {
-        const Folder folder;
-        std::filesystem::current_path(folder.file(""));
-    }
-    vel_read_app_dir(&ctx);
-    EXPECT_EQ(ctx.dir_last, 0U);
-    vel_load_dir_entries(&ctx, 8);
-    EXPECT_STREQ(objects[9].label, "");
 }
 
 TEST_F(FileSelector, rows_show_names_and_the_rest_is_hidden) {
@@ -106,17 +88,22 @@ TEST_F(FileSelector, rows_show_names_and_the_rest_is_hidden) {
     ctx.dir_last = 2;
     objects[10].hidden = 1;
     vel_load_dir_entries(&ctx, 8);
-    EXPECT_STREQ(objects[9].label, "c");
-    EXPECT_STREQ(objects[11].label, "a");
+    std::string shown;
     for (uint32_t k = 9; k <= 13; ++k) {
-        EXPECT_EQ(objects[k].width, k <= 11 ? 180U : 0U) << k;
-        EXPECT_EQ(objects[k].hidden, k <= 11 ? 0U : 1U) << k;
+        shown += objects[k].label;
+        EXPECT_EQ(std::tuple(objects[k].width, objects[k].hidden),
+                  k <= 11 ? std::tuple(180U, 0U) : std::tuple(0U, 1U))
+            << k;
     }
-    EXPECT_EQ(objects[8].height, 3 * (15 + 3) + 40U);
-    ctx.dir_last = 0; // a single name is not shown
-    ctx.dir_names[0][0] = 'z';
+    EXPECT_EQ(shown, "cba");
+    EXPECT_EQ(objects[8].height, 3 * (objects[9].height + 3) + 40U);
+    ctx.dir_names[0][0] = 'z'; // a single name is not shown, and a deleted folder has none
+    ctx.dir_last = 0;
     vel_load_dir_entries(&ctx, 8);
     EXPECT_STREQ(objects[11].label, "a");
+    { read(Folder()); }
+    vel_read_app_dir(&ctx);
+    EXPECT_EQ(ctx.dir_last, 0U);
 }
 
 } // namespace

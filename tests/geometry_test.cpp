@@ -3,10 +3,9 @@
 
 namespace {
 
-using test::Form;
 using Numbers = std::array<uint32_t, 4>;
 
-class Geometry : public Form {
+class Geometry : public test::Form {
 protected:
     Geometry() {
         ctx.screen_width = 640;

@@ -3,383 +3,332 @@
 
 namespace {
 
-using test::Form;
-
-class Paint : public Form {
+class Paint : public test::Form {
 protected:
-    ~Paint() override { SDL_FreeSurface(picture); }
+    ~Paint() override { SDL_FreeSurface(wanted_); }
 
-    // The rectangle that the pixels of a colour fill, as "x,y width x height"; "" for none, and
-    // "ragged" when it is not filled.
-    std::string box_of(vel_colour c) const {
-        int left = 320, top = 200, right = -1, bottom = -1, count = 0;
-        for (int y = 0; y < 200; ++y) {
-            for (int x = 0; x < 320; ++x) {
-                if (!(at(x, y) == c)) continue;
-                left = std::min(left, x), right = std::max(right, x);
-                top = std::min(top, y), bottom = std::max(bottom, y);
-                ++count;
-            }
-        }
-        if (count == 0) return "";
-        const int width = right - left + 1, height = bottom - top + 1;
-        if (count != width * height) return "ragged";
-        return std::to_string(left) + "," + std::to_string(top) + " " + std::to_string(width) +
-               "x" + std::to_string(height);
+    // A white object, so that only its text shows. Its line buffer is that of text 1.
+    vel_object &make_white(uint32_t type, int x, int y, uint32_t width, uint32_t height,
+                           uint32_t master = 0) {
+        vel_object &o = make(9, type, x, y, width, height, master);
+        set_fill(o, test::white);
+        o.text_index = 1;
+        set_text(1, "x");
+        return o;
     }
-
-    // What the screen should show: a text at a place, seen through a clip rectangle.
-    std::string differs_from(const char *text, int x, int y, SDL_Rect clip) const {
-        SDL_Surface *wanted = test::make_surface(320, 200, 32);
-        test::fill(wanted, test::white);
-        SDL_SetClipRect(wanted, &clip);
-        SDL_Surface *rendered = TTF_RenderText_Blended(ctx.font, text, {0, 0, 255, 0});
+    // Paints an object on an empty screen and compares that with a text at a place, seen through a
+    // rectangle. Returns the first pixel that is not as it should be.
+    std::string differs_from(const std::string &text, int x, int y,
+                             SDL_Rect clip = {0, 0, 320, 200}) {
+        clear();
+        vel_evoke_object(&ctx, 9);
+        SDL_SetClipRect(wanted_, nullptr);
+        test::fill(wanted_, test::white);
+        SDL_SetClipRect(wanted_, &clip);
+        SDL_Surface *rendered = TTF_RenderText_Blended(ctx.font, text.c_str(), {0, 0, 255, 0});
         SDL_Rect to{static_cast<Sint16>(x), static_cast<Sint16>(y), 0, 0};
-        SDL_BlitSurface(rendered, nullptr, wanted, &to);
-        const std::string found = test::difference(ctx.screen, wanted);
+        SDL_BlitSurface(rendered, nullptr, wanted_, &to);
         SDL_FreeSurface(rendered);
-        SDL_FreeSurface(wanted);
-        return found;
+        return difference(wanted_);
+    }
+    std::string box_painted(uint32_t number) {
+        clear();
+        vel_evoke_object(&ctx, number);
+        return box_of(test::red);
     }
 
-    SDL_Surface *picture = nullptr;
+    SDL_Surface *wanted_ = test::make_surface(320, 200);
 };
 
 TEST_F(Paint, top_level_windows_are_kept_off_the_corner_and_others_are_not) {
     const struct {
-        uint32_t type;
         int x, y;
         const char *box;
-    } cases[] = {
-        {VEL_TYPE_WINDOW, 0, 0, "11,25 20x10"},   {VEL_TYPE_WINDOW, 10, 24, "11,25 20x10"},
-        {VEL_TYPE_WINDOW, 12, 26, "12,26 20x10"}, {VEL_TYPE_WINDOW, 5, -9, "11,25 20x10"},
-        {VEL_TYPE_LABEL, 0, 0, "0,0 20x10"},      {VEL_TYPE_MENU, 0, 0, "0,0 20x10"},
-        {VEL_TYPE_EMPTY, 0, 0, "0,0 20x10"},      {12, 0, 0, "0,0 20x10"},
-        {VEL_TYPE_PICTURE_UNLOADED, 0, 0, ""},    {VEL_TYPE_WINDOW, 310, 192, "310,192 8x3"},
-    };
-    for (const auto &c : cases) {
-        test::fill(ctx.screen, test::white);
-        make(8, c.type, c.x, c.y, 20, 10);
-        vel_evoke_object(&ctx, 8);
-        EXPECT_EQ(box_of(test::red), c.box) << c.type << " at " << c.x;
+    } places[] = {{0, 0, "11,25 20x10"},   {10, 24, "11,25 20x10"}, {11, 25, "11,25 20x10"},
+                  {12, 26, "12,26 20x10"}, {5, -9, "11,25 20x10"},  {310, 192, "310,192 8x3"}};
+    for (const auto &c : places) {
+        make(8, VEL_TYPE_WINDOW, c.x, c.y, 20, 10);
+        EXPECT_EQ(box_painted(8), c.box) << c.x;
     }
-    test::fill(ctx.screen, test::white);
-    make(7, VEL_TYPE_LABEL, 30, 40, 99, 99);
-    vel_evoke_object(&ctx, 7);
-    EXPECT_EQ(box_of(test::red), "30,40 16x16");
+    for (const uint32_t type : {0U, 2U, 3U, 4U, 5U, 6U, 7U, 8U, 9U, 12U}) {
+        make(8, type, 0, 0, 20, 10);
+        const bool has_body = type != VEL_TYPE_PICTURE_UNLOADED && type != VEL_TYPE_PICTURE;
+        EXPECT_EQ(box_painted(8), has_body ? "0,0 20x10" : "") << type;
+    }
+    make(7, VEL_TYPE_LABEL, 30, 40, 20, 10);
+    EXPECT_EQ(box_painted(7), "30,40 16x16");
 }
 
+// The master admits 103 to 152 and 53 to 102.
 TEST_F(Paint, dependents_are_cut_by_their_master) {
-    // The master admits 103 to 152 and 53 to 102.
     set_margins(make(8, VEL_TYPE_LABEL, 100, 50, 56, 56), 3);
-    make(9, VEL_TYPE_LABEL, 0, 0, 0, 0, 8);
     const struct {
         int x, y;
-        uint32_t width, height, type;
+        uint32_t width, height;
         const char *box;
-    } cases[] = {
-        {110, 60, 5, 6, VEL_TYPE_LABEL, "110,60 5x6"},
-        {103, 53, 50, 50, VEL_TYPE_LABEL, "103,53 50x50"},
-        {90, 60, 20, 6, VEL_TYPE_LABEL, "103,60 7x6"},    // cut at the left
-        {150, 60, 20, 6, VEL_TYPE_LABEL, "150,60 3x6"},   // right
-        {110, 40, 5, 20, VEL_TYPE_LABEL, "110,53 5x7"},   // top
-        {110, 100, 5, 20, VEL_TYPE_LABEL, "110,100 5x3"}, // bottom
-        {0, 0, 300, 190, VEL_TYPE_LABEL, "103,53 50x50"}, // all sides
-        {10, 60, 20, 6, VEL_TYPE_LABEL, ""},              // outside
-        {110, 60, 5, 6, VEL_TYPE_EMPTY, ""},
-        {110, 60, 5, 6, 10, ""},
-        {110, 60, 5, 6, VEL_TYPE_PICTURE_UNLOADED, ""},
-        {110, 60, 5, 6, VEL_TYPE_WINDOW, "110,60 5x6"},
-    };
-    for (const auto &c : cases) {
-        test::fill(ctx.screen, test::white);
-        objects[9].type = c.type;
-        objects[9].x = static_cast<uint32_t>(c.x);
-        objects[9].y = static_cast<uint32_t>(c.y);
-        objects[9].width = c.width;
-        objects[9].height = c.height;
-        vel_evoke_object(&ctx, 9);
-        EXPECT_EQ(box_of(test::red), c.box) << c.x << "," << c.y;
+    } places[] = {{110, 60, 5, 6, "110,60 5x6"},    {103, 53, 50, 50, "103,53 50x50"},
+                  {90, 60, 20, 6, "103,60 7x6"},    {150, 60, 20, 6, "150,60 3x6"},
+                  {110, 40, 5, 20, "110,53 5x7"},   {110, 100, 5, 20, "110,100 5x3"},
+                  {0, 0, 300, 190, "103,53 50x50"}, {10, 60, 20, 6, ""},
+                  {152, 102, 1, 1, "152,102 1x1"},  {153, 60, 5, 6, ""}};
+    for (const auto &c : places) {
+        make(9, VEL_TYPE_LABEL, c.x, c.y, c.width, c.height).master = 8;
+        EXPECT_EQ(box_painted(9), c.box) << c.x << "," << c.y;
+    }
+    for (const uint32_t type : {0U, 1U, 2U, 3U, 4U, 5U, 6U, 7U, 8U, 9U, 10U}) {
+        make(9, type, 110, 60, 5, 6).master = 8;
+        const bool has_body = type != 0 && type != 10 && type != VEL_TYPE_PICTURE_UNLOADED &&
+                              type != VEL_TYPE_PICTURE;
+        EXPECT_EQ(box_painted(9), has_body ? "110,60 5x6" : "") << type;
     }
 }
 
 TEST_F(Paint, a_cut_picture_shows_the_part_that_lies_inside) {
-    picture = test::make_surface(90, 90, 32);
-    for (int y = 0; y < 90; ++y) {
-        for (int x = 0; x < 90; ++x) {
-            SDL_Rect one{static_cast<Sint16>(x), static_cast<Sint16>(y), 1, 1};
-            SDL_FillRect(picture, &one, static_cast<Uint32>(x << 16 | y << 8 | 1));
-        }
+    SDL_Surface *picture = test::make_surface(90, 80);
+    for (int k = 0; k < 90 * 80; ++k) {
+        SDL_Rect one{static_cast<Sint16>(k % 90), static_cast<Sint16>(k / 90), 1, 1};
+        SDL_FillRect(picture, &one, static_cast<Uint32>((k % 90) << 16 | (k / 90) << 8 | 1));
     }
-    make(8, VEL_TYPE_LABEL, 100, 50, 50, 50);
-    vel_object &o = make(9, VEL_TYPE_PICTURE, 0, 0, 90, 90, 8);
+    make(8, VEL_TYPE_LABEL, 100, 50, 50, 45);
+    vel_object &o = make(9, VEL_TYPE_PICTURE, 0, 0, 90, 80, 8);
     o.image = picture;
-    for (const auto &[x, y] : {std::pair{110, 60}, {90, 30}, {80, 20}}) {
-        test::fill(ctx.screen, test::white);
-        o.x = static_cast<uint32_t>(x);
-        o.y = static_cast<uint32_t>(y);
-        vel_evoke_object(&ctx, 9);
-        for (const auto &[px, py] : {std::pair{100, 50}, {120, 70}, {149, 99}}) {
-            const bool inside = px >= x && py >= y;
-            const vel_colour part{static_cast<uint8_t>(px - x), static_cast<uint8_t>(py - y), 1};
-            EXPECT_EQ(at(px, py), inside ? part : test::white) << x << "," << y;
-        }
-        EXPECT_EQ(at(99, 70), test::white);
-        EXPECT_EQ(at(150, 70), test::white);
-        EXPECT_EQ(at(120, 100), test::white);
-    }
-}
-
-// A text in a master that admits 103 to 152 and 53 to 102, scrolled across each of its sides.
-TEST_F(Paint, text_lines_are_cut_on_all_four_sides) {
-    set_margins(make(8, VEL_TYPE_LABEL, 100, 50, 56, 56), 3);
-    vel_object &o = make(9, VEL_TYPE_ENTRY, 0, 0, 300, 190, 8);
-    o.fill_r = o.fill_g = o.fill_b = 255;
-    std::strcpy(o.label, "Wg");
-    const int w = static_cast<int>(width_of("Wg")), h = TTF_FontHeight(ctx.font);
-    ASSERT_LT(w, 45);
     const struct {
-        int x, y;             // where the text starts
-        int shown_x, shown_y; // where what shows of it seems to start
-    } cases[] = {
-        {110, 60, 110, 60},
-        {103 - 5, 60, 103 - 5 + 1, 60}, // cut left: what shows is one pixel further right
-        {153 - 5, 60, 153 - 5, 60},     // cut right
-        {110, 53 - 4, 110, 53 - 4 + 1}, // cut above: the first line shows one pixel lower
-        {110, 103 - 4, 110, 103 - 4},   // cut below
-        {103 - w - 5, 60, 0, 0},        // outside
-        {110, 53 - h - 5, 0, 0},
-    };
-    const SDL_Rect inner{103, 53, 50, 50};
+        int x, y;
+        uint32_t master;
+        SDL_Rect shown;
+    } cases[] = {{110, 60, 8, {110, 60, 40, 35}},
+                 {90, 40, 8, {100, 50, 50, 45}},
+                 {20, -20, 8, {100, 50, 10, 10}},
+                 {90, 70, 8, {100, 70, 50, 25}},
+                 {30, 20, 0, {30, 20, 90, 80}}};
     for (const auto &c : cases) {
-        test::fill(ctx.screen, test::white);
-        o.scroll_x = static_cast<uint32_t>(c.x);
-        o.scroll_y = static_cast<uint32_t>(c.y);
+        clear();
+        o.x = test::u32(c.x), o.y = test::u32(c.y), o.master = c.master;
         vel_evoke_object(&ctx, 9);
-        const bool shows = c.shown_x != 0;
-        EXPECT_EQ(differs_from(shows ? "Wg" : " ", c.shown_x, c.shown_y, inner), "")
-            << c.x << "," << c.y;
+        test::fill(wanted_, test::white);
+        SDL_Rect from{static_cast<Sint16>(c.shown.x - c.x), static_cast<Sint16>(c.shown.y - c.y),
+                      c.shown.w, c.shown.h};
+        SDL_Rect to = c.shown;
+        SDL_BlitSurface(picture, &from, wanted_, &to);
+        EXPECT_EQ(difference(wanted_), "") << c.x << "," << c.y;
     }
 }
 
-TEST_F(Paint, a_line_wider_than_its_limits_starts_anew_and_ends_a_pixel_early) {
-    set_margins(make(8, VEL_TYPE_LABEL, 100, 50, 56, 56), 3);
-    vel_object &o = make(9, VEL_TYPE_TEXT, 0, 0, 300, 190, 8);
-    o.fill_r = o.fill_g = o.fill_b = 255;
-    o.text_index = 1;
-    set_text(1, "x");
-    const char *wide = "Wide line, wider than the room";
-    std::strcpy(buffers[1].bytes, wide);
-    o.scroll_x = 90;
-    o.scroll_y = 60;
-    vel_evoke_object(&ctx, 9);
-    EXPECT_EQ(differs_from(wide, 103, 60, {103, 53, 49, 50}), "");
-    // Behind a line that was cut at the left, its source column is taken: the first line ends
-    // inside, so 103 - 1 - 90 = 12 columns of it are hidden, and of the second, too.
-    std::strcpy(buffers[1].bytes, "Wg");
-    std::strcpy(buffers[1].bytes + VEL_LINE_SIZE, wide);
+// The first line is cut one pixel off at the left and at the top, later ones only at the left. One
+// that is wider than its limits begins at their start and ends a pixel early.
+TEST_F(Paint, text_lines_are_cut_on_all_four_sides) {
+    const std::string wide = "Wide line, wider than the room";
+    const int w = static_cast<int>(width_of("Wg")), h = static_cast<int>(height());
+    const struct {
+        uint32_t line;
+        std::string text;
+        int x, y, rows, shown_x, shown_y; // shown_x 0 for nothing
+    } cases[] = {{0, "Wg", 110, 60, 50, 110, 60},  {0, "Wg", 98, 60, 50, 99, 60},
+                 {0, "Wg", 148, 60, 50, 148, 60},  {0, "Wg", 110, 49, 50, 110, 50},
+                 {0, "Wg", 110, 99, 50, 110, 99},  {0, "Wg", 98 - w, 60, 50, 0, 0},
+                 {0, "Wg", 110, 48 - h, 50, 0, 0}, {0, "Wg", 110, 49, 8, 110, 50},
+                 {1, "Wg", 110, 49, 50, 110, 49},  {1, "Wg", 110, 49, 8, 110, 49},
+                 {0, wide, 90, 60, 50, 103, 60},   {1, wide, 90, 60, 50, 103, 60},
+                 {0, wide, 110, 60, 50, 110, 60},  {0, "Wg", 110, 103, 50, 0, 0}};
+    for (const auto &c : cases) {
+        objects[8] = {};
+        set_margins(make(8, VEL_TYPE_LABEL, 100, 50, 56, test::u32(c.rows) + 6), 3);
+        vel_object &o = make_white(VEL_TYPE_TEXT, 0, 0, 300, 190, 8);
+        o.number_of_lines = c.line;
+        o.scroll_x = test::u32(c.x);
+        o.scroll_y = test::u32(c.y) - c.line * height();
+        *line(1, 0) = '\0';
+        std::strcpy(line(1, c.line), c.text.c_str());
+        const bool spans = c.text == wide && c.x < 103;
+        const SDL_Rect room{103, 53, static_cast<Uint16>(spans ? 49 : 50),
+                            static_cast<Uint16>(c.rows)};
+        EXPECT_EQ(differs_from(c.shown_x == 0 ? " " : c.text, c.shown_x, c.shown_y, room), "")
+            << c.line << " at " << c.x << "," << c.y << " in " << c.rows;
+    }
+    // After a line that was cut at the left, a wide one begins with the column that the first
+    // began with, 103 - 1 - 90 = 12.
+    vel_object &o = objects[9];
     o.number_of_lines = 1;
-    test::fill(ctx.screen, test::white);
-    vel_evoke_object(&ctx, 9);
-    const auto pitch = static_cast<Sint16>(TTF_FontHeight(ctx.font));
-    const auto second = static_cast<Sint16>(60 + pitch);
-    SDL_Rect first_row{0, 0, 320, static_cast<Uint16>(second)};
-    SDL_FillRect(ctx.screen, &first_row, 0xFFFFFF);
-    EXPECT_EQ(differs_from(wide, 103 - 12, second, {103, second, 49, 42}), "");
-}
-
-TEST_F(Paint, later_lines_are_cut_above_without_a_shift) {
-    set_margins(make(8, VEL_TYPE_LABEL, 100, 50, 100, 56), 3);
-    vel_object &o = make(9, VEL_TYPE_TEXT, 0, 0, 300, 190, 8);
-    o.fill_r = o.fill_g = o.fill_b = 255;
-    o.text_index = 1;
-    set_text(1, "x");
-    std::strcpy(buffers[1].bytes + VEL_LINE_SIZE, "Wg");
-    o.number_of_lines = 1;
-    const int pitch = TTF_FontHeight(ctx.font);
-    o.scroll_x = 110;
-    o.scroll_y = static_cast<uint32_t>(53 - 4 - pitch);
-    vel_evoke_object(&ctx, 9);
-    EXPECT_EQ(differs_from("Wg", 110, 53 - 4, {103, 53, 94, 50}), "");
+    o.scroll_x = 90, o.scroll_y = 60;
+    std::strcpy(line(1, 0), "Wg");
+    std::strcpy(line(1, 1), wide.c_str());
+    set_margins(objects[8], 3), objects[8].height = 56;
+    clear();
+    differs_from(" ", 0, 0);
+    SDL_Rect first_line{0, 0, 320, static_cast<Uint16>(60 + h)};
+    SDL_Surface *second = test::make_surface(320, 200);
+    SDL_BlitSurface(ctx.screen, nullptr, second, nullptr);
+    SDL_FillRect(second, &first_line, 0xFFFFFF);
+    objects[9].number_of_lines = 0;
+    *line(1, 0) = '\0';
+    differs_from(wide, 103 - 12, 60 + h, {103, static_cast<Sint16>(60 + h), 49, 50});
+    SDL_BlitSurface(wanted_, nullptr, ctx.screen, nullptr);
+    EXPECT_EQ(difference(second), "");
+    SDL_FreeSurface(second);
 }
 
 TEST_F(Paint, captions_show_once_at_the_first_place_that_is_visible) {
-    vel_object &o = make(8, VEL_TYPE_LABEL, 20, 30, 200, 100);
-    o.fill_r = o.fill_g = o.fill_b = 255;
-    std::strcpy(o.label, "Wg");
-    const int pitch = TTF_FontHeight(ctx.font);
-    o.number_of_lines = 2;
-    vel_evoke_object(&ctx, 8);
-    EXPECT_EQ(differs_from("Wg", 20, 30, {0, 0, 320, 200}), "");
-    o.scroll_y = static_cast<uint32_t>(-pitch - 3);
-    for (const bool has_lines : {true, false}) {
-        o.number_of_lines = has_lines ? 1 : 0;
-        test::fill(ctx.screen, test::white);
-        vel_evoke_object(&ctx, 8);
-        // The second place starts 3 pixels above the limit; later places are cut without a shift.
-        EXPECT_EQ(differs_from(has_lines ? "Wg" : " ", 20, 27, {20, 30, 200, 100}), "");
+    vel_object &o = make_white(VEL_TYPE_LABEL, 20, 30, 200, 100);
+    set_label(o, "Wg");
+    o.line_spacing = 2;
+    const int hidden = -static_cast<int>(height()) - 5;
+    for (const auto &[lines, scroll, y] :
+         {std::tuple{2U, 0, 30}, {1U, hidden, 27}, {0U, hidden, 0}}) {
+        o.number_of_lines = lines;
+        o.scroll_y = test::u32(scroll);
+        EXPECT_EQ(differs_from(y == 0 ? " " : "Wg", 20, y, {20, 30, 200, 100}), "") << lines;
     }
 }
 
-TEST_F(Paint, at_most_40_lines_are_painted_and_centred_ones_leave_their_offset) {
-    vel_object &o = make(8, VEL_TYPE_WINDOW, 20, 30, 200, 160);
-    o.fill_r = o.fill_g = o.fill_b = 255;
-    o.text_index = 1;
-    o.number_of_lines = 45;
-    o.scroll_y = static_cast<uint32_t>(-40 * TTF_FontHeight(ctx.font));
-    set_text(1, "x");
-    std::strcpy(buffers[2].bytes, "slot 40");
-    vel_evoke_object(&ctx, 8);
-    EXPECT_EQ(differs_from(" ", 0, 0, {0, 0, 320, 200}), "");
-    o.scroll_y = 0;
-    o.number_of_lines = 0;
-    o.window_kind = VEL_WINDOW_REDUCED;
-    o.centred = 1;
+TEST_F(Paint, lines_of_a_centred_window_leave_their_offset) {
+    vel_object &o = make_white(VEL_TYPE_WINDOW, 20, 30, 0, 100);
     o.margin_left = 10;
-    std::strcpy(buffers[1].bytes, "Wg");
-    vel_evoke_object(&ctx, 8);
-    const auto free = (200 - 10 - static_cast<int>(width_of("Wg"))) / 2;
-    EXPECT_EQ(o.scroll_x, static_cast<uint32_t>(free));
-    EXPECT_EQ(differs_from("Wg", 30 + free, 30, {0, 0, 320, 200}), "");
+    std::strcpy(line(1, 0), "Wg");
+    const struct {
+        uint32_t type, kind, centred;
+        int free, offset; // 7 as it was before
+    } cases[] = {{1, 1, 1, 110, 50}, {1, 1, 1, 1, -4},  {1, 1, 1, 0, 7},  {1, 1, 1, -9, 7},
+                 {1, 1, 0, 110, 7},  {1, 0, 1, 110, 7}, {3, 1, 1, 110, 7}};
+    for (const auto &c : cases) {
+        o.type = c.type, o.window_kind = c.kind, o.centred = c.centred;
+        o.width = width_of("Wg") + test::u32(c.free);
+        o.scroll_x = 7;
+        const bool spans = c.offset < 0; // it begins at the edge and ends a pixel early
+        const SDL_Rect room{30, 30, static_cast<Uint16>(o.width - (spans ? 11 : 10)), 100};
+        EXPECT_EQ(differs_from("Wg", spans ? 30 : 30 + c.offset, 30, room), "");
+        EXPECT_EQ(o.scroll_x, test::u32(c.offset))
+            << c.type << c.kind << c.centred << " " << c.free;
+    }
 }
 
-TEST_F(Paint, objects_without_a_font_or_a_text_show_none) {
-    vel_object &o = make(8, VEL_TYPE_TEXT, 20, 30, 200, 100);
-    o.fill_r = o.fill_g = o.fill_b = 255;
-    o.text_index = 1;
-    std::strcpy(buffers[1].bytes, "line");
+TEST_F(Paint, texts_need_a_font_a_text_and_one_of_40_lines) {
     const struct {
-        uint32_t type, font_choice;
+        uint32_t type, font_choice, line;
         const char *text;
         bool shows;
-    } cases[] = {
-        {VEL_TYPE_TEXT, 0, "x", true},
-        {VEL_TYPE_TEXT, 0, "", false}, // by the text, not the line
-        {VEL_TYPE_CHAIN, 0, "", true},
-        {VEL_TYPE_TEXT, 1, "x", false}, // own font did not open
-        {VEL_TYPE_TEXT, 2, "x", false},
-        {VEL_TYPE_MENU, 0, "x", false},
-        {VEL_TYPE_PICTURE, 0, "x", false},
-    };
+    } cases[] = {{1, 0, 0, "x", true},  {3, 0, 0, "x", true},  {3, 0, 0, "", false},
+                 {8, 0, 0, "", true},   {7, 0, 0, "x", false}, {9, 0, 0, "x", false},
+                 {3, 1, 0, "x", false}, {3, 2, 0, "x", false}, {3, 0, 39, "x", true},
+                 {3, 0, 40, "x", false}};
     for (const auto &c : cases) {
-        test::fill(ctx.screen, test::white);
-        o.type = c.type;
-        o.font_choice = c.font_choice;
+        vel_object &o = make_white(c.type, 20, 30, 200, 100);
+        o.font_choice = c.font_choice; // the object's own font is none
+        o.number_of_lines = 45;
+        o.scroll_y = 0 - c.line * height();
         set_text(1, c.text);
-        vel_evoke_object(&ctx, 8);
-        EXPECT_EQ(differs_from(" ", 0, 0, {0, 0, 320, 200}).empty(), !c.shows) << c.type;
+        std::fill_n(&buffers[1][0], 2 * VEL_TEXT_BUFFER_SIZE, '\0');
+        std::strcpy(line(1, c.line), "line");
+        EXPECT_EQ(differs_from(c.shows ? "line" : " ", 20, 30), "") << c.type << " " << c.line;
     }
 }
 
-TEST_F(Paint, border_styles_place_their_lines) {
-    vel_object &o = make(8, VEL_TYPE_PICTURE_UNLOADED, 100, 100, 50, 20);
+TEST_F(Paint, border_styles_place_their_lines_over_body_and_text) {
+    vel_object &o = make(8, VEL_TYPE_LABEL, 100, 100, 50, 14);
+    set_label(o, "WWWWWWWWWW");
     set_margins(o, 3);
-    o.border_b = 255;
+    o.border_b = 254;
     const struct {
         uint32_t style, inset;
         SDL_Rect outline; // of width 0: no lines
-    } cases[] = {
-        {VEL_BORDER_NONE, 1, {}},
-        {VEL_BORDER_FRAME, 1, {101, 101, 48, 18}},
-        {VEL_BORDER_FITTED, 1, {}},
-        {VEL_BORDER_FRAME_FITTED, 0, {102, 102, 46, 16}},
-        {VEL_BORDER_SHADOW, 3, {103, 103, 50, 20}},
-        {VEL_BORDER_SHADOW_FITTED, 0, {100, 100, 50, 20}},
-        {6, 1, {}},
-    };
+    } cases[] = {{VEL_BORDER_NONE, 1, {}},
+                 {VEL_BORDER_FRAME, 1, {101, 101, 48, 12}},
+                 {VEL_BORDER_FITTED, 1, {}},
+                 {VEL_BORDER_FRAME_FITTED, 0, {102, 102, 46, 10}},
+                 {VEL_BORDER_SHADOW, 3, {103, 103, 50, 14}},
+                 {VEL_BORDER_SHADOW_FITTED, 0, {100, 100, 50, 14}},
+                 {VEL_BORDER_FRAME, 0xFFFFFFFE, {104, 104, 42, 6}},
+                 {6, 1, {}}};
     for (const auto &c : cases) {
-        test::fill(ctx.screen, test::white);
+        clear();
         o.border_style = c.style;
         o.border_inset = c.inset;
-        vel_evoke_borders(&ctx, 8);
-        SDL_Surface *wanted = test::make_surface(320, 200, 32);
-        test::fill(wanted, test::white);
-        if (c.outline.w != 0) {
-            SDL_Rect outer = c.outline;
-            SDL_Rect inner{static_cast<Sint16>(outer.x + 1), static_cast<Sint16>(outer.y + 1),
-                           static_cast<Uint16>(outer.w - 2), static_cast<Uint16>(outer.h - 2)};
-            SDL_FillRect(wanted, &outer, 0x0000FF);
-            SDL_FillRect(wanted, &inner, 0xFFFFFF);
+        vel_evoke_object(&ctx, 8);
+        std::string wanted;
+        for (int y = c.outline.y; y < c.outline.y + c.outline.h; ++y) {
+            for (int x = c.outline.x; x < c.outline.x + c.outline.w; ++x) {
+                const bool within = x > c.outline.x && x < c.outline.x + c.outline.w - 1 &&
+                                    y > c.outline.y && y < c.outline.y + c.outline.h - 1;
+                if (!within)
+                    wanted +=
+                        (wanted.empty() ? "" : " ") + std::to_string(x) + "," + std::to_string(y);
+            }
         }
-        EXPECT_EQ(test::difference(ctx.screen, wanted), "") << c.style;
-        SDL_FreeSurface(wanted);
+        EXPECT_EQ(pixels({0, 0, 254}), wanted) << c.style;
     }
 }
 
+// The master admits 100 to 105 and 50 to 54. At top level screen_rect limits, exclusively.
 TEST_F(Paint, border_lines_end_at_their_limits) {
-    make(8, VEL_TYPE_LABEL, 100, 50, 6, 5); // admits 100 to 105 and 50 to 54
-    vel_object &o = make(9, VEL_TYPE_PICTURE_UNLOADED, 0, 0, 0, 0, 8);
-    o.border_style = VEL_BORDER_SHADOW;
-    o.border_b = 255;
+    make(8, VEL_TYPE_LABEL, 100, 50, 6, 5);
+    ctx.screen_rect = {10, 10, 20, 20};
     const struct {
+        uint32_t master;
         int x, y;
         uint32_t width, height;
         const char *pixels;
     } cases[] = {
-        {101, 48, 3, 5, "101,50 103,50 101,51 103,51 101,52 102,52 103,52"}, // no top line
-        {99, 51, 3, 2, "100,51 101,51 100,52 101,52"},                       // no left line
-        {104, 49, 9, 9, "104,50 104,51 104,52 104,53 104,54"}, // left line only, across
-        {90, 52, 50, 9, "100,52 101,52 102,52 103,52 104,52 105,52"},
-        {90, 40, 50, 50, ""},
+        {8, 101, 48, 3, 5, "101,50 103,50 101,51 103,51 101,52 102,52 103,52"}, // no top line
+        {8, 99, 51, 3, 2, "100,51 101,51 100,52 101,52"},                       // no left line
+        {8, 104, 49, 9, 9, "104,50 104,51 104,52 104,53 104,54"}, // left line only, across
+        {8, 90, 52, 50, 9, "100,52 101,52 102,52 103,52 104,52 105,52"},
+        {8, 90, 40, 50, 50, ""},
+        {0, 10, 27, 4, 4, "11,27 12,27 13,27 13,28"},
+        {0, 27, 9, 4, 4, "27,11 27,12 28,12"},
     };
     for (const auto &c : cases) {
-        test::fill(ctx.screen, test::white);
-        o.x = static_cast<uint32_t>(c.x);
-        o.y = static_cast<uint32_t>(c.y);
-        o.width = c.width;
-        o.height = c.height;
+        clear();
+        vel_object &o = make(9, VEL_TYPE_PICTURE_UNLOADED, c.x, c.y, c.width, c.height);
+        o.master = c.master;
+        o.border_style = VEL_BORDER_SHADOW;
+        o.border_b = 255;
         vel_evoke_borders(&ctx, 9);
         EXPECT_EQ(pixels(test::blue), c.pixels) << c.x << "," << c.y;
     }
-    // At top level screen_rect limits, exclusively: its outermost pixels carry no line.
-    ctx.screen_rect = {10, 10, 20, 20};
-    o = objects[0];
-    o.border_style = VEL_BORDER_SHADOW;
-    o.border_b = 255;
-    o.x = 10, o.y = 27, o.width = 4, o.height = 4;
-    test::fill(ctx.screen, test::white);
-    vel_evoke_borders(&ctx, 9);
-    EXPECT_EQ(pixels(test::blue), "11,27 12,27 13,27 13,28");
 }
 
+// The area runs from the column 11 to 199.
 TEST_F(Paint, the_cursor_is_cut_by_the_text_area) {
-    make(8, VEL_TYPE_LABEL, 11, 91, 189, 209);
-    vel_object &o = make(9, VEL_TYPE_ENTRY, 11, 91, 189, 209, 8);
-    const int h = TTF_FontHeight(ctx.font);
+    make(8, VEL_TYPE_LABEL, 11, 60, 189, 140);
+    vel_object &o = make(9, VEL_TYPE_ENTRY, 11, 0, 189, 0, 8);
+    const int h = static_cast<int>(height());
     const struct {
         uint32_t x, y;
-        int top, area_top, area_bottom, first, last; // last < first: nothing
-    } cases[] = {
-        {50, 100, 0, 91, 180, 100, 100 + h - 1},
-        {50, 100, 0, 106, 180, 106, 100 + h - 1},
-        {50, 100, 0, 91, 110, 100, 109},
-        {50, 100, 0, 103, 108, 103, 107},
-        {50, 100, 0, 91, 101, 1, 0}, // one pixel only is no line
-        {50, 70, 0, 91, 180, 1, 0},
-        {11, 100, 0, 91, 180, 100, 100 + h - 1},
-        {10, 100, 0, 91, 180, 1, 0},
-        {199, 100, 0, 91, 180, 100, 100 + h - 1},
-        {200, 100, 0, 91, 180, 1, 0},
-    };
+        int area_top, area_bottom, first, last; // last before first: nothing
+    } cases[] = {{50, 100, 91, 180, 100, 100 + h - 1},
+                 {50, 100, 106, 180, 106, 100 + h - 1},
+                 {50, 100, 91, 110, 100, 109},
+                 {50, 100, 103, 108, 103, 107},
+                 {50, 100, 91, 100 + h, 100, 100 + h - 1},
+                 {50, 100, 91, 100 + h - 1, 100, 100 + h - 2},
+                 {50, 100, 100, 180, 100, 100 + h - 1},
+                 {50, 100, 101, 180, 101, 100 + h - 1},
+                 {50, 100, 91, 101, 1, 0},
+                 {50, 100, 91, 100, 1, 0}, // one pixel only is no line
+                 {50, 70, 91, 180, 1, 0},
+                 {50, 91 - test::u32(h), 91, 180, 1, 0},
+                 {50, 93 - test::u32(h), 91, 180, 91, 92},
+                 {11, 100, 91, 180, 100, 100 + h - 1},
+                 {10, 100, 91, 180, 1, 0},
+                 {199, 100, 91, 180, 100, 100 + h - 1},
+                 {200, 100, 91, 180, 1, 0}};
     for (const auto &c : cases) {
-        test::fill(ctx.screen, test::white);
-        o.y = static_cast<uint32_t>(c.area_top);
-        o.height = static_cast<uint32_t>(c.area_bottom - c.area_top);
+        clear();
+        o.y = test::u32(c.area_top);
+        o.height = test::u32(c.area_bottom - c.area_top);
         o.cursor_x = c.x;
         o.cursor_y = c.y;
         vel_draw_cursor(&ctx, 9);
-        const std::string column = std::to_string(c.x) + ",";
-        std::string wanted;
-        for (int y = c.first; y <= c.last; ++y) {
-            wanted += (wanted.empty() ? "" : " ") + column + std::to_string(y);
-        }
-        EXPECT_EQ(pixels(test::blue), wanted) << c.x << "," << c.y << " in " << c.area_top;
+        EXPECT_EQ(box_of(test::blue),
+                  c.last < c.first
+                      ? ""
+                      : test::text_of(static_cast<int>(c.x), c.first, 1, c.last - c.first + 1))
+            << c.x << "," << c.y << " in " << c.area_top << " to " << c.area_bottom;
     }
-    o.font_choice = 1; // its own font did not open
-    test::fill(ctx.screen, test::white);
+    o.font_choice = 1; // its own font is none
     o.cursor_x = 50;
+    clear();
     vel_draw_cursor(&ctx, 9);
-    EXPECT_EQ(pixels(test::blue), "");
+    EXPECT_EQ(box_of(test::blue), "");
 }
 
 } // namespace

@@ -16,26 +16,24 @@ TEST_P(Primitives, lines_run_both_ways_with_both_ends) {
     const struct {
         uint32_t x1, y1, x2, y2;
         const char *pixels;
-    } cases[] = {
-        {10, 5, 7, 5, "7,5 8,5 9,5 10,5"},
-        {7, 5, 10, 5, "7,5 8,5 9,5 10,5"},
-        {3, 2, 3, 4, "3,2 3,3 3,4"},
-        {3, 4, 3, 2, "3,2 3,3 3,4"},
-        {3, 2, 3, 0, "3,0 3,1 3,2"}, // a falling run that ends at 0
-        {1, 0, 0, 0, "0,0 1,0"},
-        {4, 4, 4, 4, ""}, // one pixel
-        {4, 4, 6, 6, ""}, // slanted
-        {317, 9, 400, 9, "317,9 318,9 319,9"},
-        {400, 9, 317, 9, "317,9 318,9 319,9"},
-        {8, 198, 8, 0x7FFFFFFF, "8,198 8,199"},
-        {0xFFFFFFFB, 5, 5, 5, ""}, // from -5 to 5: the end is below the start, unsigned
-        {5, 5, 0xFFFFFFFB, 5, ""},
-        {320, 5, 330, 5, ""},
-        {5, 200, 9, 200, ""},
-        {320, 0, 320, 9, ""},
-    };
+    } cases[] = {{10, 5, 7, 5, "7,5 8,5 9,5 10,5"},
+                 {7, 5, 10, 5, "7,5 8,5 9,5 10,5"},
+                 {3, 2, 3, 4, "3,2 3,3 3,4"},
+                 {3, 4, 3, 2, "3,2 3,3 3,4"},
+                 {3, 2, 3, 0, "3,0 3,1 3,2"},
+                 {1, 0, 0, 0, "0,0 1,0"},
+                 {4, 4, 4, 4, ""},
+                 {4, 4, 6, 6, ""},
+                 {317, 9, 400, 9, "317,9 318,9 319,9"},
+                 {400, 9, 317, 9, "317,9 318,9 319,9"},
+                 {8, 198, 8, 0x7FFFFFFF, "8,198 8,199"},
+                 {0xFFFFFFFB, 5, 5, 5, ""},
+                 {5, 5, 0xFFFFFFFB, 5, ""},
+                 {320, 5, 330, 5, ""},
+                 {5, 200, 9, 200, ""},
+                 {320, 0, 320, 9, ""}};
     for (const auto &c : cases) {
-        test::fill(ctx.screen, test::white);
+        clear();
         vel_draw_line(&ctx, c.x1, c.y1, c.x2, c.y2, 255, 0, 0);
         EXPECT_EQ(pixels(test::red), c.pixels) << c.x1 << "," << c.y1 << " " << c.x2 << "," << c.y2;
     }
@@ -53,14 +51,12 @@ TEST_P(Primitives, rectangles_have_no_sides_of_one_pixel) {
     const struct {
         uint32_t x, y, width, height;
         const char *pixels;
-    } cases[] = {
-        {5, 6, 1, 4, "5,6 5,7 5,8 5,9"},
-        {5, 6, 3, 1, "5,6 6,6 7,6"},
-        {5, 6, 1, 1, ""},
-        {5, 6, 3, 3, "5,6 6,6 7,6 5,7 7,7 5,8 6,8 7,8"},
-    };
+    } cases[] = {{5, 6, 1, 4, "5,6 5,7 5,8 5,9"},
+                 {5, 6, 3, 1, "5,6 6,6 7,6"},
+                 {5, 6, 1, 1, ""},
+                 {5, 6, 3, 3, "5,6 6,6 7,6 5,7 7,7 5,8 6,8 7,8"}};
     for (const auto &c : cases) {
-        test::fill(ctx.screen, test::white);
+        clear();
         vel_draw_rectangle(&ctx, c.x, c.y, c.width, c.height, 255, 0, 0);
         EXPECT_EQ(pixels(test::red), c.pixels);
     }
@@ -98,7 +94,7 @@ TEST_F(Form, an_unknown_depth_is_told) {
 
 // SDL 1.2 counts locks and packs pixels, so that they need one; its successors may do neither.
 TEST_F(Form, only_surfaces_that_need_it_are_locked) {
-    SDL_Surface *packed = test::make_surface(8, 8, 32);
+    SDL_Surface *packed = test::make_surface(8, 8);
     SDL_SetColorKey(packed, SDL_SRCCOLORKEY | SDL_RLEACCEL, 0);
     SDL_BlitSurface(packed, nullptr, ctx.screen, nullptr); // packs its pixels
     for (SDL_Surface *surface : {packed, ctx.screen}) {

@@ -7,11 +7,10 @@ TEST(Strings, compare_tells_about_the_last_pair_only) {
     const struct {
         const char *a, *b;
         uint32_t n, verdict;
-    } cases[] = {
-        {"ab", "xb", 10, 1}, {"ab", "abc", 10, 2}, {"abc", "ab", 10, 2}, {"", "x", 0, 0},
-        {"", "", 5, 1},      {"abX", "abY", 1, 1}, {"abX", "abY", 2, 2}, {"abXd", "abYd", 3, 1},
-        {"ax", "ay", 2, 2},  {"", "x", 1, 2},
-    };
+    } cases[] = {{"ab", "xb", 10, 1},  {"ab", "abc", 10, 2},   {"abc", "ab", 10, 2},
+                 {"", "x", 0, 0},      {"", "", 5, 1},         {"abX", "abY", 1, 1},
+                 {"abX", "abY", 2, 2}, {"abXd", "abYd", 3, 1}, {"ax", "ay", 2, 2},
+                 {"", "x", 1, 2}};
     for (const auto &c : cases)
         EXPECT_EQ(vel_strcmp(c.a, c.b, c.n), c.verdict) << c.a << " " << c.b;
 }
@@ -81,18 +80,16 @@ TEST(Numbers, are_written_with_digits_counted_in_single_precision) {
         uint32_t value;
         const char *written;
         int32_t digits;
-    } cases[] = {
-        {0, "0", 1},
-        {9, "9", 1},
-        {10, "10", 2},
-        {99, "99", 2},
-        {100, "100", 3},
-        {65535, "65535", 5},
-        {1000000, "1000000", 7},
-        {2147483647, "2147483647", 10},
-        {99999999, "999999999", 9},
-        {999999999, "9999999999", 10},
-    };
+    } cases[] = {{0, "0", 1},
+                 {9, "9", 1},
+                 {10, "10", 2},
+                 {99, "99", 2},
+                 {100, "100", 3},
+                 {65535, "65535", 5},
+                 {1000000, "1000000", 7},
+                 {2147483647, "2147483647", 10},
+                 {99999999, "999999999", 9},
+                 {999999999, "9999999999", 10}};
     for (const auto &c : cases) {
         char destination[12] = "###########";
         EXPECT_EQ(vel_transform_num_to_str(&c.value, destination), c.digits) << c.value;

@@ -1,18 +1,22 @@
-// A screen, a font and tables filled by hand, for tests through the public header.
+// A display, a font and tables, with the hand of a user. For tests through the public header.
 #pragma once
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
 #include <cstdint>
+#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <string>
 #include <vector>
 
 #include "velumo.h"
 
-// Where GoogleTest looks for them: beside the type.
+// Where GoogleTest looks for them: with the types.
 inline bool operator==(vel_colour a, vel_colour b) {
     return a.r == b.r && a.g == b.g && a.b == b.b;
 }
@@ -22,27 +26,15 @@ inline void PrintTo(vel_colour c, std::ostream *os) {
 
 namespace test {
 
+using Names = std::vector<std::string>;
+using Step = std::function<void()>;
+using Steps = std::vector<Step>;
+
 inline constexpr const char *font_file = "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf";
 inline constexpr vel_colour red{255, 0, 0}, green{0, 255, 0}, blue{0, 0, 255}, white{255, 255, 255},
-    black{0, 0, 0}, grey{128, 128, 128};
+    black{0, 0, 0};
 
-inline SDL_Surface *make_surface(int width, int height, int bits) {
-    const bool deep = bits >= 24;
-    SDL_Surface *s =
-        bits == 8
-            ? SDL_CreateRGBSurface(SDL_SWSURFACE, width, height, 8, 0, 0, 0, 0)
-            : SDL_CreateRGBSurface(SDL_SWSURFACE, width, height, bits, deep ? 0xFF0000 : 0xF800,
-                                   deep ? 0xFF00 : 0x07E0, deep ? 0xFF : 0x1F, 0);
-    if (bits == 8) {
-        SDL_Color colours[256];
-        for (int k = 0; k < 256; ++k) {
-            const auto level = [](int v, int steps) { return static_cast<Uint8>(v * 255 / steps); };
-            colours[k] = {level(k >> 5, 7), level(k >> 2 & 7, 7), level(k & 3, 3), 0};
-        }
-        SDL_SetColors(s, colours, 0, 256);
-    }
-    return s;
-}
+inline std::uint32_t u32(int value) { return static_cast<std::uint32_t>(value); }
 
 inline vel_colour pixel_of(const SDL_Surface *s, int x, int y) {
     const int size = s->format->BytesPerPixel;
@@ -58,79 +50,82 @@ inline void fill(SDL_Surface *s, vel_colour c) {
     SDL_FillRect(s, nullptr, SDL_MapRGB(s->format, c.r, c.g, c.b));
 }
 
-// The pixels of a colour, as "x,y x,y ...", row by row.
-inline std::string pixels_of_colour(const SDL_Surface *s, vel_colour c) {
-    std::string found;
-    for (int y = 0; y < s->h; ++y) {
-        for (int x = 0; x < s->w; ++x) {
-            if (pixel_of(s, x, y) == c) {
-                if (!found.empty()) found += " ";
-                found += std::to_string(x) + "," + std::to_string(y);
-            }
-        }
-    }
-    return found;
+inline SDL_Surface *make_surface(int width, int height) {
+    return SDL_CreateRGBSurface(SDL_SWSURFACE, width, height, 32, 0xFF0000, 0xFF00, 0xFF, 0);
 }
 
-// First pixel in which two surfaces of one size differ; empty when there is none.
-inline std::string difference(const SDL_Surface *a, const SDL_Surface *b) {
-    for (int y = 0; y < a->h; ++y) {
-        for (int x = 0; x < a->w; ++x) {
-            if (!(pixel_of(a, x, y) == pixel_of(b, x, y))) {
-                return std::to_string(x) + "," + std::to_string(y);
-            }
-        }
-    }
-    return {};
+// A rectangle as messages name it.
+inline std::string text_of(int x, int y, int width, int height) {
+    return std::to_string(x) + "," + std::to_string(y) + " " + std::to_string(width) + "x" +
+           std::to_string(height);
 }
 
-// Objects 1 to 19 and texts 1 to 4 on a screen of 320 x 200 pixels. The tables are filled by hand:
-// the library is not told how long they are.
+// The rectangles that the display was asked to show.
+inline std::vector<std::string> &updates() {
+    static std::vector<std::string> rects;
+    return rects;
+}
+
+// A display of 320 x 200 pixels, objects 1 to 29 and texts 1 to 4. The library is not told how
+// long the tables are.
 class Form : public testing::Test {
 protected:
-    explicit Form(int bits = 32) : objects(20), texts(5), buffers(5) {
+    explicit Form(int bits = 32) {
+        SDL_Init(SDL_INIT_VIDEO);
         TTF_Init();
         ctx.font = TTF_OpenFont(font_file, 14);
-        ctx.screen = make_surface(320, 200, bits);
+        ctx.screen = SDL_SetVideoMode(320, 200, bits, SDL_SWSURFACE);
         ctx.screen_rect = {0, 0, 320, 200};
         ctx.screen_width = 320;
         ctx.screen_height = 200;
         ctx.background_colour = white;
         ctx.mark_colour = green;
-        ctx.objects = objects.data();
-        ctx.object_count = 19;
-        ctx.text_recs = texts.data();
-        ctx.text_bufs = &buffers[0].bytes;
+        ctx.objects = objects = static_cast<vel_object *>(std::calloc(30, sizeof(vel_object)));
+        ctx.object_count = 29;
+        ctx.text_recs = texts = static_cast<vel_text_rec *>(std::calloc(5, sizeof(vel_text_rec)));
+        ctx.text_bufs = buffers = static_cast<decltype(buffers)>(std::calloc(5, sizeof *buffers));
         ctx.text_count = 4;
-        fill(ctx.screen, white);
+        ctx.texts_loaded = 1;
+        ctx.application_a[0] = this;
+        ctx.idle_hook = [](vel_context *c) { static_cast<Form *>(c->application_a[0])->step(); };
+        clear();
+        SDL_Event event;
+        while (SDL_PollEvent(&event) != 0) {
+        } // what setting the video mode brought
+        updates().clear();
     }
     ~Form() override {
-        SDL_FreeSurface(ctx.text_surface);
-        SDL_FreeSurface(ctx.screen);
-        TTF_CloseFont(ctx.font);
-        TTF_Quit();
+        ctx.objects = objects;
+        ctx.text_recs = texts;
+        ctx.text_bufs = buffers;
+        vel_close(&ctx);
     }
+
+    // --- Tables
 
     vel_object &make(std::uint32_t number, std::uint32_t type, int x, int y, std::uint32_t width,
                      std::uint32_t height, std::uint32_t master = 0) {
         vel_object &o = objects[number];
         o.type = type;
-        o.x = static_cast<std::uint32_t>(x);
-        o.y = static_cast<std::uint32_t>(y);
+        o.x = u32(x);
+        o.y = u32(y);
         o.width = width;
         o.height = height;
-        o.fill_r = 255; // red, and blue text
+        set_fill(o, red);
         o.text_b = 255;
         o.master = master;
-        if (master != 0) {
-            std::uint32_t *entry = objects[master].dep_objs;
-            while (*entry != 0) ++entry;
-            *entry = number;
-        }
+        if (master != 0)
+            *std::find(objects[master].dep_objs, objects[master].dep_objs + 99, 0U) = number;
         return o;
+    }
+    static void set_fill(vel_object &o, vel_colour c) {
+        o.fill_r = c.r, o.fill_g = c.g, o.fill_b = c.b;
     }
     static void set_margins(vel_object &o, std::uint32_t margin) {
         o.margin_left = o.margin_right = o.margin_top = o.margin_bottom = margin;
+    }
+    static void set_label(vel_object &o, const std::string &label) {
+        std::snprintf(o.label, sizeof o.label, "%s", label.c_str());
     }
     vel_object &make_text(std::uint32_t number, const std::string &text, std::uint32_t width) {
         vel_object &o = make(number, VEL_TYPE_TEXT, 20, 30, width, 100);
@@ -141,24 +136,147 @@ protected:
     void set_text(std::uint32_t number, const std::string &text) {
         std::snprintf(texts[number].text, VEL_TEXT_SIZE, "%s", text.c_str());
     }
-    std::string line(std::uint32_t text, std::uint32_t number) const {
-        return &buffers[text].bytes[number * VEL_LINE_SIZE];
+    char *line(std::uint32_t text, std::uint32_t number) const {
+        return &buffers[text][number * VEL_LINE_SIZE];
     }
+    void make_frame_buttons() {
+        for (std::uint32_t k = 1; k <= 7; ++k) make(k, VEL_TYPE_LABEL, 0, 0, 16, 16).hidden = 1;
+    }
+    vel_object &make_window(std::uint32_t number, int x, int y, std::uint32_t width,
+                            std::uint32_t height) {
+        vel_object &o = make(number, VEL_TYPE_WINDOW, x, y, width, height);
+        o.hidden = 1;
+        return o;
+    }
+    vel_object &make_field(std::uint32_t number, int x, int y, std::uint32_t width,
+                           std::uint32_t height, std::uint32_t master) {
+        vel_object &o = make(number, VEL_TYPE_ENTRY, x, y, width, height, master);
+        o.editable = 1;
+        o.max_chars = 64;
+        return o;
+    }
+    void open(std::uint32_t window) {
+        ctx.window_to_activate = window;
+        vel_activate_window(&ctx);
+    }
+
+    // --- What shows
+
     std::uint32_t width_of(const std::string &text) const {
         int width = 0;
         TTF_SizeText(ctx.font, text.c_str(), &width, nullptr);
-        return static_cast<std::uint32_t>(width);
+        return u32(width);
     }
+    std::uint32_t height() const { return u32(TTF_FontHeight(ctx.font)); }
+    void clear() { fill(ctx.screen, white); }
     vel_colour at(int x, int y) const { return pixel_of(ctx.screen, x, y); }
-    std::string pixels(vel_colour c) const { return pixels_of_colour(ctx.screen, c); }
+    // The pixels of a colour, as "x,y x,y ...", row by row.
+    std::string pixels(vel_colour c) const {
+        std::string found;
+        for (int k = 0; k < 320 * 200; ++k) {
+            if (!(at(k % 320, k / 320) == c)) continue;
+            found += (found.empty() ? "" : " ") + std::to_string(k % 320) + "," +
+                     std::to_string(k / 320);
+        }
+        return found;
+    }
+    // The rectangle that a colour fills, "" for none, "ragged" when it is not filled.
+    std::string box_of(vel_colour c) const {
+        int left = 320, top = 200, right = -1, bottom = -1, count = 0;
+        for (int y = 0; y < 200; ++y) {
+            for (int x = 0; x < 320; ++x) {
+                if (!(at(x, y) == c)) continue;
+                left = std::min(left, x), right = std::max(right, x);
+                top = std::min(top, y), bottom = std::max(bottom, y);
+                ++count;
+            }
+        }
+        const int width = right - left + 1, height = bottom - top + 1;
+        if (count == 0) return "";
+        return count == width * height ? text_of(left, top, width, height) : "ragged";
+    }
+    // First pixel in which the screen differs from a surface of its size; empty when there is none.
+    std::string difference(const SDL_Surface *wanted) const {
+        for (int k = 0; k < 320 * 200; ++k) {
+            const int x = k % 320, y = k / 320;
+            if (!(at(x, y) == pixel_of(wanted, x, y)))
+                return std::to_string(x) + "," + std::to_string(y);
+        }
+        return {};
+    }
 
-    struct Buffer {
-        char bytes[VEL_TEXT_BUFFER_SIZE];
-    };
+    // --- The user
+
+    static void push(const SDL_Event &event) {
+        SDL_Event copy = event;
+        EXPECT_EQ(SDL_PushEvent(&copy), 0);
+    }
+    static void push_type(Uint8 type) {
+        SDL_Event event{};
+        event.type = type;
+        push(event);
+    }
+    static void push_mouse(bool pressed, int x, int y, Uint8 button = SDL_BUTTON_LEFT) {
+        SDL_Event event{};
+        event.button.type = pressed ? SDL_MOUSEBUTTONDOWN : SDL_MOUSEBUTTONUP;
+        event.button.button = button;
+        event.button.state = pressed ? SDL_PRESSED : SDL_RELEASED;
+        event.button.x = static_cast<Uint16>(x);
+        event.button.y = static_cast<Uint16>(y);
+        push(event);
+    }
+    static void press(int x, int y) { push_mouse(true, x, y); }
+    static void release(int x, int y) { push_mouse(false, x, y); }
+    static void point(int x, int y) {
+        SDL_WarpMouse(static_cast<Uint16>(x), static_cast<Uint16>(y));
+    }
+    static void push_key(int symbol, int modifiers = KMOD_NONE) {
+        for (const Uint8 type : {Uint8{SDL_KEYDOWN}, Uint8{SDL_KEYUP}}) {
+            SDL_Event event{};
+            event.type = type;
+            event.key.keysym.sym = static_cast<SDLKey>(symbol);
+            event.key.keysym.mod = static_cast<SDLMod>(modifiers);
+            push(event);
+        }
+    }
+    // A press and a release, or only one of them, within the corner of an object.
+    void press_on(std::uint32_t number) const { push_on(true, number); }
+    void release_on(std::uint32_t number) const { push_on(false, number); }
+    void click_on(std::uint32_t number) const { press_on(number), release_on(number); }
+    void end_loops_on_quit() {
+        ctx.event_filter = [](vel_context *, SDL_Event *e) -> std::uint32_t {
+            return e->type == SDL_QUIT ? VEL_FILTER_END_LOOP : VEL_FILTER_PASS;
+        };
+    }
+    // Does the next step whenever a loop of the library rests.
+    void set_steps(Steps steps) {
+        steps_ = std::move(steps);
+        next_ = 0;
+    }
+    bool all_steps_done() const { return next_ == steps_.size(); }
+    Step click(std::uint32_t number) {
+        return [this, number] { click_on(number); };
+    }
+    static Step key(int symbol) {
+        return [symbol] { push_key(symbol); };
+    }
+
     vel_context ctx{};
-    std::vector<vel_object> objects;
-    std::vector<vel_text_rec> texts;
-    std::vector<Buffer> buffers;
+    vel_object *objects;
+    vel_text_rec *texts;
+    char (*buffers)[VEL_TEXT_BUFFER_SIZE];
+
+private:
+    void step() {
+        if (next_ < steps_.size()) steps_[next_++]();
+    }
+    void push_on(bool pressed, std::uint32_t number) const {
+        const vel_object &o = objects[number];
+        push_mouse(pressed, static_cast<int>(o.x + 3), static_cast<int>(o.y + 3));
+    }
+
+    Steps steps_;
+    std::size_t next_ = 0;
 };
 
 // A folder of the test's own, gone with it.
@@ -174,9 +292,19 @@ public:
     Folder &operator=(const Folder &) = delete;
 
     std::string file(const std::string &name) const { return (path_ / name).string(); }
-    std::string write(const std::string &name, const std::string &bytes) const {
+    std::string write(const std::string &name, const std::string &bytes = "") const {
         std::ofstream(path_ / name, std::ios::binary) << bytes;
         return file(name);
+    }
+    // Empty files, and folders where the name ends with a slash.
+    void fill(const Names &names) const {
+        for (const std::string &name : names) {
+            if (name.back() == '/') {
+                std::filesystem::create_directories(file(name));
+            } else {
+                write(name);
+            }
+        }
     }
 
 private:

@@ -1,398 +1,380 @@
-// Activation, closing, dialogs, frame buttons: what happens to the stack and to the objects.
+// Activation, closing, frame buttons: what happens to the stack, to the objects and on the screen.
 #include "support.h"
-
-#include <algorithm>
-#include <numeric>
-#include <sstream>
 
 namespace {
 
-using test::Form;
-using Stack = std::vector<uint32_t>;
+using test::Names, test::u32;
+using Action = void (*)(vel_context *) noexcept;
+using Field = uint32_t vel_object::*;
 
-// Windows 8 to 12, closed, each with an object of its number plus 5 in it.
-class Windows : public Form {
+// Windows 8 to 12, closed, each with a label of its number plus 5 in it.
+class Windows : public test::Form {
 protected:
     Windows() {
         for (uint32_t number = 8; number <= 12; ++number) {
             const int x = 30 + 20 * static_cast<int>(number);
-            make(number, VEL_TYPE_WINDOW, x, 60, 120, 80).hidden = 1;
+            make_window(number, x, 60, 120, 80);
             make(number + 5, VEL_TYPE_LABEL, x + 10, 70, 20, 20, number);
         }
-        for (uint32_t button = 1; button <= 7; ++button) make(button, VEL_TYPE_LABEL, 0, 0, 16, 16);
+        make_frame_buttons();
     }
-    void activate(uint32_t window) {
-        ctx.window_to_activate = window;
-        vel_activate_window(&ctx);
+    // The active window, how many are counted, and the stack.
+    std::string state() const {
+        std::string found =
+            std::to_string(ctx.active_window) + " of " + std::to_string(ctx.window_count) + ":";
+        for (const uint32_t window : ctx.window_stack) {
+            if (window != 0) found += " " + std::to_string(window);
+        }
+        return found;
     }
-    void open(std::initializer_list<uint32_t> windows) {
-        for (const uint32_t window : windows) activate(window);
-    }
-    Stack stack() const {
-        const auto *end = std::find(std::begin(ctx.window_stack), std::end(ctx.window_stack), 0U);
-        return {std::begin(ctx.window_stack), end};
-    }
-    // Positions of the frame buttons that show, as "number:x,y".
+    // Left edges of the frame buttons that show, if they are 24 pixels above the window.
     std::string buttons() const {
-        std::ostringstream found;
+        std::string found;
         for (uint32_t k = 1; k <= 7; ++k) {
             const vel_object &o = objects[k];
-            if (o.hidden == 0) found << k << ":" << o.x << "," << o.y << " ";
+            if (o.hidden == 0) found += std::to_string(k) + ":" + std::to_string(o.x) + " ";
+            EXPECT_TRUE(o.hidden != 0 || o.y == objects[ctx.active_window].y - 24);
         }
-        return found.str();
+        return found;
     }
+    void act(Action action, uint32_t object) {
+        test::updates().clear();
+        ctx.window_to_activate = object;
+        action(&ctx);
+    }
+    void set_places(uint32_t number, uint32_t place) {
+        vel_object &o = objects[number];
+        o.x = o.y = o.cursor_x = o.cursor_y = place;
+    }
+    std::array<int, 4> places(uint32_t number) const {
+        const auto &o = objects[number];
+        const auto i = [](uint32_t n) { return static_cast<int>(n); };
+        return {i(o.x), i(o.y), i(o.cursor_x), i(o.cursor_y)};
+    }
+    using Places = std::array<int, 4>; // of an object and its cursor
 };
 
-TEST_F(Windows, opening_stacks_and_raising_does_not_count) {
-    open({8, 9, 10, 11, 12});
-    EXPECT_EQ(stack(), (Stack{12, 11, 10, 9, 8}));
-    EXPECT_EQ(ctx.window_count, 5U);
-    activate(9); // index 3 of 5
-    EXPECT_EQ(stack(), (Stack{9, 12, 11, 10, 8}));
-    EXPECT_EQ(ctx.window_count, 5U);
-    EXPECT_EQ(ctx.active_window, 9U);
-    EXPECT_EQ(ctx.window_to_activate, 0U);
-    EXPECT_EQ(objects[9].hidden, 0U);
-}
-
-TEST_F(Windows, only_top_level_windows_that_are_not_active_are_activated) {
-    open({8});
-    objects[9].master = 10;
-    objects[11].type = VEL_TYPE_TEXT;
-    for (const uint32_t number : {8U, 9U, 11U, 0U, 13U}) {
-        activate(number);
-        EXPECT_EQ(ctx.window_to_activate, number);
-        EXPECT_EQ(stack(), (Stack{8}));
+// A number opens a window, 0 closes the active one, and a number below 0 closes the window named.
+TEST_F(Windows, the_stack_keeps_what_was_opened_last_in_front) {
+    make(20, VEL_TYPE_WINDOW, 0, 0, 9, 9); // visible from the start, so never counted
+    make(21, VEL_TYPE_WINDOW, 0, 0, 9, 9).master = 8;
+    make(22, VEL_TYPE_TEXT, 0, 0, 9, 9);
+    const std::pair<std::vector<int>, std::string> cases[] = {
+        {{8, 9, 10, 11, 12}, "12 of 5: 12 11 10 9 8"},
+        {{8, 9, 10, 11, 12, 9}, "9 of 5: 9 12 11 10 8"},
+        {{8, 9, 13, 9}, "9 of 2: 9 8"},
+        {{10, 9, 8, 0}, "9 of 2: 9 10"},
+        {{10, 9, 8, -9, -9, -12}, "8 of 2: 8 10"},
+        {{8, 9, 0, 0, 0}, "0 of 0:"},
+        {{8, 9, -8}, "9 of 1: 9"},
+        {{21, 8}, "8 of 1: 8"},
+        {{22, 8}, "8 of 1: 8"},
+        {{20, 8}, "8 of 1: 8"},
+        {{20}, "20 of 0: 20"},
+        {{20, -20}, "20 of 0: 20"}};
+    for (const auto &[steps, wanted] : cases) {
+        for (const int step : steps) step > 0 ? open(u32(step)) : vel_close_win(&ctx, u32(-step));
+        EXPECT_EQ(state(), wanted);
+        for (uint32_t k = 8; k <= 12; ++k) {
+            EXPECT_EQ(objects[k].hidden == 0,
+                      wanted.find(" " + std::to_string(k), 5) != std::string::npos)
+                << wanted;
+            objects[k].hidden = 1;
+        }
+        std::fill_n(ctx.window_stack, 100, ctx.active_window = ctx.window_count = 0);
     }
-}
-
-TEST_F(Windows, a_window_that_was_visible_from_the_start_is_not_counted) {
-    objects[8].hidden = 0;
-    open({8});
-    EXPECT_EQ(ctx.active_window, 8U);
-    EXPECT_EQ(stack(), (Stack{8}));
-    EXPECT_EQ(ctx.window_count, 0U);
 }
 
 TEST_F(Windows, the_101st_window_is_only_marked_visible) {
-    std::vector<vel_object> many(120);
-    for (uint32_t k = 8; k < 110; ++k) {
-        many[k] = objects[8];
-        many[k].dep_objs[0] = 0;
-    }
+    std::vector<vel_object> many(120, objects[8]);
+    std::fill_n(many.begin(), 8, vel_object{});
+    for (vel_object &o : many) o.dep_objs[0] = 0;
     ctx.objects = many.data();
     ctx.object_count = 119;
-    for (uint32_t k = 8; k < 108; ++k) activate(k);
-    EXPECT_EQ(ctx.window_count, 100U);
-    EXPECT_EQ(ctx.window_stack[0], 107U);
-    EXPECT_EQ(ctx.window_stack[99], 8U);
-    activate(108);
+    for (uint32_t k = 8; k <= 108; ++k) open(k);
     EXPECT_EQ(many[108].hidden, 0U);
-    EXPECT_EQ(ctx.active_window, 107U);
-    EXPECT_EQ(ctx.window_count, 100U);
-    activate(8); // the bottom of a full stack is raised
-    EXPECT_EQ(ctx.window_stack[0], 8U);
-    EXPECT_EQ(ctx.window_stack[99], 9U);
-    // Visible, it may come to the front; the bottom falls off, and the count stays.
-    activate(108);
-    EXPECT_EQ(ctx.window_stack[0], 108U);
-    EXPECT_EQ(ctx.window_stack[99], 10U);
-    EXPECT_EQ(ctx.window_count, 100U);
+    // It is visible, so it may come to the front; then the bottom falls off.
+    for (const auto &[opened, top, bottom] :
+         {std::tuple{107U, 107U, 8U}, {8U, 8U, 9U}, {108U, 108U, 10U}}) {
+        open(opened);
+        EXPECT_EQ(std::tuple(ctx.active_window, ctx.window_stack[0], ctx.window_stack[99],
+                             ctx.window_count),
+                  std::tuple(top, top, bottom, 100U));
+    }
     for (uint32_t k = 0; k < 101; ++k) vel_close_win(&ctx, 0);
-    EXPECT_EQ(ctx.window_count, 0U);
-    EXPECT_EQ(ctx.active_window, 0U);
+    EXPECT_EQ(state(), "0 of 0:");
 }
 
-TEST_F(Windows, closing_hands_on_to_the_window_that_takes_the_place) {
-    open({10, 9, 8});
-    vel_close_win(&ctx, 0);
-    EXPECT_EQ(stack(), (Stack{9, 10}));
-    EXPECT_EQ(ctx.window_count, 2U);
-    EXPECT_EQ(ctx.active_window, 9U);
-    EXPECT_EQ(objects[8].hidden, 1U);
-    // In the middle or at the bottom: the active window stays.
-    open({8});
-    const std::string before = buttons();
-    vel_close_win(&ctx, 9);
-    EXPECT_EQ(stack(), (Stack{8, 10}));
-    EXPECT_EQ(ctx.active_window, 8U);
-    EXPECT_EQ(buttons(), before);
-    // Closed ones, unstacked ones and 0 without an active window are ignored.
-    vel_close_win(&ctx, 9);
-    objects[11].hidden = 0;
-    vel_close_win(&ctx, 11);
-    EXPECT_EQ(objects[11].hidden, 0U);
-    vel_close_win(&ctx, 0);
-    vel_close_win(&ctx, 0);
-    vel_close_win(&ctx, 0);
-    EXPECT_EQ(stack(), Stack{});
-    EXPECT_EQ(ctx.window_count, 0U);
-    EXPECT_EQ(buttons(), "");
+TEST_F(Windows, what_is_closed_or_active_no_more_leaves_nothing_on_the_screen) {
+    for (const uint32_t kind : {VEL_WINDOW_FULL, VEL_WINDOW_REDUCED}) {
+        for (const auto &[closed, marks_go] :
+             {std::pair{8U, true}, {10U, false}, {0U, true}}) { // 0: 12 is opened
+            clear();
+            for (const uint32_t k : {10U, 8U}) objects[k].window_kind = kind, open(k);
+            vel_draw_all_objects(&ctx, 0, 0);
+            EXPECT_EQ(at(300, 40), test::red); // button 7
+            closed == 0 ? open(12) : vel_close_win(&ctx, closed);
+            EXPECT_EQ(pixels(test::green).empty(), marks_go);
+            for (const int x : {280, 300})
+                EXPECT_EQ(at(x, 40), marks_go ? test::white : test::red) << x;
+            const int inside = closed == 10 ? 317 : 200;
+            EXPECT_EQ(at(inside, 130), closed == 0 ? test::red : test::white) << closed;
+            for (const uint32_t k : {12U, 10U, 8U}) vel_close_win(&ctx, k);
+        }
+    }
 }
 
-TEST_F(Windows, erasing_leaves_nothing_of_a_closed_window) {
-    open({8});
-    vel_draw_all_objects(&ctx, 0, 0);
-    EXPECT_NE(pixels(test::green), "");
-    vel_close_win(&ctx, 8);
-    EXPECT_EQ(pixels(test::green), "");
-    EXPECT_EQ(pixels(test::red), "");
-}
-
-TEST_F(Windows, frame_buttons_stand_in_a_row_that_ends_with_the_window) {
+TEST_F(Windows, frame_buttons_are_in_a_row_that_ends_with_the_window) {
     ctx.screen_width = 640;
-    objects[8].x = 100;
     objects[8].width = 300;
-    open({8});
-    EXPECT_EQ(buttons(), "1:288,36 2:304,36 3:320,36 4:336,36 5:352,36 6:368,36 7:384,36 ");
-    objects[8].window_kind = VEL_WINDOW_REDUCED;
+    open(8);
+    const std::string full = "1:288 2:304 3:320 4:336 5:352 6:368 7:384 ", reduced = "1:368 7:384 ";
+    const std::string cut =
+        "1:526 2:542 3:558 4:574 5:590 6:606 7:622 "; // the screen cuts it at 638
+    const std::tuple<uint32_t, uint32_t, uint32_t, std::string> cases[] = {
+        {0, 100, 0, full}, {1, 100, 0, reduced}, {2, 0, 0, reduced},
+        {0, 500, 0, cut},  {0, 100, 1, ""},      {2, 100, 1, ""}};
+    for (const auto &[kind, x, hidden, shown] : cases) {
+        objects[8].window_kind = kind, objects[8].x = x, objects[8].hidden = hidden;
+        vel_set_operators(&ctx);
+        EXPECT_EQ(buttons(), shown) << kind << " " << x;
+    }
+    ctx.object_count = 0; // they need no count of objects
+    objects[8].hidden = 0, objects[8].window_kind = VEL_WINDOW_FULL;
     vel_set_operators(&ctx);
-    EXPECT_EQ(buttons(), "1:368,36 7:384,36 ");
-    objects[8].window_kind = VEL_WINDOW_PLAIN;
-    objects[8].x = 0;
-    vel_set_operators(&ctx);
-    EXPECT_EQ(buttons(), "1:368,36 7:384,36 ");
-    objects[8].window_kind = VEL_WINDOW_FULL;
-    objects[8].x = 500; // cut: the row ends at 638
-    vel_set_operators(&ctx);
-    EXPECT_EQ(objects[7].x, 638U - 16);
-    objects[8].hidden = 1;
-    vel_set_operators(&ctx);
-    EXPECT_EQ(buttons(), "");
-}
-
-TEST_F(Windows, frame_buttons_need_no_count_of_objects) {
-    ctx.object_count = 0;
-    activate(8); // x 190, y 60, width 120: the row ends at column 310
-    EXPECT_EQ(buttons(), "1:198,36 2:214,36 3:230,36 4:246,36 5:262,36 6:278,36 7:294,36 ");
-    vel_draw_all_objects(&ctx, 0, 0);
-    EXPECT_EQ(at(300, 40), test::red);
+    EXPECT_EQ(buttons(), full);
     vel_close_win(&ctx, 0);
     EXPECT_EQ(buttons(), "");
-    EXPECT_EQ(at(300, 40), test::white);
 }
 
 TEST_F(Windows, the_cursor_goes_to_the_first_object_that_takes_it) {
-    make(18, VEL_TYPE_ENTRY, 200, 70, 20, 20, 13).editable = 1;
-    make(19, VEL_TYPE_ENTRY, 230, 70, 20, 0, 8).editable = 1; // no height
-    objects[18].margin_left = 3;
-    open({8});
-    EXPECT_EQ(ctx.cursor_object, 18U);
-    EXPECT_EQ(objects[18].cursor_x, 203U);
-    EXPECT_EQ(objects[18].cursor_y, 70U);
-    EXPECT_EQ(objects[19].cursor_x, 0U);
-    EXPECT_EQ(vel_check_cursor_dep_objs(&ctx, 8), 18U);
-    objects[18].cursor_x = 210;
-    open({9});
-    EXPECT_EQ(ctx.cursor_object, 0U);
-    open({8});
-    EXPECT_EQ(objects[18].cursor_x, 210U); // placed once, it stays
-    // editable 1: the window itself; 2: what was before.
-    objects[10].editable = 1;
-    objects[11].editable = 2;
-    open({10});
-    EXPECT_EQ(ctx.cursor_object, 10U);
-    open({11});
-    EXPECT_EQ(ctx.cursor_object, 10U);
-    // Closing a window takes its own cursor and not that of a dependent.
+    make_field(18, 200, 70, 20, 20, 13);
+    make_field(19, 230, 70, 20, 0, 9);
+    make_field(20, 230, 70, 0, 20, 9); // no area
+    objects[10].editable = 1;          // the window itself
+    objects[11].editable = 2;          // what was before
+    for (const auto &[window, cursor] : {std::pair{8U, 18U}, {9U, 0U}, {10U, 10U}, {11U, 10U}}) {
+        open(window);
+        EXPECT_EQ(ctx.cursor_object, cursor) << window;
+    }
     objects[13].editable = 2; // and what hangs below such an object is not found
-    open({8});
+    open(8);
     EXPECT_EQ(ctx.cursor_object, 0U);
-    ctx.cursor_object = 18;
-    vel_close_win(&ctx, 8);
-    EXPECT_EQ(ctx.active_window, 11U);
-    EXPECT_EQ(ctx.cursor_object, 18U);
+    // Closing a window takes its own cursor and not that of a dependent.
+    for (const auto &[cursor, after] : {std::pair{18U, 18U}, {11U, 10U}}) {
+        ctx.cursor_object = cursor;
+        vel_close_win(&ctx, 0);
+        EXPECT_EQ(ctx.cursor_object, after);
+    }
+}
+
+TEST_F(Windows, cursors_are_placed_at_the_margins_once) {
+    objects[8].editable = objects[13].editable = 1;
+    make_field(18, 40, 80, 9, 9, 13);
+    make(19, VEL_TYPE_EMPTY, 50, 80, 9, 9, 8).editable = 1;
+    make(20, VEL_TYPE_ENTRY, 60, 80, 9, 9, 19); // not editable
+    make_field(21, 60, 80, 9, 0, 8).dep_objs[0] = 22;
+    make_field(22, 60, 80, 9, 9, 0);
+    for (const uint32_t k : {8, 13, 18}) objects[k].margin_left = 4, objects[k].margin_top = 5;
+    for (const bool with_window : {false, true}) {
+        objects[13].cursor_y = with_window ? 1 : 0;
+        objects[13].cursor_line = objects[13].cursor_column = 7;
+        (with_window ? vel_initiate_cursor_win : vel_initiate_cursor_dep_objs)(&ctx, 8);
+        for (const auto &[number, x, y] :
+             {std::tuple{8U, with_window ? 194 : 0, with_window ? 65 : 0},
+              {13U, with_window ? 0 : 204, with_window ? 1 : 75},
+              {18U, 44, 85},
+              {19U, 0, 0},
+              {20U, 0, 0},
+              {21U, 0, 0},
+              {22U, 0, 0}}) {
+            vel_object &o = objects[number];
+            EXPECT_EQ(std::tuple(o.cursor_x, o.cursor_y, o.cursor_line, o.cursor_column),
+                      std::tuple(x, y, number == 13 && with_window ? 7U : 0U,
+                                 number == 13 && with_window ? 7U : 0U))
+                << number;
+            o.cursor_x = o.cursor_y = 0;
+        }
+    }
 }
 
 TEST_F(Windows, selecting_activates_windows_and_moves_the_cursor) {
-    open({8});
-    const auto select = [&](uint32_t number) {
-        ctx.window_to_activate = number;
-        ctx.cursor_object = 0;
-        vel_select_window(&ctx);
-        return ctx.cursor_object;
-    };
-    for (const auto &[type, taken] : {std::pair{VEL_TYPE_ENTRY, true},
-                                      {VEL_TYPE_NUMBER, true},
-                                      {VEL_TYPE_WINDOW, true},
-                                      {VEL_TYPE_TEXT, true},
-                                      {VEL_TYPE_CHAIN, true},
-                                      {VEL_TYPE_LABEL, false},
-                                      {VEL_TYPE_PICTURE, false}}) {
-        objects[13].type = type;
-        objects[13].editable = 1;
-        EXPECT_EQ(select(13), taken ? 13U : 0U) << type;
-        EXPECT_EQ(ctx.window_to_activate, 13U);
-        objects[13].editable = 0;
-        EXPECT_EQ(select(13), 0U);
+    open(8);
+    for (uint32_t type = 1; type <= 9; ++type) {
+        for (const uint32_t editable : {0U, 1U, 2U}) {
+            const bool takes =
+                editable == 1 && std::strchr("13568", static_cast<int>('0' + type)) != nullptr;
+            objects[13].type = type, objects[13].editable = editable;
+            ctx.cursor_object = 0;
+            act(vel_select_window, 13);
+            EXPECT_EQ(std::tuple(ctx.cursor_object, ctx.window_to_activate),
+                      std::tuple(takes ? 13U : 0U, 13U))
+                << type;
+            EXPECT_EQ(test::updates(), takes ? Names{"190,60 120x80"} : Names{});
+        }
     }
-    select(9);
+    act(vel_select_window, 9);
     EXPECT_EQ(ctx.active_window, 9U);
-    EXPECT_EQ(at(215, 65), test::red); // and it is drawn
+    EXPECT_EQ(test::updates(), Names{"0,0 320x200"});
+    EXPECT_EQ(at(215, 65), test::red);
 }
 
-TEST_F(Windows, resizing_stops_at_its_limits) {
-    ctx.screen_width = 640;
-    ctx.screen_height = 480;
-    open({8});
-    const struct {
-        void (*action)(vel_context *) noexcept;
-        uint32_t vel_object::*size;
-        uint32_t before, after;
-    } cases[] = {
-        {vel_increase_win_w, &vel_object::width, 586, 590},
-        {vel_increase_win_w, &vel_object::width, 590, 590},
-        {vel_increase_win_h, &vel_object::height, 429, 433},
-        {vel_increase_win_h, &vel_object::height, 430, 430},
-        {vel_decrease_win_w, &vel_object::width, 21, 17},
-        {vel_decrease_win_w, &vel_object::width, 20, 20},
-        {vel_decrease_win_h, &vel_object::height, 22, 18},
-        {vel_decrease_win_h, &vel_object::height, 18, 18},
-    };
-    for (const auto &c : cases) {
-        objects[8].*c.size = c.before;
-        c.action(&ctx);
-        EXPECT_EQ(objects[8].*c.size, c.after);
+TEST_F(Windows, resizing_stops_at_its_limits_and_draws) {
+    objects[8].x = objects[8].y = 30;
+    open(8);
+    for (const auto &[across, grows, before, after] : {std::tuple{true, true, 266U, 270U},
+                                                       {true, true, 270U, 270U},
+                                                       {false, true, 129U, 133U},
+                                                       {false, true, 150U, 150U},
+                                                       {true, false, 21U, 17U},
+                                                       {true, false, 20U, 20U},
+                                                       {false, false, 22U, 18U},
+                                                       {false, false, 20U, 20U}}) {
+        vel_object &o = objects[8];
+        o.width = o.height = 60;
+        (across ? o.width : o.height) = before;
+        clear();
+        vel_draw_all_objects(&ctx, 0, 0);
+        act(across ? (grows ? vel_increase_win_w : vel_decrease_win_w)
+                   : (grows ? vel_increase_win_h : vel_decrease_win_h),
+            0);
+        EXPECT_EQ(across ? o.width : o.height, after);
+        EXPECT_EQ(test::updates(), Names{"0,0 320x200"});
+        const int right = 30 + static_cast<int>(o.width), bottom = 30 + static_cast<int>(o.height);
+        EXPECT_EQ(std::tuple(at(right, 32).g, at(right + 1, 32).r), std::tuple(255, 255))
+            << before; // the new marks only
+        EXPECT_EQ(std::tuple(at(32, bottom).g, at(32, bottom + 1).r), std::tuple(255, 255))
+            << before;
     }
 }
 
 TEST_F(Windows, scrolling_has_a_lopsided_range) {
     ctx.scroll_step = 10;
-    open({8});
+    open(8);
     vel_object &o = objects[8];
-    o.editable = 1;
-    o.cursor_x = o.cursor_y = 100;
-    objects[13].editable = 1;
-    objects[13].cursor_x = objects[13].cursor_y = 500;
-    const uint32_t x = objects[13].x, y = objects[13].y;
-    const struct {
-        void (*action)(vel_context *) noexcept;
-        uint32_t vel_object::*scroll;
-        uint32_t vel_object::*limit;
-        uint32_t vel_object::*cursor;
-        uint32_t max;
-        int reached, own_cursor, contents;
-    } cases[] = {
-        {vel_scroll_win_right, &vel_object::scroll_x, &vel_object::scroll_max_x,
-         &vel_object::cursor_x, 100, 200, 200, 200},
-        // On the way left the window's own cursor goes right.
-        {vel_scroll_win_left, &vel_object::scroll_x, &vel_object::scroll_max_x,
-         &vel_object::cursor_x, 100, -100, 100, -100},
-        {vel_scroll_win_down, &vel_object::scroll_y, &vel_object::scroll_max_y,
-         &vel_object::cursor_y, 45, 90, 90, 90},
-        {vel_scroll_win_up, &vel_object::scroll_y, &vel_object::scroll_max_y, &vel_object::cursor_y,
-         45, -50, -50, -50},
-        {vel_scroll_win_right, &vel_object::scroll_x, &vel_object::scroll_max_x,
-         &vel_object::cursor_x, 0, 1600, 1600, 1600}, // five screens of 320
-        {vel_scroll_win_up, &vel_object::scroll_y, &vel_object::scroll_max_y, &vel_object::cursor_y,
-         0, -1000, -1000, -1000},
-    };
-    for (const auto &c : cases) {
+    o.editable = objects[13].editable = 1;
+    // On the way left the window's own cursor goes right.
+    for (const auto &[action, across, max, reached, own] :
+         {std::tuple{&vel_scroll_win_right, true, 100U, 200, 200},
+          {&vel_scroll_win_left, true, 100U, -100, 100},
+          {&vel_scroll_win_down, false, 45U, 90, 90},
+          {&vel_scroll_win_up, false, 45U, -50, -50},
+          {&vel_scroll_win_right, true, 0U, 1600, 1600},
+          {&vel_scroll_win_left, true, 0U, -1600, 1600},
+          {&vel_scroll_win_down, false, 0U, 1000, 1000},
+          {&vel_scroll_win_up, false, 0U, -1000, -1000}}) {
         o.scroll_x = o.scroll_y = 0;
+        o.scroll_max_x = o.scroll_max_y = max;
         o.cursor_x = o.cursor_y = 100;
-        objects[13].x = x, objects[13].y = y;
-        o.*c.limit = c.max;
-        for (int k = 0; k < 400; ++k) c.action(&ctx);
-        const bool across = c.cursor == &vel_object::cursor_x;
-        EXPECT_EQ(static_cast<int32_t>(o.*c.scroll), c.reached);
-        EXPECT_EQ(static_cast<int32_t>(o.*c.cursor), 100 + c.own_cursor);
-        EXPECT_EQ(static_cast<int32_t>(across ? objects[13].x - x : objects[13].y - y), c.contents);
+        set_places(13, 100);
+        test::updates().clear();
+        for (int k = 0; k < 400; ++k) action(&ctx);
+        const int dx = across ? reached : 0, dy = across ? 0 : reached;
+        EXPECT_EQ(std::tuple(o.scroll_x, o.scroll_y), std::tuple(u32(dx), u32(dy)));
+        EXPECT_EQ(places(8), (Places{190, 60, across ? 100 + own : 100, across ? 100 : 100 + own}));
+        EXPECT_EQ(places(13), (Places{100 + dx, 100 + dy, 100 + dx, 100 + dy}));
+        EXPECT_EQ(test::updates(),
+                  Names(static_cast<std::size_t>(std::abs(reached)) / 10, "190,60 120x80"));
     }
 }
 
 TEST_F(Windows, dependents_scroll_by_their_clip_mode) {
-    make(18, VEL_TYPE_LABEL, 200, 75, 5, 5, 13);
-    const struct {
-        uint32_t mode, nested_mode;
-        bool moves, nested_moves;
-    } cases[] = {{0, 0, true, true},
-                 {0, 1, true, true},
-                 {0, 2, true, false},
-                 {1, 0, false, false},
-                 {2, 0, false, false}};
-    for (const auto &c : cases) {
-        objects[13].x = 300, objects[18].x = 310;
-        objects[13].clip_mode = c.mode;
-        objects[18].clip_mode = c.nested_mode;
-        vel_update_x_dependent_obj(&ctx, 8, 1, 7);
-        EXPECT_EQ(objects[13].x, c.moves ? 293U : 300U) << c.mode;
-        EXPECT_EQ(objects[18].x, c.nested_moves ? 303U : 310U) << c.mode << c.nested_mode;
+    make(18, VEL_TYPE_LABEL, 200, 75, 5, 5, 13).editable = 1;
+    for (const auto &[mode, nested_mode, direction, dx, nested_dx] :
+         std::vector<std::array<int, 5>>{{0, 0, 1, -7, -7},
+                                         {0, 1, 1, -7, -7},
+                                         {0, 2, 1, -7, 0},
+                                         {1, 0, 1, 0, 0},
+                                         {2, 0, 1, 0, 0},
+                                         {0, 0, 2, 7, 7},
+                                         {0, 0, 3, 0, 0},
+                                         {0, 0, 0, 0, 0}}) {
+        for (const bool x : {true, false}) {
+            set_places(13, 300), set_places(18, 310);
+            objects[13].clip_mode = u32(mode), objects[18].clip_mode = u32(nested_mode);
+            (x ? vel_update_x_dependent_obj : vel_update_y_dependent_obj)(&ctx, 8, u32(direction),
+                                                                          7);
+            EXPECT_EQ(places(13), (Places{300 + x * dx, 300 + !x * dx, 300, 300}))
+                << mode << nested_mode << direction;
+            EXPECT_EQ(places(18), (Places{310 + x * nested_dx, 310 + !x * nested_dx,
+                                          310 + x * nested_dx, 310 + !x * nested_dx}));
+        }
     }
-    objects[13].clip_mode = objects[18].clip_mode = 0;
-    const uint32_t y = objects[18].y;
-    vel_update_y_dependent_obj(&ctx, 8, 2, 5);
-    EXPECT_EQ(objects[18].y, y + 5);
-    vel_update_y_dependent_obj(&ctx, 8, 3, 5);
-    EXPECT_EQ(objects[18].y, y + 5);
 }
 
+// Labels keep their cursors at a move. Below an object without a height the other way moves
+// nothing.
 TEST_F(Windows, moved_dependents_take_their_cursors_along) {
-    make(18, VEL_TYPE_LABEL, 200, 75, 5, 0, 13); // no height
-    make(19, VEL_TYPE_ENTRY, 200, 75, 5, 5, 18);
-    for (const uint32_t k : {13U, 18U, 19U}) {
-        objects[k].x = objects[k].y = objects[k].cursor_x = objects[k].cursor_y = 100;
-        objects[k].editable = 1;
+    make(18, VEL_TYPE_LABEL, 200, 75, 5, 0, 13);
+    make_field(19, 200, 75, 5, 5, 18);
+    make(20, VEL_TYPE_ENTRY, 200, 75, 5, 5, 8); // not editable
+    objects[13].editable = objects[18].editable = 1;
+    for (const auto &[number, by_move, cursor_by_move, by_shift, cursor_by_shift] :
+         {std::tuple{13U, true, false, true, true},
+          {18U, true, false, false, false},
+          {19U, true, true, false, false},
+          {20U, true, false, true, false}}) {
+        for (const bool is_move : {true, false}) {
+            set_places(number, 100);
+            (is_move ? vel_update_dep_objs_after_move
+                     : vel_add_difference_toxy_dep_objs)(&ctx, 8, 20, u32(-30));
+            const bool moves = is_move ? by_move : by_shift,
+                       cursor_moves = is_move ? cursor_by_move : cursor_by_shift;
+            EXPECT_EQ(places(number), (Places{100 + 20 * moves, 100 - 30 * moves,
+                                              100 + 20 * cursor_moves, 100 - 30 * cursor_moves}))
+                << number;
+        }
     }
-    const auto down = static_cast<uint32_t>(-30);
-    vel_update_dep_objs_after_move(&ctx, 8, 20, down);
-    for (const uint32_t k : {13U, 18U, 19U}) {
-        EXPECT_EQ(std::tuple(objects[k].x, objects[k].y), std::tuple(120U, 70U)) << k;
-        EXPECT_EQ(objects[k].cursor_x, k == 19 ? 120U : 100U) << k; // labels keep theirs
-    }
-    vel_add_difference_toxy_dep_objs(&ctx, 8, 1, 1);
-    EXPECT_EQ(std::tuple(objects[13].x, objects[13].cursor_x), std::tuple(121U, 101U));
-    EXPECT_EQ(objects[18].x, 120U);
-    EXPECT_EQ(objects[19].x, 120U); // below an object without height nothing moves
 }
 
 TEST_F(Windows, frame_buttons_do_what_the_mode_says) {
     ctx.scroll_step = 10;
     ctx.mark_colour_a = test::red;
     ctx.mark_colour_b = test::blue;
-    open({8});
-    const auto press = [&](uint32_t button, uint32_t mode) {
-        objects[8].width = objects[8].height = 100;
-        objects[8].scroll_x = objects[8].scroll_y = 0;
+    open(8);
+    using Change = std::array<uint32_t, 4>; // of width, height and both offsets
+    const auto press_button = [&](uint32_t button, uint32_t mode, uint32_t kind) {
+        vel_object &o = objects[8];
+        o.window_kind = kind;
+        o.width = o.height = 100;
+        o.scroll_x = o.scroll_y = 0;
         ctx.frame_mode = mode;
-        ctx.window_to_activate = button;
-        vel_exa_left_pressed(&ctx);
-        return std::array{objects[8].width - 100, objects[8].height - 100, objects[8].scroll_x,
-                          objects[8].scroll_y};
+        act(vel_exa_left_pressed, button);
+        return Change{o.width - 100, o.height - 100, o.scroll_x, o.scroll_y};
     };
-    const auto n = [](int value) { return static_cast<uint32_t>(value); };
-    using Change = std::array<uint32_t, 4>;
-    const struct {
-        uint32_t button;
-        Change resized, scrolled;
-    } cases[] = {{1, {}, {}},
-                 {2, {0, n(-4), 0, 0}, {0, 0, 0, 10}},
-                 {3, {0, 4, 0, 0}, {0, 0, 0, n(-10)}},
-                 {4, {}, {}},
-                 {5, {n(-4), 0, 0, 0}, {0, 0, 10, 0}},
-                 {6, {4, 0, 0, 0}, {0, 0, n(-10), 0}},
-                 {7, {}, {}},
-                 {13, {}, {}}};
-    for (const auto &c : cases) {
-        EXPECT_EQ(press(c.button, 0), c.resized) << c.button;
-        EXPECT_EQ(press(c.button, 1), c.scrolled) << c.button;
-        EXPECT_EQ(press(c.button, 2), Change{}) << c.button;
-        objects[8].window_kind = VEL_WINDOW_REDUCED;
-        EXPECT_EQ(press(c.button, 0), Change{}) << c.button;
-        objects[8].window_kind = VEL_WINDOW_FULL;
+    const uint32_t back4 = u32(-4), back10 = u32(-10);
+    const std::tuple<uint32_t, Change, Change> cases[] = {{1, {}, {}},
+                                                          {2, {0, back4}, {0, 0, 0, 10}},
+                                                          {3, {0, 4}, {0, 0, 0, back10}},
+                                                          {4, {}, {}},
+                                                          {5, {back4}, {0, 0, 10}},
+                                                          {6, {4}, {0, 0, back10}},
+                                                          {7, {}, {}},
+                                                          {13, {}, {}}};
+    for (const auto &[button, resized, scrolled] : cases) {
+        EXPECT_EQ(press_button(button, 0, VEL_WINDOW_FULL), resized) << button;
+        EXPECT_EQ(press_button(button, 1, VEL_WINDOW_FULL), scrolled) << button;
+        EXPECT_EQ(press_button(button, 2, VEL_WINDOW_FULL), Change{}) << button;
+        EXPECT_EQ(press_button(button, 0, VEL_WINDOW_REDUCED), Change{}) << button;
     }
     for (const auto &[mode, next, colour] :
          {std::tuple{0U, 1U, test::blue}, {1U, 0U, test::red}, {7U, 7U, test::green}}) {
         ctx.frame_mode = mode;
         ctx.mark_colour = test::green;
-        ctx.window_to_activate = 4;
-        vel_exa_left_released(&ctx);
-        EXPECT_EQ(ctx.frame_mode, next);
+        act(vel_exa_left_released, VEL_BUTTON_MODE);
+        EXPECT_EQ(std::tuple(ctx.frame_mode, test::updates().size()),
+                  std::tuple(next, mode == 7 ? 0U : 1U));
         EXPECT_EQ(ctx.mark_colour, colour);
     }
-    ctx.window_to_activate = 7;
-    vel_exa_left_released(&ctx);
-    EXPECT_EQ(ctx.active_window, 0U);
-    EXPECT_EQ(press(3, 0), (Change{})); // nothing is active
+    act(vel_exa_left_released, VEL_BUTTON_CLOSE);
+    EXPECT_EQ(std::tuple(ctx.active_window, test::updates().size()), std::tuple(0U, 1U));
+    EXPECT_EQ(press_button(3, 0, VEL_WINDOW_FULL), Change{}); // nothing is active
+    for (const Action action : {vel_increase_win_w, vel_scroll_win_up, vel_move_window}) {
+        push_type(SDL_USEREVENT);
+        press(50, 50);
+        act(action, 0);
+        EXPECT_EQ(places(0), Places{});
+    }
 }
 
 } // namespace
