@@ -194,19 +194,6 @@ TEST_F(Editor, beyond_the_right_edge_typing_shifts_and_the_right_key_does_not) {
     }
 }
 
-TEST_F(Editor, a_vertical_move_shows_the_cursor_one_character_further_right) {
-    vel_object &o = edit_text("Wide\nW|ide\n\nx");
-    key(up);
-    EXPECT_EQ(std::tuple(o.cursor_x, o.cursor_y), std::tuple(x_after("Wi"), 30U));
-    key(right); // and the next step makes up for it
-    EXPECT_EQ(std::tuple(o.cursor_x, o.cursor_column), std::tuple(x_after("Wi"), 2U));
-    for (const uint32_t line : {1U, 2U, 3U}) {
-        key(down);
-        EXPECT_EQ(o.cursor_y, 30 + line * height());
-    }
-    EXPECT_EQ(place(), (Place{3, 0, 11}));
-}
-
 // Lines are 3 pixels apart. A line that is not whole above the lower edge, or begins above the
 // upper one, scrolls the text by a line.
 TEST_F(Editor, hidden_lines_are_scrolled_to) {
@@ -339,28 +326,6 @@ TEST_F(Editor, mapping_counts_paragraphs_and_not_wrapped_lines) {
         texts[1].cursor_index = 77;
         vel_get_position_in_stream(&ctx);
         EXPECT_EQ(texts[1].cursor_index, index) << at_line << " " << column;
-    }
-}
-
-// Any key at any cursor, also one that a file or a program set wrong, stays inside the memory.
-TEST_F(Editor, no_key_leaves_its_text) {
-    for (const std::string &before :
-         {std::string(), std::string(999, 'i'), std::string(999, '\n')}) {
-        for (const uint32_t wrong : {0U, 3U, 98U, 999U, 1000U, 4000000000U, 0xFFFFFFFFU}) {
-            for (const uint32_t code :
-                 {'x' + 0U, ' ' + 0U, backspace, del, enter, up, down, right, left}) {
-                for (const uint32_t overwrites : {0U, 1U}) {
-                    vel_object &o = edit_text("|" + before);
-                    ctx.insert_mode = overwrites;
-                    texts[1].cursor_index = wrong;
-                    o.cursor_column = wrong;
-                    o.cursor_line = wrong % 41;
-                    for (int times = 0; times < 3; ++times) key(code);
-                    ASSERT_EQ(texts[1].text[999], '\0');
-                    ASSERT_EQ(texts[2].first_word, 0U);
-                }
-            }
-        }
     }
 }
 

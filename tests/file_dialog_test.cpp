@@ -183,20 +183,6 @@ TEST_F(FileDialog, chooses_the_bytes_of_a_name_whatever_its_row_shows) {
     EXPECT_EQ(choose(1, folder.file(""), {click(13), click(16)}), folder.file(x(64) + "2"));
 }
 
-TEST_F(FileDialog, frame_buttons_reach_every_name) {
-    for (const int files : {0, 1, 3, 4, 97}) {
-        const Folder folder;
-        std::string last;
-        for (int k = 0; k < files; ++k) folder.write(last = std::to_string(1000 + k));
-        Steps steps(static_cast<std::size_t>(files) + 1, click(VEL_BUTTON_HEIGHT_MORE));
-        steps.insert(steps.begin(), click(VEL_BUTTON_HEIGHT_LESS));
-        steps.insert(steps.end(),
-                     {files == 0 ? expect_rows({"../"}) : pick(last), click(files == 0 ? 17 : 16)});
-        EXPECT_EQ(choose(files == 0 ? 0 : 1, folder.file(""), steps), folder.file(last));
-        EXPECT_EQ(objects[8].height, 165U);
-    }
-}
-
 TEST_F(FileDialog, a_folder_that_cannot_be_read_changes_nothing) {
     const Folder folder;
     folder.fill({"gone/", "file/", "last"});

@@ -145,61 +145,35 @@ TEST_F(Flow, a_split_word_on_the_last_line_is_printed) {
     EXPECT_EQ(flow("mmm mmm\nmmm " + std::string(200, 'm')), 39U);
 }
 
-TEST_F(Flow, a_hundred_members_are_filled_and_no_more) {
-    std::vector<vel_object> many(200);
-    std::vector<std::array<char, VEL_TEXT_BUFFER_SIZE>> lines(110);
-    many[8] = objects[8];
-    for (uint32_t k = 0; k < VEL_MAX_DEPENDENTS; ++k) {
-        many[8].dep_objs[k] = 50 + k;
-        many[50 + k] = objects[9];
-        many[50 + k].text_index = 1 + k;
-    }
-    ctx.objects = many.data();
-    ctx.text_bufs = reinterpret_cast<decltype(ctx.text_bufs)>(lines.data());
-    ctx.text_count = 109;
-    stream = feeds(100 * 40 + 5);
-    many[8].stream = stream.data();
-    EXPECT_EQ(vel_format_stream_to_linked_objects(&ctx, 8), 39U);
-    for (uint32_t k = 0; k <= VEL_MAX_DEPENDENTS; ++k) {
-        EXPECT_STREQ(&lines[k + 1][39 * VEL_LINE_SIZE], k < VEL_MAX_DEPENDENTS ? "a" : "") << k;
-    }
-}
-
+// At line and column a word is placed: what is returned, and where the text and the place lead.
 TEST_F(Flow, single_steps_report_what_they_did) {
-    uint32_t position = 0, member = 9, text = 1, at_line = 7, column = 3, length = 2;
-    const auto move = [&] {
-        return vel_go_to_next_chainmember(&ctx, 8, &position, &member, &text, &at_line, &column);
-    };
-    EXPECT_EQ(move(), 0);
-    EXPECT_EQ(std::tuple(position, member, text, at_line, column), std::tuple(1U, 10U, 2U, 0U, 0U));
-    EXPECT_EQ(objects[9].number_of_lines, 7U);
-    objects[11].text_index = 0;
-    EXPECT_EQ(move(), 1);
-    EXPECT_EQ(std::tuple(position, member, text), std::tuple(2U, 11U, 0U));
-    position = 99;
-    EXPECT_EQ(move(), 1);
-    EXPECT_EQ(position, 100U);
-    objects[11].text_index = 3;
-    // At line and column a word is placed: where the result, the place and the length lead.
-    const struct {
-        const char *word;
-        uint32_t breaks, line, column;
-        int32_t result;
-        uint32_t text, line_after, column_after;
-    } cases[] = {{"ab", 0, 0, 0, 1, 1, 0, 2},     {"ab", 1, 0, 0, 0, 1, 1, 0},
-                 {"ab", 1, 39, 0, 1, 2, 0, 0},    {"mmmm", 0, 0, 90, 0, 1, 1, 4},
-                 {"mmmm", 1, 39, 97, 1, 2, 1, 0}, {"mmmmm", 0, 0, 0, 0, 1, 1, 2}};
-    for (const auto &c : cases) {
+    for (const auto &[word, breaks, at_line, at_column, result, text_after, line_after,
+                      column_after] : {std::tuple{"ab", 0U, 0U, 0U, 1, 1U, 0U, 2U},
+                                       {"ab", 1U, 0U, 0U, 0, 1U, 1U, 0U},
+                                       {"ab", 1U, 39U, 0U, 1, 2U, 0U, 0U},
+                                       {"mmmm", 0U, 0U, 90U, 0, 1U, 1U, 4U},
+                                       {"mmmm", 1U, 39U, 97U, 1, 2U, 1U, 0U},
+                                       {"mmmmm", 0U, 0U, 0U, 0, 1U, 1U, 2U}}) {
         make_chain(width_of("mmmm"));
-        position = 0, text = 1, at_line = c.line, column = c.column;
-        length = static_cast<uint32_t>(std::strlen(c.word));
-        std::strcpy(line(1, c.line), c.column == 0 ? "" : "mmm");
-        EXPECT_EQ(vel_copy_word_big(&ctx, 8, &position, &text, c.word, &at_line, &column, &length,
-                                    c.breaks),
-                  c.result);
-        EXPECT_EQ(std::tuple(text, at_line, column, length),
-                  std::tuple(c.text, c.line_after, c.column_after, 0U))
-            << c.word << " at " << c.line << "," << c.column;
+        uint32_t position = 0, text = 1, line_at = at_line, column = at_column,
+                 length = static_cast<uint32_t>(std::strlen(word));
+        std::strcpy(line(1, at_line), at_column == 0 ? "" : "mmm");
+        EXPECT_EQ(
+            vel_copy_word_big(&ctx, 8, &position, &text, word, &line_at, &column, &length, breaks),
+            result);
+        EXPECT_EQ(std::tuple(text, line_at, column, length),
+                  std::tuple(text_after, line_after, column_after, 0U))
+            << word << at_line;
+    }
+    objects[11].text_index = 0;
+    for (const auto &[from, result, to, member_after] :
+         {std::tuple{0U, 0, 1U, 10U}, {1U, 1, 2U, 11U}, {99U, 1, 100U, 9U}}) {
+        uint32_t position = from, member = 9, text = 1, at_line = 7, column = 3;
+        EXPECT_EQ(vel_go_to_next_chainmember(&ctx, 8, &position, &member, &text, &at_line, &column),
+                  result);
+        EXPECT_EQ(std::tuple(position, member, objects[9].number_of_lines),
+                  std::tuple(to, member_after, 7U))
+            << from;
     }
 }
 

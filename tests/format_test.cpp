@@ -41,7 +41,8 @@ TEST_F(Format, words_and_blanks_go_to_the_next_line_where_they_do_not_fit) {
         {"one  one", width_of("one "), {"one ", " one"}},
         {"mmmmmm", m4, {"mmmm", "mm"}},
         {"mmmmmm i", m4, {"mmmm", "mm m", "mmmm", "mi"}},
-        {"mmmmmm\ni", m4, {"mmmm", "mm", "i"}}};
+        {"mmmmmm\ni", m4, {"mmmm", "mm", "i"}},
+        {"mmmmmm \ni", m4, {"mmmm", "mm ", "mmmm", "mmi"}}};
     for (const auto &[text, width, lines] : cases) EXPECT_EQ(format(text, width), lines) << width;
 }
 

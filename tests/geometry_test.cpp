@@ -11,53 +11,40 @@ protected:
         ctx.screen_width = 640;
         ctx.screen_height = 480;
     }
-    Numbers limits(uint32_t number) const {
+    Numbers limits(uint32_t number, bool of_text = false) const {
         Numbers n{};
-        vel_get_borders_for_dep_object(&ctx, number, &n[0], &n[1], &n[2], &n[3]);
-        return n;
-    }
-    Numbers text_limits(uint32_t number) const {
-        Numbers n{};
-        vel_get_borders_for_text(&ctx, number, &n[0], &n[1], &n[2], &n[3]);
+        (of_text ? vel_get_borders_for_text : vel_get_borders_for_dep_object)(&ctx, number, &n[0],
+                                                                              &n[1], &n[2], &n[3]);
         return n;
     }
 };
 
 TEST_F(Geometry, the_screen_cuts_2_pixels_early_at_the_right_and_5_at_the_bottom) {
-    const struct {
-        int x, y;
-        uint32_t width, height, cut_width, cut_height;
-    } cases[] = {
-        {600, 400, 100, 200, 38, 75},
-        {541, 281, 100, 200, 100, 200}, // the last pixel lies on the screen's size: not cut
-        {542, 282, 100, 200, 96, 193},
-        {700, 0, 100, 10, 0xFFFFFFC2, 10}, // -62
-    };
-    for (const auto &c : cases) {
-        make(8, VEL_TYPE_WINDOW, c.x, c.y, c.width, c.height);
-        EXPECT_EQ(vel_p_cutted_w_independent(&ctx, 8), c.cut_width) << c.x;
-        EXPECT_EQ(vel_p_cutted_h_independent(&ctx, 8), c.cut_height) << c.y;
+    // A last pixel on the screen's size is not cut; beyond it -62 is left.
+    for (const auto &[x, y, width, height] : {std::array{600, 400, 38, 75},
+                                              {541, 281, 100, 200},
+                                              {542, 282, 96, 193},
+                                              {700, 0, -62, 200}}) {
+        make(8, VEL_TYPE_WINDOW, x, y, 100, 200);
+        EXPECT_EQ(vel_p_cutted_w_independent(&ctx, 8), test::u32(width)) << x;
+        EXPECT_EQ(vel_p_cutted_h_independent(&ctx, 8), test::u32(height)) << y;
     }
 }
 
+// Where the screen cuts the master, at 500 + 138 = 638 and 400 + 75 = 475, margins are not kept
+// free.
 TEST_F(Geometry, limits_in_a_top_level_master_follow_the_clip_mode) {
-    set_margins(make(8, VEL_TYPE_WINDOW, 100, 50, 200, 100), 4);
+    vel_object &m = make(8, VEL_TYPE_WINDOW, 0, 0, 200, 100);
+    m.margin_left = m.margin_top = 4, m.margin_right = m.margin_bottom = 5;
     vel_object &o = make(9, VEL_TYPE_LABEL, 110, 60, 20, 20, 8);
-    for (const auto &[mode, wanted] : {std::pair{0U, Numbers{103, 296, 53, 146}},
-                                       {1U, Numbers{99, 300, 49, 150}},
-                                       {2U, Numbers{0, 0, 0, 0}},
-                                       {77U, Numbers{0, 0, 0, 0}}}) {
-        o.clip_mode = mode;
-        EXPECT_EQ(limits(9), wanted) << mode;
-    }
-    // Cut by the screen at 500 + 138 = 638 and 400 + 75 = 475: margins there are not kept free.
-    objects[8].x = 500;
-    objects[8].y = 400;
-    for (const auto &[mode, wanted] : {std::pair{0U, Numbers{503, 638, 403, 475}},
-                                       {1U, Numbers{499, 638, 399, 475}},
-                                       {2U, Numbers{0, 638, 0, 475}}}) {
-        o.clip_mode = mode;
-        EXPECT_EQ(limits(9), wanted) << mode;
+    const std::tuple<uint32_t, uint32_t, uint32_t, Numbers> cases[] = {
+        {100, 50, 0, {103, 295, 53, 145}},   {100, 50, 1, {99, 300, 49, 150}},
+        {100, 50, 2, {0, 0, 0, 0}},          {100, 50, 77, {0, 0, 0, 0}},
+        {500, 400, 0, {503, 638, 403, 475}}, {500, 400, 1, {499, 638, 399, 475}},
+        {500, 400, 2, {0, 638, 0, 475}}};
+    for (const auto &[x, y, mode, wanted] : cases) {
+        m.x = x, m.y = y, o.clip_mode = mode;
+        EXPECT_EQ(limits(9), wanted) << x << " " << mode;
     }
 }
 
@@ -65,19 +52,27 @@ TEST_F(Geometry, deeper_masters_are_taken_one_pixel_up_and_left) {
     set_margins(make(8, VEL_TYPE_WINDOW, 100, 50, 300, 200), 5);
     set_margins(make(9, VEL_TYPE_LABEL, 120, 80, 100, 60, 8), 2);
     vel_object &o = make(10, VEL_TYPE_LABEL, 0, 0, 10, 10, 9);
-    EXPECT_EQ(limits(10), (Numbers{120, 217, 80, 137}));
-    o.clip_mode = 1; // 119 - 1, 218 + 1; the window's margins still limit: 104, 395, 54, 245
-    EXPECT_EQ(limits(10), (Numbers{118, 219, 78, 139}));
-    o.clip_mode = 2; // only the window's inner left and top edge, and no room
-    EXPECT_EQ(limits(10), (Numbers{104, 0, 54, 0}));
-    o.clip_mode = 0;
-    // A window that the screen cuts at 500 + 138 - 1 ends there, for a panel that reaches further.
-    objects[8].x = 500;
-    objects[9].x = 600;
-    EXPECT_EQ(limits(10), (Numbers{600, 638, 80, 137}));
-    // Its margin counts when it comes first: 500 + 300 - 170 = 630.
-    objects[8].margin_right = 170;
-    EXPECT_EQ(limits(10), (Numbers{600, 630, 80, 137}));
+    const std::tuple<std::array<uint32_t, 6>, Numbers> cases[] = {
+        // The window's left and top edge and its right and bottom margin, the panel's left edge,
+        // the mode.
+        {{100, 50, 5, 5, 120, 0}, {120, 217, 80, 137}},
+        {{100, 50, 5, 5, 120, 1},
+         {118, 219, 78, 139}}, // 119 - 1, 218 + 1; the window limits to 104, 395, 54, 245
+        {{100, 50, 5, 5, 120, 2},
+         {104, 0, 54, 0}}, // only the window's inner left and top edge, and no room
+        {{500, 50, 5, 5, 600, 0},
+         {600, 638, 80, 137}}, // the screen cuts the window at 500 + 138 - 1
+        {{500, 50, 170, 5, 600, 0},
+         {600, 630, 80, 137}}, // its margin comes first, at 500 + 300 - 170
+        {{500, 50, 163, 5, 600, 0}, {600, 638, 80, 137}},
+        {{500, 50, 164, 5, 600, 0}, {600, 636, 80, 137}},
+        {{100, 360, 5, 90, 120, 1}, {118, 219, 364, 139}}};
+    for (const auto &[n, wanted] : cases) {
+        vel_object &m = objects[8];
+        m.x = n[0], m.y = n[1], m.margin_right = n[2], m.margin_bottom = n[3], objects[9].x = n[4],
+        o.clip_mode = n[5];
+        EXPECT_EQ(limits(10), wanted) << n[0] << " " << n[2] << " " << n[5];
+    }
 }
 
 TEST_F(Geometry, every_master_on_the_way_narrows_the_limits) {
@@ -90,16 +85,17 @@ TEST_F(Geometry, every_master_on_the_way_narrows_the_limits) {
     EXPECT_EQ(limits(11), (Numbers{109, 189, 118, 189}));
 }
 
+// The inner edges of the window are at 199 - 10 = 189 and 229 - 15 = 214. Inside 9 the width comes
+// from its own, 68, and so from the edge 187; the height from that of 8, 120, so from the edge 249.
 TEST_F(Geometry, sizes_inside_masters_climb_by_one_level_or_by_two) {
-    set_margins(make(8, VEL_TYPE_WINDOW, 100, 100, 100, 100), 10); // inner edge at 199 - 10 = 189
-    make(9, VEL_TYPE_LABEL, 120, 120, 100, 100, 8);
-    make(10, VEL_TYPE_LABEL, 130, 130, 200, 200, 9);
-    EXPECT_EQ(vel_p_cutted_w_dependent(&ctx, 9), 68U); // 189 - 121
-    EXPECT_EQ(vel_p_cutted_h_dependent(&ctx, 9), 68U);
-    // Width: 9 is 68 wide, so its edge is 120 + 68 - 1 = 187, and 187 - 131 = 56.
-    EXPECT_EQ(vel_p_cutted_w_dependent(&ctx, 10), 56U);
-    // Height: that of 8 as a dependent of nothing is its own, 100, so the edge of 9 is 219.
-    EXPECT_EQ(vel_p_cutted_h_dependent(&ctx, 10), 88U);
+    vel_object &m = make(8, VEL_TYPE_WINDOW, 100, 110, 100, 120);
+    m.margin_right = 10, m.margin_bottom = 15;
+    make(9, VEL_TYPE_LABEL, 120, 130, 100, 110, 8);
+    make(10, VEL_TYPE_LABEL, 130, 135, 200, 200, 9);
+    EXPECT_EQ(std::pair(vel_p_cutted_w_dependent(&ctx, 9), vel_p_cutted_h_dependent(&ctx, 9)),
+              std::pair(189U - 121, 214U - 131));
+    EXPECT_EQ(std::pair(vel_p_cutted_w_dependent(&ctx, 10), vel_p_cutted_h_dependent(&ctx, 10)),
+              std::pair(187U - 131, 249U - 136));
 }
 
 TEST_F(Geometry, roots_and_text_areas) {
@@ -108,8 +104,8 @@ TEST_F(Geometry, roots_and_text_areas) {
     make(10, VEL_TYPE_TEXT, 100, 60, 20, 20, 9);
     EXPECT_EQ(vel_search_master(&ctx, 8), 0U);
     EXPECT_EQ(vel_search_master(&ctx, 10), 8U);
-    EXPECT_EQ(text_limits(8), (Numbers{103, 296, 53, 146}));
-    EXPECT_EQ(text_limits(9), (Numbers{103, 147, 62, 146})); // own 92 and 257 are wider
+    EXPECT_EQ(limits(8, true), (Numbers{103, 296, 53, 146}));
+    EXPECT_EQ(limits(9, true), (Numbers{103, 147, 62, 146})); // own 92 and 257 are wider
 }
 
 } // namespace

@@ -226,34 +226,31 @@ TEST(Faults, references_that_lead_nowhere_are_taken_out_with_a_line) {
 }
 
 TEST(Faults, deep_nesting_exhausts_no_stack) {
-    Files files(100000), drawn(2000);
+    Files files(100000);
     files.nest();
-    drawn.nest();
     ASSERT_EQ(files.load(), VEL_OK);
-    ASSERT_EQ(drawn.load(), VEL_OK);
-    files.make_screen();
-    drawn.make_screen();
     EXPECT_EQ(vel_search_master(&files.ctx, 100000), 8U);
     // Each level takes 2 pixels off the width of its master.
+    files.ctx.screen_width = 100;
     EXPECT_EQ(vel_p_cutted_w_dependent(&files.ctx, 100000), 50 - 2 * (100000U - 8));
-    drawn.ctx.objects[2000].hidden = 1;
-    vel_draw_all_objects(&drawn.ctx, 1, 0);
-    EXPECT_EQ(drawn.ctx.objects[2000].hidden, 0U);
 }
 
 TEST(Faults, numbers_beyond_the_tables_draw_and_move_nothing) {
     Files files(9);
     ASSERT_EQ(files.load(), VEL_OK);
     files.make_screen();
-    const vel_object before = files.ctx.objects[0];
+    const auto content = [&] {
+        const auto *pixels = static_cast<const char *>(files.ctx.screen->pixels);
+        return std::string(pixels, 40000) +
+               std::string(reinterpret_cast<char *>(files.ctx.objects), sizeof(vel_object));
+    };
+    const std::string before = content();
     for (const auto draw : {vel_evoke_object, vel_draw_selected_lines, vel_draw_selected_box,
                             vel_undraw_selected_lines, vel_undraw_selected_box, vel_undraw_object,
                             vel_draw_dep_objs, vel_draw_cursor}) {
         for (const uint32_t number : {0U, 10U, 0xFFFFFFFFU}) draw(&files.ctx, number);
     }
-    for (int k = 0; k < 100 * 100; ++k)
-        ASSERT_EQ(test::pixel_of(files.ctx.screen, k % 100, k / 100), test::green);
-    EXPECT_EQ(std::memcmp(&files.ctx.objects[0], &before, sizeof before), 0);
+    EXPECT_TRUE(content() == before);
 }
 
 // Files that are open now.

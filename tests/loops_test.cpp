@@ -141,20 +141,6 @@ TEST_F(Loops, keys_go_to_the_cursor_object_meanwhile) {
     EXPECT_EQ(ctx.key_code, static_cast<uint32_t>('b'));
 }
 
-TEST_F(Loops, a_flood_of_events_is_handled_without_loss) {
-    ctx.idle_hook = [](vel_context *c) {
-        uint32_t &count = c->objects[10].reserved;
-        for (int k = 0; k < 50 && count < 10000; ++k, ++count) {
-            count % 100 == 99 ? push_key(SDLK_BACKSPACE) : push_type(SDL_MOUSEMOTION);
-        }
-        if (count == 10000) release(45, 80);
-    };
-    set_label(objects[12], std::string(64, 'x'));
-    objects[12].cursor_column = 64;
-    EXPECT_EQ(vel_get_mono_mouse_selection(&ctx, 10), 10U);
-    EXPECT_EQ(label(12), ""); // 100 deletions came for 64 characters
-}
-
 TEST_F(Loops, the_filter_sees_drops_and_ends) {
     ctx.event_filter = [](vel_context *, SDL_Event *event) -> uint32_t {
         if (event->type == SDL_QUIT) return VEL_FILTER_END_LOOP;

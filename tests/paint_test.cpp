@@ -16,12 +16,14 @@ protected:
         set_text(1, "x");
         return o;
     }
-    // Paints an object on an empty screen and compares that with a text at a place, seen through a
-    // rectangle. Returns the first pixel that is not as it should be.
+    // Paints object 9 on an empty screen and compares that, below some row, with a text at a place,
+    // seen through a rectangle. Returns the first pixel that is not as it should be.
     std::string differs_from(const std::string &text, int x, int y,
-                             SDL_Rect clip = {0, 0, 320, 200}) {
+                             SDL_Rect clip = {0, 0, 320, 200}, int below = 0) {
         clear();
         vel_evoke_object(&ctx, 9);
+        SDL_Rect above{0, 0, 320, static_cast<Uint16>(below)};
+        SDL_FillRect(ctx.screen, &above, 0xFFFFFF);
         SDL_SetClipRect(wanted_, nullptr);
         test::fill(wanted_, test::white);
         SDL_SetClipRect(wanted_, &clip);
@@ -119,52 +121,40 @@ TEST_F(Paint, a_cut_picture_shows_the_part_that_lies_inside) {
 TEST_F(Paint, text_lines_are_cut_on_all_four_sides) {
     const std::string wide = "Wide line, wider than the room";
     const int w = static_cast<int>(width_of("Wg")), h = static_cast<int>(height());
-    const struct {
-        uint32_t line;
-        std::string text;
-        int x, y, rows, shown_x, shown_y; // shown_x 0 for nothing
-    } cases[] = {{0, "Wg", 110, 60, 50, 110, 60},  {0, "Wg", 98, 60, 50, 99, 60},
-                 {0, "Wg", 148, 60, 50, 148, 60},  {0, "Wg", 110, 49, 50, 110, 50},
-                 {0, "Wg", 110, 99, 50, 110, 99},  {0, "Wg", 98 - w, 60, 50, 0, 0},
-                 {0, "Wg", 110, 48 - h, 50, 0, 0}, {0, "Wg", 110, 49, 8, 110, 50},
-                 {1, "Wg", 110, 49, 50, 110, 49},  {1, "Wg", 110, 49, 8, 110, 49},
-                 {0, wide, 90, 60, 50, 103, 60},   {1, wide, 90, 60, 50, 103, 60},
-                 {0, wide, 110, 60, 50, 110, 60},  {0, "Wg", 110, 103, 50, 0, 0}};
-    for (const auto &c : cases) {
+    const std::tuple<uint32_t, std::string, int, int, int, int, int> cases[] = {
+        // shown at 0: not at all
+        {0, "Wg", 110, 60, 50, 110, 60},  {0, "Wg", 98, 60, 50, 99, 60},
+        {0, "Wg", 148, 60, 50, 148, 60},  {0, "Wg", 110, 49, 50, 110, 50},
+        {0, "Wg", 110, 99, 50, 110, 99},  {0, "Wg", 98 - w, 60, 50, 0, 0},
+        {0, "Wg", 110, 48 - h, 50, 0, 0}, {0, "Wg", 110, 49, 8, 110, 50},
+        {1, "Wg", 110, 49, 50, 110, 49},  {1, "Wg", 110, 49, 8, 110, 49},
+        {0, wide, 90, 60, 50, 103, 60},   {1, wide, 90, 60, 50, 103, 60},
+        {0, wide, 110, 60, 50, 110, 60},  {0, "Wg", 110, 103, 50, 0, 0}};
+    for (const auto &[number, text, x, y, rows, shown_x, shown_y] : cases) {
         objects[8] = {};
-        set_margins(make(8, VEL_TYPE_LABEL, 100, 50, 56, test::u32(c.rows) + 6), 3);
+        set_margins(make(8, VEL_TYPE_LABEL, 100, 50, 56, test::u32(rows) + 6), 3);
         vel_object &o = make_white(VEL_TYPE_TEXT, 0, 0, 300, 190, 8);
-        o.number_of_lines = c.line;
-        o.scroll_x = test::u32(c.x);
-        o.scroll_y = test::u32(c.y) - c.line * height();
+        o.number_of_lines = number;
+        o.scroll_x = test::u32(x);
+        o.scroll_y = test::u32(y) - number * height();
         *line(1, 0) = '\0';
-        std::strcpy(line(1, c.line), c.text.c_str());
-        const bool spans = c.text == wide && c.x < 103;
+        std::strcpy(line(1, number), text.c_str());
+        const bool spans = text == wide && x < 103;
         const SDL_Rect room{103, 53, static_cast<Uint16>(spans ? 49 : 50),
-                            static_cast<Uint16>(c.rows)};
-        EXPECT_EQ(differs_from(c.shown_x == 0 ? " " : c.text, c.shown_x, c.shown_y, room), "")
-            << c.line << " at " << c.x << "," << c.y << " in " << c.rows;
+                            static_cast<Uint16>(rows)};
+        EXPECT_EQ(differs_from(shown_x == 0 ? " " : text, shown_x, shown_y, room), "")
+            << number << " at " << x << "," << y << " in " << rows;
     }
     // After a line that was cut at the left, a wide one begins with the column that the first
     // began with, 103 - 1 - 90 = 12.
-    vel_object &o = objects[9];
-    o.number_of_lines = 1;
-    o.scroll_x = 90, o.scroll_y = 60;
+    objects[8].height = 56;
+    objects[9].number_of_lines = 1;
+    objects[9].scroll_x = 90, objects[9].scroll_y = 60;
     std::strcpy(line(1, 0), "Wg");
     std::strcpy(line(1, 1), wide.c_str());
-    set_margins(objects[8], 3), objects[8].height = 56;
-    clear();
-    differs_from(" ", 0, 0);
-    SDL_Rect first_line{0, 0, 320, static_cast<Uint16>(60 + h)};
-    SDL_Surface *second = test::make_surface(320, 200);
-    SDL_BlitSurface(ctx.screen, nullptr, second, nullptr);
-    SDL_FillRect(second, &first_line, 0xFFFFFF);
-    objects[9].number_of_lines = 0;
-    *line(1, 0) = '\0';
-    differs_from(wide, 103 - 12, 60 + h, {103, static_cast<Sint16>(60 + h), 49, 50});
-    SDL_BlitSurface(wanted_, nullptr, ctx.screen, nullptr);
-    EXPECT_EQ(difference(second), "");
-    SDL_FreeSurface(second);
+    EXPECT_EQ(
+        differs_from(wide, 103 - 12, 60 + h, {103, static_cast<Sint16>(60 + h), 49, 50}, 60 + h),
+        "");
 }
 
 TEST_F(Paint, captions_show_once_at_the_first_place_that_is_visible) {

@@ -174,22 +174,19 @@ protected:
     std::string pixels(vel_colour c) const {
         std::string found;
         for (int k = 0; k < 320 * 200; ++k) {
-            if (!(at(k % 320, k / 320) == c)) continue;
-            found += (found.empty() ? "" : " ") + std::to_string(k % 320) + "," +
-                     std::to_string(k / 320);
+            if (at(k % 320, k / 320) == c) found += (found.empty() ? "" : " ") + place_of(k);
         }
         return found;
     }
     // The rectangle that a colour fills, "" for none, "ragged" when it is not filled.
     std::string box_of(vel_colour c) const {
         int left = 320, top = 200, right = -1, bottom = -1, count = 0;
-        for (int y = 0; y < 200; ++y) {
-            for (int x = 0; x < 320; ++x) {
-                if (!(at(x, y) == c)) continue;
-                left = std::min(left, x), right = std::max(right, x);
-                top = std::min(top, y), bottom = std::max(bottom, y);
-                ++count;
-            }
+        for (int k = 0; k < 320 * 200; ++k) {
+            const int x = k % 320, y = k / 320;
+            if (!(at(x, y) == c)) continue;
+            left = std::min(left, x), right = std::max(right, x);
+            top = std::min(top, y), bottom = y;
+            ++count;
         }
         const int width = right - left + 1, height = bottom - top + 1;
         if (count == 0) return "";
@@ -198,9 +195,7 @@ protected:
     // First pixel in which the screen differs from a surface of its size; empty when there is none.
     std::string difference(const SDL_Surface *wanted) const {
         for (int k = 0; k < 320 * 200; ++k) {
-            const int x = k % 320, y = k / 320;
-            if (!(at(x, y) == pixel_of(wanted, x, y)))
-                return std::to_string(x) + "," + std::to_string(y);
+            if (!(at(k % 320, k / 320) == pixel_of(wanted, k % 320, k / 320))) return place_of(k);
         }
         return {};
     }
@@ -267,6 +262,9 @@ protected:
     char (*buffers)[VEL_TEXT_BUFFER_SIZE];
 
 private:
+    static std::string place_of(int k) {
+        return std::to_string(k % 320) + "," + std::to_string(k / 320);
+    }
     void step() {
         if (next_ < steps_.size()) steps_[next_++]();
     }
