@@ -60,20 +60,18 @@ protected:
 };
 
 TEST_F(Editor, entry_fields_take_64_characters_or_fewer) {
-    const struct {
-        uint32_t max_chars, overwrites;
-        std::size_t length;
-    } cases[] = {{10, 0, 10}, {100, 0, 64}, {64, 0, 64}, {0, 0, 0},   {1, 0, 1},
-                 {0, 1, 64},  {10, 1, 10},  {1, 1, 1},   {100, 1, 64}};
-    for (const auto &c : cases) {
-        edit_entry("|", c.max_chars);
-        ctx.insert_mode = c.overwrites;
+    using Case = std::tuple<uint32_t, uint32_t, std::size_t>;
+    for (const auto &[max_chars, overwrites, length] :
+         {Case(10, 0, 10), Case(100, 0, 64), Case(64, 0, 64), Case(0, 0, 0), Case(1, 0, 1),
+          Case(0, 1, 64), Case(10, 1, 10), Case(1, 1, 1), Case(100, 1, 64)}) {
+        edit_entry("|", max_chars);
+        ctx.insert_mode = overwrites;
         type(std::string(80, 'i'));
-        EXPECT_EQ(label().size(), c.length) << c.max_chars << " " << c.overwrites;
+        EXPECT_EQ(label().size(), length) << max_chars << " " << overwrites;
         objects[8].cursor_column = 0; // a full field takes nothing at its start either
         ctx.insert_mode = 0;
         type("x");
-        EXPECT_EQ(label().size(), c.length);
+        EXPECT_EQ(label().size(), length);
     }
 }
 
@@ -136,26 +134,22 @@ TEST_F(Editor, keys_change_a_text_at_its_cursor) {
 // starts at 20 or, where that is hidden at the left, the text is shifted.
 TEST_F(Editor, the_cursor_goes_to_its_place_or_the_text_is_shifted) {
     enum Shift { none, by_way_back, by_way_on };
-    const struct {
-        bool in_text;
-        uint32_t key;
-        const char *shows_after;
-        Shift shift;
-    } cases[] = {{true, enter, "", by_way_back},  {true, up, "Wid", by_way_on},
-                 {true, down, "Wid", by_way_on},  {true, left, "W", by_way_back},
-                 {true, del, "Wi", by_way_back},  {true, 'm', "Wim", by_way_on},
-                 {true, backspace, "W", none},    {false, left, "W", by_way_back},
-                 {false, del, "Wi", by_way_back}, {false, 'm', "Wim", by_way_on}};
-    for (const auto &c : cases) {
+    using Case = std::tuple<bool, uint32_t, const char *, Shift>;
+    for (const auto &[in_text, code, shows_after, by] :
+         {Case(true, enter, "", by_way_back), Case(true, up, "Wid", by_way_on),
+          Case(true, down, "Wid", by_way_on), Case(true, left, "W", by_way_back),
+          Case(true, del, "Wi", by_way_back), Case(true, 'm', "Wim", by_way_on),
+          Case(true, backspace, "W", none), Case(false, left, "W", by_way_back),
+          Case(false, del, "Wi", by_way_back), Case(false, 'm', "Wim", by_way_on)}) {
         for (const int scroll : {0, -1000, -40}) {
-            SCOPED_TRACE(std::to_string(c.key) + " scrolled " + std::to_string(scroll));
-            vel_object &o = c.in_text ? edit_text("Wide\nWi|de\nWide") : edit_entry("Wi|de");
+            SCOPED_TRACE(std::to_string(code) + " scrolled " + std::to_string(scroll));
+            vel_object &o = in_text ? edit_text("Wide\nWi|de\nWide") : edit_entry("Wi|de");
             o.scroll_x = test::u32(scroll);
             o.cursor_x = 90;
-            key(c.key);
-            const uint32_t x = x_after(c.shows_after) + test::u32(scroll);
+            key(code);
+            const uint32_t x = x_after(shows_after) + test::u32(scroll);
             const bool is_hidden = static_cast<int>(x) <= 19;
-            const uint32_t shift = c.shift == none ? 0 : c.shift == by_way_on ? x - 90 : 90 - x;
+            const uint32_t shift = by == none ? 0 : by == by_way_on ? x - 90 : 90 - x;
             EXPECT_EQ(o.cursor_x, is_hidden ? 90 : x);
             EXPECT_EQ(o.scroll_x, test::u32(scroll) + (is_hidden ? shift : 0));
         }
@@ -225,19 +219,16 @@ TEST_F(Editor, texts_end_with_999_characters_and_line_39) {
     std::string full, feeds(38, '\n');
     for (int k = 0; k < 111; ++k) full += "abcdefgh ";
     const std::string room = full.substr(0, 998);
-    const struct {
-        std::string before;
-        uint32_t key;
-        std::string after;
-    } cases[] = {
-        {full + "|", 'x', full + "|"},           {full + "|", enter, full + "|"},
-        {room + "|", 'x', room + "x|"},          {"|" + room, enter, "\n|" + room},
-        {feeds + "\nz|", enter, feeds + "\nz|"}, {feeds + "\nz|", 'y', feeds + "\nzy|"},
-        {feeds + "z|", enter, feeds + "z\n|"},   {"\n|\n" + feeds, enter, "\n|\n" + feeds}};
-    for (const auto &c : cases) {
-        edit_text(c.before);
-        key(c.key);
-        EXPECT_EQ(marked_text(), c.after);
+    using Case = std::tuple<std::string, uint32_t, std::string>;
+    for (const auto &[before, code, after] :
+         {Case(full + "|", 'x', full + "|"), Case(full + "|", enter, full + "|"),
+          Case(room + "|", 'x', room + "x|"), Case("|" + room, enter, "\n|" + room),
+          Case(feeds + "\nz|", enter, feeds + "\nz|"), Case(feeds + "\nz|", 'y', feeds + "\nzy|"),
+          Case(feeds + "z|", enter, feeds + "z\n|"),
+          Case("\n|\n" + feeds, enter, "\n|\n" + feeds)}) {
+        edit_text(before);
+        key(code);
+        EXPECT_EQ(marked_text(), after);
     }
 }
 
@@ -262,26 +253,21 @@ TEST_F(Editor, a_line_that_fills_up_hands_the_cursor_on) {
 // On line 1 below, column 3 ends the text after its third character.
 TEST_F(Editor, overwriting_a_text_ends_it_at_the_column) {
     ctx.insert_mode = 1;
-    const struct {
-        const char *before;
-        uint32_t max_chars;
-        const char *typed, *after;
-    } cases[] = {{"a|bc", 0, "xy", "axy"},
-                 {"abc|", 0, "z", "abcz"},
-                 {"abc\nde|", 0, "z", "abc"},
-                 {"ab|cdef", 4, "xyz", "abxyef"}};
-    for (const auto &c : cases) {
-        edit_text(c.before).max_chars = c.max_chars;
-        type(c.typed);
-        EXPECT_EQ(text(), c.after);
+    using Case = std::tuple<const char *, uint32_t, const char *, const char *>;
+    for (const auto &[before, max_chars, typed, after] :
+         {Case("a|bc", 0, "xy", "axy"), Case("abc|", 0, "z", "abcz"),
+          Case("abc\nde|", 0, "z", "abc"), Case("ab|cdef", 4, "xyz", "abxyef")}) {
+        edit_text(before).max_chars = max_chars;
+        type(typed);
+        EXPECT_EQ(text(), after);
     }
 }
 
 TEST_F(Editor, keys_need_an_editable_object_and_characters_to_be_printable) {
-    const std::pair<uint32_t, bool> kinds[] = {{VEL_TYPE_LABEL, false}, {VEL_TYPE_PICTURE, false},
-                                               {VEL_TYPE_CHAIN, false}, {VEL_TYPE_MENU, false},
-                                               {VEL_TYPE_TEXT, true},   {VEL_TYPE_WINDOW, true}};
-    for (const auto &[kind, is_edited] : kinds) {
+    using Case = std::pair<uint32_t, bool>;
+    for (const auto &[kind, is_edited] :
+         {Case(VEL_TYPE_LABEL, false), Case(VEL_TYPE_PICTURE, false), Case(VEL_TYPE_CHAIN, false),
+          Case(VEL_TYPE_MENU, false), Case(VEL_TYPE_TEXT, true), Case(VEL_TYPE_WINDOW, true)}) {
         edit_text("|abc").type = kind;
         ctx.key_printable = 1;
         ctx.final_key = 'x';

@@ -140,14 +140,11 @@ TEST_F(FileDialog, begins_where_the_suggestion_says) {
 TEST_F(FileDialog, what_is_typed_is_a_file_a_folder_or_a_pattern) {
     const Folder folder;
     folder.fill({"sub/", "a.csv", "sub/c.csv", "sub/d"});
-    const std::pair<std::string, std::string> files[] = {{"new", "new"},
-                                                         {"gr\xFC\xDF", "grüß"},
-                                                         {"sub/new", "sub/new"},
-                                                         {"sub/../new", "new"},
-                                                         {"./a.csv", "a.csv"},
-                                                         {folder.file("x"), "x"},
-                                                         {"sub/./c.csv", "sub/c.csv"}};
-    for (const auto &[typed, file] : files) {
+    using Case = std::pair<std::string, std::string>;
+    for (const auto &[typed, file] :
+         {Case("new", "new"), Case("gr\xFC\xDF", "grüß"), Case("sub/new", "sub/new"),
+          Case("sub/../new", "new"), Case("./a.csv", "a.csv"), Case(folder.file("x"), "x"),
+          Case("sub/./c.csv", "sub/c.csv")}) {
         EXPECT_EQ(choose(1, folder.file(""), {type(typed), click(16)}), folder.file(file));
     }
     const Names top{"../", "sub/", "a.csv"};
@@ -167,10 +164,10 @@ TEST_F(FileDialog, what_is_typed_is_a_file_a_folder_or_a_pattern) {
 
 TEST_F(FileDialog, chooses_the_bytes_of_a_name_whatever_its_row_shows) {
     const auto x = [](std::size_t count) { return std::string(count, 'x'); };
-    const std::pair<std::string, std::string> cases[] = {{x(64), x(64)},  {x(65), x(64)},
-                                                         {x(255), x(64)}, {"5 " + euro, "5 ?"},
-                                                         {"\xE4", "?"},   {"a\nb", "a?b"}};
-    for (const auto &[name, shown] : cases) {
+    using Case = std::pair<std::string, std::string>;
+    for (const auto &[name, shown] :
+         {Case(x(64), x(64)), Case(x(65), x(64)), Case(x(255), x(64)), Case("5 " + euro, "5 ?"),
+          Case("\xE4", "?"), Case("a\nb", "a?b")}) {
         const Folder folder;
         folder.fill({name});
         for (const Step &step : {pick(shown), type(shown)}) {
@@ -208,12 +205,11 @@ TEST_F(FileDialog, ends_leave_all_as_it_was_before) {
     const Folder folder;
     folder.fill({"a"});
     const Step quit = [] { push_type(SDL_QUIT); };
-    const std::tuple<Step, bool, bool> cases[] = {{click(17), false, false},
-                                                  {key(SDLK_ESCAPE), false, false},
-                                                  {click(VEL_BUTTON_CLOSE), false, false},
-                                                  {quit, true, false},
-                                                  {quit, false, true}};
-    for (const auto &[end, quits, is_filtered] : cases) {
+    using Case = std::tuple<Step, bool, bool>;
+    for (const auto &[end, quits, is_filtered] :
+         {Case(click(17), false, false), Case(key(SDLK_ESCAPE), false, false),
+          Case(click(VEL_BUTTON_CLOSE), false, false), Case(quit, true, false),
+          Case(quit, false, true)}) {
         ctx.event_filter = nullptr;
         if (is_filtered) end_loops_on_quit();
         ctx.frame_mode = VEL_MODE_RESIZE;

@@ -56,15 +56,10 @@ TEST_F(FileSelector, at_most_100_names_of_64_characters_are_read_and_ordered_by_
     const Folder some;
     some.fill({"zebra", "b", "a2", "a1", "\xE4pfel", "Berg"});
     EXPECT_EQ(read(some), "..Baabz\xE4"); // with the folder itself and its parent
-    for (const auto &[files, length, last] : {std::tuple{0, 1U, 1U},
-                                              {1, 63U, 2U},
-                                              {1, 64U, 2U},
-                                              {1, 65U, 2U},
-                                              {1, 255U, 2U},
-                                              {97, 20U, 98U},
-                                              {98, 20U, 99U},
-                                              {99, 20U, 99U},
-                                              {150, 20U, 99U}}) {
+    using Case = std::tuple<int, uint32_t, uint32_t>;
+    for (const auto &[files, length, last] :
+         {Case(0, 1, 1), Case(1, 63, 2), Case(1, 64, 2), Case(1, 65, 2), Case(1, 255, 2),
+          Case(97, 20, 98), Case(98, 20, 99), Case(99, 20, 99), Case(150, 20, 99)}) {
         const Folder folder;
         for (int k = 0; k < files; ++k) {
             std::string name = std::to_string(k);

@@ -36,34 +36,31 @@ protected:
 // with the member that the flow itself left last.
 TEST_F(Flow, the_last_line_of_a_member_leads_to_the_next) {
     const uint32_t wide = 100000, mm = width_of("mm"), mm_m = width_of("mm m");
-    const struct {
-        std::string text;
-        uint32_t width;
-        const char *line39, *next, *third;
-        uint32_t result, lines, next_lines;
-    } cases[] = {{"one two\nthree", wide, "", "", "", 1, 1, 0},
-                 {feeds(39) + "z", wide, "z", "", "", 39, 39, 0},
-                 {feeds(40) + "next", wide, "a", "next", "", 0, 0, 0},
-                 {feeds(80) + "next", wide, "a", "a", "next", 0, 0, 39},
-                 {feeds(39) + "mm mmm", mm_m, "mm ", "mmm", "", 0, 0, 0},
-                 {feeds(39) + "mm i", mm, "mm", " i", "", 0, 39, 0},
-                 {feeds(39) + "mm i\n" + feeds(38) + "mm i", mm, "mm", " i", " i", 0, 39, 39},
-                 {std::string(39, '\n') + "x", wide, "x", "", "", 39, 39, 0},
-                 // A line feed after an empty word goes on into the lines of the next text.
-                 {std::string(40, '\n') + "x", wide, "", "x", "", 40, 40, 0},
-                 {std::string(5000, '\n') + "x y", wide, "", "", "", 5000, 5000, 0},
-                 {std::string(5000, '\n') + "x y\nz", wide, "", "z", "", 0, 0, 0},
-                 {"", wide, "", "", "", 0, 0, 0}};
-    for (const auto &c : cases) {
-        make_chain(c.width);
-        EXPECT_EQ(flow(c.text), c.result);
+    const std::tuple<std::string, uint32_t, const char *, const char *, const char *, uint32_t,
+                     uint32_t, uint32_t>
+        cases[] = {{"one two\nthree", wide, "", "", "", 1, 1, 0},
+                   {feeds(39) + "z", wide, "z", "", "", 39, 39, 0},
+                   {feeds(40) + "next", wide, "a", "next", "", 0, 0, 0},
+                   {feeds(80) + "next", wide, "a", "a", "next", 0, 0, 39},
+                   {feeds(39) + "mm mmm", mm_m, "mm ", "mmm", "", 0, 0, 0},
+                   {feeds(39) + "mm i", mm, "mm", " i", "", 0, 39, 0},
+                   {feeds(39) + "mm i\n" + feeds(38) + "mm i", mm, "mm", " i", " i", 0, 39, 39},
+                   {std::string(39, '\n') + "x", wide, "x", "", "", 39, 39, 0},
+                   // A line feed after an empty word goes on into the lines of the next text.
+                   {std::string(40, '\n') + "x", wide, "", "x", "", 40, 40, 0},
+                   {std::string(5000, '\n') + "x y", wide, "", "", "", 5000, 5000, 0},
+                   {std::string(5000, '\n') + "x y\nz", wide, "", "z", "", 0, 0, 0},
+                   {"", wide, "", "", "", 0, 0, 0}};
+    for (const auto &[text, width, line39, next, third, result, lines, next_lines] : cases) {
+        make_chain(width);
+        EXPECT_EQ(flow(text), result);
         EXPECT_EQ(
             std::tuple(std::string(line(1, 39)), std::string(line(2, 0)), std::string(line(3, 0))),
-            std::tuple(c.line39, c.next, c.third))
-            << c.result << " " << c.text.size();
+            std::tuple(line39, next, third))
+            << result << " " << text.size();
         EXPECT_EQ(std::tuple(objects[9].number_of_lines, objects[10].number_of_lines),
-                  std::tuple(c.lines, c.next_lines))
-            << c.text.size();
+                  std::tuple(lines, next_lines))
+            << text.size();
     }
 }
 
@@ -123,51 +120,28 @@ TEST_F(Flow, a_split_word_on_the_last_line_is_printed) {
     const std::string
         moved = "1142 next chain \n \n next chain: 0 \n \n",
         ended = "1142 next chain \n \n next chain: 1 \n \n1153 object 9 number_of_lines 39 \n \n";
-    const struct {
-        std::string text;
-        bool has_next;
-        std::string printed;
-        uint32_t result;
-        const char *next;
-    } cases[] = {{feeds(39) + "m", false, "", 39, ""},
-                 {feeds(38) + "mmmmmm\nnext", false, ended, 39, ""},
-                 {feeds(38) + "mmmmmm\nnext", true, moved, 0, "next"},
-                 {feeds(39) + "mmmmmm\nnext", true, "", 1, "mm"}};
-    for (const auto &c : cases) {
+    using Case = std::tuple<std::string, bool, std::string, uint32_t, const char *>;
+    for (const auto &[text, has_next, printed, result, next] :
+         {Case(feeds(39) + "m", false, "", 39, ""),
+          Case(feeds(38) + "mmmmmm\nnext", false, ended, 39, ""),
+          Case(feeds(38) + "mmmmmm\nnext", true, moved, 0, "next"),
+          Case(feeds(39) + "mmmmmm\nnext", true, "", 1, "mm")}) {
         make_chain(width_of("mmmm"));
-        if (!c.has_next) objects[8].dep_objs[1] = 0;
+        if (!has_next) objects[8].dep_objs[1] = 0;
         testing::internal::CaptureStdout();
-        EXPECT_EQ(flow(c.text), c.result);
-        EXPECT_EQ(testing::internal::GetCapturedStdout(), c.printed);
-        EXPECT_STREQ(line(2, 0), c.next);
+        EXPECT_EQ(flow(text), result);
+        EXPECT_EQ(testing::internal::GetCapturedStdout(), printed);
+        EXPECT_STREQ(line(2, 0), next);
     }
     make_chain(1); // letters that fit nowhere end in bounded time
     EXPECT_EQ(flow("mmm mmm\nmmm " + std::string(200, 'm')), 39U);
 }
 
-// At line and column a word is placed: what is returned, and where the text and the place lead.
-TEST_F(Flow, single_steps_report_what_they_did) {
-    for (const auto &[word, breaks, at_line, at_column, result, text_after, line_after,
-                      column_after] : {std::tuple{"ab", 0U, 0U, 0U, 1, 1U, 0U, 2U},
-                                       {"ab", 1U, 0U, 0U, 0, 1U, 1U, 0U},
-                                       {"ab", 1U, 39U, 0U, 1, 2U, 0U, 0U},
-                                       {"mmmm", 0U, 0U, 90U, 0, 1U, 1U, 4U},
-                                       {"mmmm", 1U, 39U, 97U, 1, 2U, 1U, 0U},
-                                       {"mmmmm", 0U, 0U, 0U, 0, 1U, 1U, 2U}}) {
-        make_chain(width_of("mmmm"));
-        uint32_t position = 0, text = 1, line_at = at_line, column = at_column,
-                 length = static_cast<uint32_t>(std::strlen(word));
-        std::strcpy(line(1, at_line), at_column == 0 ? "" : "mmm");
-        EXPECT_EQ(
-            vel_copy_word_big(&ctx, 8, &position, &text, word, &line_at, &column, &length, breaks),
-            result);
-        EXPECT_EQ(std::tuple(text, line_at, column, length),
-                  std::tuple(text_after, line_after, column_after, 0U))
-            << word << at_line;
-    }
+TEST_F(Flow, single_moves_report_what_they_did) {
     objects[11].text_index = 0;
+    using Case = std::tuple<uint32_t, int32_t, uint32_t, uint32_t>;
     for (const auto &[from, result, to, member_after] :
-         {std::tuple{0U, 0, 1U, 10U}, {1U, 1, 2U, 11U}, {99U, 1, 100U, 9U}}) {
+         {Case(0, 0, 1, 10), Case(1, 1, 2, 11), Case(99, 1, 100, 9)}) {
         uint32_t position = from, member = 9, text = 1, at_line = 7, column = 3;
         EXPECT_EQ(vel_go_to_next_chainmember(&ctx, 8, &position, &member, &text, &at_line, &column),
                   result);

@@ -62,16 +62,12 @@ TEST_F(FolderListing, patterns_choose_among_files_but_not_folders) {
     const Names all{"a.csv", "b.CSV", "c.txt", "d;e", "f"};
     folder.fill(all);
     folder.fill({"sub/"});
-    const std::pair<const char *, Names> cases[] = {{nullptr, all},
-                                                    {"", all},
-                                                    {"*.csv", {"a.csv"}},
-                                                    {"*.txt;*.csv", {"a.csv", "c.txt"}},
-                                                    {";?;", {"f"}},
-                                                    {"*.[cC][sS][vV]", {"a.csv", "b.CSV"}},
-                                                    {"sub", {}},
-                                                    {"*/*", {}},
-                                                    {";", {}}};
-    for (const auto &[pattern, files] : cases) {
+    using Case = std::pair<const char *, Names>;
+    for (const auto &[pattern, files] :
+         {Case(nullptr, all), Case("", all), Case("*.csv", {"a.csv"}),
+          Case("*.txt;*.csv", {"a.csv", "c.txt"}), Case(";?;", {"f"}),
+          Case("*.[cC][sS][vV]", {"a.csv", "b.CSV"}), Case("sub", {}), Case("*/*", {}),
+          Case(";", {})}) {
         Names names = all_names(list(folder, pattern));
         ASSERT_GE(names.size(), 2U);
         EXPECT_EQ(names[0] + names[1], "../sub/");
@@ -82,10 +78,10 @@ TEST_F(FolderListing, patterns_choose_among_files_but_not_folders) {
 TEST_F(FolderListing, links_are_what_they_lead_to) {
     const Folder folder;
     folder.fill({"file", "sub/"});
-    for (const auto &[name, target] : {std::pair{"to_file", "file"},
-                                       {"to_folder", "sub"},
-                                       {"to_nothing", "nothing"},
-                                       {"to_itself", "to_itself"}}) {
+    using Case = std::pair<const char *, const char *>;
+    for (const auto &[name, target] :
+         {Case("to_file", "file"), Case("to_folder", "sub"), Case("to_nothing", "nothing"),
+          Case("to_itself", "to_itself")}) {
         std::filesystem::create_symlink(target, folder.file(name));
     }
     mkfifo(folder.file("pipe").c_str(), 0600);

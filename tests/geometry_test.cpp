@@ -37,12 +37,12 @@ TEST_F(Geometry, limits_in_a_top_level_master_follow_the_clip_mode) {
     vel_object &m = make(8, VEL_TYPE_WINDOW, 0, 0, 200, 100);
     m.margin_left = m.margin_top = 4, m.margin_right = m.margin_bottom = 5;
     vel_object &o = make(9, VEL_TYPE_LABEL, 110, 60, 20, 20, 8);
-    const std::tuple<uint32_t, uint32_t, uint32_t, Numbers> cases[] = {
-        {100, 50, 0, {103, 295, 53, 145}},   {100, 50, 1, {99, 300, 49, 150}},
-        {100, 50, 2, {0, 0, 0, 0}},          {100, 50, 77, {0, 0, 0, 0}},
-        {500, 400, 0, {503, 638, 403, 475}}, {500, 400, 1, {499, 638, 399, 475}},
-        {500, 400, 2, {0, 638, 0, 475}}};
-    for (const auto &[x, y, mode, wanted] : cases) {
+    using Case = std::tuple<uint32_t, uint32_t, uint32_t, Numbers>;
+    for (const auto &[x, y, mode, wanted] :
+         {Case(100, 50, 0, {103, 295, 53, 145}), Case(100, 50, 1, {99, 300, 49, 150}),
+          Case(100, 50, 2, {0, 0, 0, 0}), Case(100, 50, 77, {0, 0, 0, 0}),
+          Case(500, 400, 0, {503, 638, 403, 475}), Case(500, 400, 1, {499, 638, 399, 475}),
+          Case(500, 400, 2, {0, 638, 0, 475})}) {
         m.x = x, m.y = y, o.clip_mode = mode;
         EXPECT_EQ(limits(9), wanted) << x << " " << mode;
     }

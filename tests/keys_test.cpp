@@ -29,31 +29,27 @@ protected:
 };
 
 TEST_F(Keys, give_what_a_german_keyboard_shows) {
-    const struct {
-        uint32_t symbol, plain, shifted, with_alt;
-    } cases[] = {{'a', 'a', 'A', 'a'},  {'z', 'z', 'Z', 'z'},         {'e', 'e', 'E', 321},
-                 {'q', 'q', 'Q', '@'},  {'3', '3', 4294967207U, '3'}, {246, 246, 214, 246},
-                 {223, 223, '?', '\\'}, {'7', '7', '/', '{'},         {'+', '+', '*', '~'},
-                 {'<', '<', '<', '|'},  {180, 180, 180, 180},         {'*', '*', '*', '*'},
-                 {9, 9, 9, 9},          {255, 255, 255, 255},         {1, 1, 1, 1}};
-    for (const auto &c : cases) {
-        for (const auto &[modifiers, code] : {std::pair{plain, c.plain},
-                                              {shift, c.shifted},
-                                              {KMOD_RSHIFT + 0, c.shifted},
-                                              {alt, c.with_alt},
-                                              {KMOD_RALT + 0, c.plain},
-                                              {shift | KMOD_RSHIFT, c.plain},
-                                              {shift | alt, c.plain},
-                                              {shift | KMOD_CAPS, c.plain}}) {
-            EXPECT_EQ(press(c.symbol, modifiers), code) << c.symbol << " " << modifiers;
-            EXPECT_EQ(ctx.key_printable, 1U) << c.symbol;
+    using Case = std::tuple<uint32_t, uint32_t, uint32_t, uint32_t>;
+    for (const auto &[symbol, alone, shifted, with_alt] :
+         {Case('a', 'a', 'A', 'a'), Case('z', 'z', 'Z', 'z'), Case('e', 'e', 'E', 321),
+          Case('q', 'q', 'Q', '@'), Case('3', '3', 4294967207U, '3'), Case(246, 246, 214, 246),
+          Case(223, 223, '?', '\\'), Case('7', '7', '/', '{'), Case('+', '+', '*', '~'),
+          Case('<', '<', '<', '|'), Case(180, 180, 180, 180), Case('*', '*', '*', '*'),
+          Case(9, 9, 9, 9), Case(255, 255, 255, 255), Case(1, 1, 1, 1)}) {
+        using Held = std::pair<int, uint32_t>;
+        for (const auto &[modifiers, code] :
+             {Held(plain, alone), Held(shift, shifted), Held(KMOD_RSHIFT, shifted),
+              Held(alt, with_alt), Held(KMOD_RALT, alone), Held(shift | KMOD_RSHIFT, alone),
+              Held(shift | alt, alone), Held(shift | KMOD_CAPS, alone)}) {
+            EXPECT_EQ(press(symbol, modifiers), code) << symbol << " " << modifiers;
+            EXPECT_EQ(ctx.key_printable, 1U) << symbol;
         }
     }
-    const std::pair<uint32_t, uint32_t> controls[] = {
-        {SDLK_RIGHT, 275},  {SDLK_LEFT, 276},   {SDLK_UP, 273},
-        {SDLK_DOWN, 274},   {SDLK_INSERT, 277}, {SDLK_BACKSPACE, 8},
-        {SDLK_DELETE, 127}, {SDLK_RETURN, 271}, {SDLK_KP_ENTER, 271}};
-    for (const auto &[symbol, code] : controls) {
+    using Other = std::pair<uint32_t, uint32_t>;
+    for (const auto &[symbol, code] :
+         {Other(SDLK_RIGHT, 275), Other(SDLK_LEFT, 276), Other(SDLK_UP, 273), Other(SDLK_DOWN, 274),
+          Other(SDLK_INSERT, 277), Other(SDLK_BACKSPACE, 8), Other(SDLK_DELETE, 127),
+          Other(SDLK_RETURN, 271), Other(SDLK_KP_ENTER, 271)}) {
         for (const int modifiers : {plain, shift, alt}) EXPECT_EQ(press(symbol, modifiers), code);
         EXPECT_EQ(ctx.key_printable, 0U) << symbol;
     }
@@ -65,16 +61,13 @@ TEST_F(Keys, give_what_a_german_keyboard_shows) {
 
 TEST_F(Keys, numeric_fields_print_digit_keys_only) {
     objects[8].type = VEL_TYPE_NUMBER;
-    const struct {
-        uint32_t symbol;
-        int modifiers;
-        uint32_t code, printable;
-    } cases[] = {{'0', plain, '0', 1},          {'9', plain, '9', 1}, {'1', shift, '!', 1},
-                 {'/', plain, '/', 0},          {':', plain, ':', 0}, {'a', plain, 'a', 0},
-                 {SDLK_BACKSPACE, plain, 8, 0}, {282, plain, 0, 0},   {SDLK_KP5, plain, 0, 0}};
-    for (const auto &c : cases) {
-        EXPECT_EQ(press(c.symbol, c.modifiers), c.code);
-        EXPECT_EQ(ctx.key_printable, c.printable) << c.symbol;
+    using Case = std::tuple<uint32_t, int, uint32_t, uint32_t>;
+    for (const auto &[symbol, modifiers, code, printable] :
+         {Case('0', plain, '0', 1), Case('9', plain, '9', 1), Case('1', shift, '!', 1),
+          Case('/', plain, '/', 0), Case(':', plain, ':', 0), Case('a', plain, 'a', 0),
+          Case(SDLK_BACKSPACE, plain, 8, 0), Case(282, plain, 0, 0), Case(SDLK_KP5, plain, 0, 0)}) {
+        EXPECT_EQ(press(symbol, modifiers), code);
+        EXPECT_EQ(ctx.key_printable, printable) << symbol;
     }
 }
 

@@ -37,16 +37,6 @@ struct Files {
         return vel_load_forms(&ctx, extra_objs, extra_texts, folder.write("a.form", form).c_str(),
                               folder.write("a.text", texts).c_str());
     }
-    // A chain of objects of 50 pixels, each inside the one before it.
-    void nest() {
-        const auto depth = static_cast<uint32_t>(form.size() / 776);
-        for (uint32_t k = 8; k <= depth; ++k) {
-            for (const std::size_t size_at : {8, 12}) set(k, size_at, 50);
-            set(k, type_at, VEL_TYPE_LABEL);
-            set(k, master_at, k == 8 ? 0 : k - 1);
-            set(k, list_at, k == depth ? 0 : k + 1);
-        }
-    }
     void make_screen() {
         ctx.screen = test::make_surface(100, 100);
         ctx.screen_width = ctx.screen_height = 100;
@@ -87,8 +77,9 @@ TEST(Load, every_field_is_read_from_its_place_and_reserved_words_are_not) {
 }
 
 TEST(Load, only_top_level_objects_and_menus_start_hidden) {
-    const std::tuple<uint32_t, uint32_t, uint32_t> cases[] = {{0, 0, 0}, {1, 0, 5}, {1, 1, 0},
-                                                              {2, 1, 0}, {7, 1, 5}, {7, 0, 5}};
+    using Case = std::tuple<uint32_t, uint32_t, uint32_t>;
+    const Case cases[] = {Case(0, 0, 0), Case(1, 0, 5), Case(1, 1, 0),
+                          Case(2, 1, 0), Case(7, 1, 5), Case(7, 0, 5)};
     Files files(1 + std::size(cases));
     uint32_t number = 2;
     for (const auto &[type, master, hidden] : cases) {
@@ -223,16 +214,6 @@ TEST(Faults, references_that_lead_nowhere_are_taken_out_with_a_line) {
                   expected[2])
             << printed;
     }
-}
-
-TEST(Faults, deep_nesting_exhausts_no_stack) {
-    Files files(100000);
-    files.nest();
-    ASSERT_EQ(files.load(), VEL_OK);
-    EXPECT_EQ(vel_search_master(&files.ctx, 100000), 8U);
-    // Each level takes 2 pixels off the width of its master.
-    files.ctx.screen_width = 100;
-    EXPECT_EQ(vel_p_cutted_w_dependent(&files.ctx, 100000), 50 - 2 * (100000U - 8));
 }
 
 TEST(Faults, numbers_beyond_the_tables_draw_and_move_nothing) {

@@ -56,21 +56,17 @@ TEST_F(Loading, resetting_counts_the_text_and_brings_the_cursor_to_its_start) {
 }
 
 TEST_F(Loading, labels_are_aligned_right) {
-    const struct {
-        const char *label;
-        uint32_t field;
-        const char *filled;
-        uint32_t result, length;
-    } cases[] = {{"12", 5, "00012", 5, 5},   {"123", 3, "123", 3, 77},
-                 {"1234", 3, "1234", 4, 77}, {"", 5, "", 0, 77},
-                 {"12", 68, "12", 0, 77},    {"abcdef", 7, "0abcdef", 7, 7}};
-    for (const auto &c : cases) {
+    using Case = std::tuple<const char *, uint32_t, const char *, uint32_t, uint32_t>;
+    for (const auto &[label, field, filled, result, length] :
+         {Case("12", 5, "00012", 5, 5), Case("123", 3, "123", 3, 77),
+          Case("1234", 3, "1234", 4, 77), Case("", 5, "", 0, 77), Case("12", 68, "12", 0, 77),
+          Case("abcdef", 7, "0abcdef", 7, 7)}) {
         vel_object &o = make(8, VEL_TYPE_NUMBER, 0, 0, 50, 20);
         o.text_length = 77;
-        set_label(o, c.label);
-        EXPECT_EQ(vel_fill_form_with_dummies(&ctx, o.label, 8, c.field, '0'), c.result);
-        EXPECT_STREQ(o.label, c.filled);
-        EXPECT_EQ(o.text_length, c.length) << c.label;
+        set_label(o, label);
+        EXPECT_EQ(vel_fill_form_with_dummies(&ctx, o.label, 8, field, '0'), result);
+        EXPECT_STREQ(o.label, filled);
+        EXPECT_EQ(o.text_length, length) << label;
     }
     vel_fill_form_with_dummies(&ctx, "x", 8, 67, ' ');
     EXPECT_EQ(std::strlen(objects[8].label), 67U);

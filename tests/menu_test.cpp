@@ -100,14 +100,11 @@ TEST_F(Menus, the_entry_under_the_pointer_is_darkened) {
 }
 
 TEST_F(Menus, leaving_closes_in_every_direction) {
-    for (const auto &[x, y, leaves] : {std::tuple{99, 70, true},
-                                       {160, 70, true},
-                                       {130, 121, true},
-                                       {130, 59, true},
-                                       {100, 70, false},
-                                       {159, 70, false},
-                                       {130, 120, false},
-                                       {130, 60, false}}) {
+    using Case = std::tuple<int, int, bool>;
+    for (const auto &[x, y, leaves] :
+         {Case(99, 70, true), Case(160, 70, true), Case(130, 121, true), Case(130, 59, true),
+          Case(100, 70, false), Case(159, 70, false), Case(130, 120, false),
+          Case(130, 60, false)}) {
         test::Form::point(130, 70);
         const Steps steps{point(x, y), rest, let_go(130, 90)};
         EXPECT_EQ(run(0, {steps.begin(), steps.begin() + (leaves ? 1 : 3)}), leaves ? 0U : 10U)
@@ -157,14 +154,10 @@ TEST_F(Menus, a_drag_from_the_title_or_two_clicks_choose_an_entry) {
 }
 
 TEST_F(Menus, a_menu_hangs_below_its_title_on_the_screen) {
-    for (const auto &[title, menu, before] : {std::tuple{90, 90, 100},
-                                              {5, 5, 90},
-                                              {259, 259, 5},
-                                              {260, 260, 259},
-                                              {261, 260, 0},
-                                              {310, 260, 7},
-                                              {-10, 0, 300},
-                                              {90, 90, -200}}) {
+    using Case = std::tuple<int, int, int>;
+    for (const auto &[title, menu, before] :
+         {Case(90, 90, 100), Case(5, 5, 90), Case(259, 259, 5), Case(260, 260, 259),
+          Case(261, 260, 0), Case(310, 260, 7), Case(-10, 0, 300), Case(90, 90, -200)}) {
         objects[13].x = test::u32(title);
         for (const uint32_t k : {8, 9, 10, 11}) objects[k].x = test::u32(before);
         press_title(std::max(title + 1, 1), 30);

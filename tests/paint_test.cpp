@@ -43,14 +43,12 @@ protected:
 };
 
 TEST_F(Paint, top_level_windows_are_kept_off_the_corner_and_others_are_not) {
-    const struct {
-        int x, y;
-        const char *box;
-    } places[] = {{0, 0, "11,25 20x10"},   {10, 24, "11,25 20x10"}, {11, 25, "11,25 20x10"},
-                  {12, 26, "12,26 20x10"}, {5, -9, "11,25 20x10"},  {310, 192, "310,192 8x3"}};
-    for (const auto &c : places) {
-        make(8, VEL_TYPE_WINDOW, c.x, c.y, 20, 10);
-        EXPECT_EQ(box_painted(8), c.box) << c.x;
+    using Case = std::tuple<int, int, const char *>;
+    for (const auto &[x, y, box] :
+         {Case(0, 0, "11,25 20x10"), Case(10, 24, "11,25 20x10"), Case(11, 25, "11,25 20x10"),
+          Case(12, 26, "12,26 20x10"), Case(5, -9, "11,25 20x10"), Case(310, 192, "310,192 8x3")}) {
+        make(8, VEL_TYPE_WINDOW, x, y, 20, 10);
+        EXPECT_EQ(box_painted(8), box) << x;
     }
     for (const uint32_t type : {0U, 2U, 3U, 4U, 5U, 6U, 7U, 8U, 9U, 12U}) {
         make(8, type, 0, 0, 20, 10);
@@ -64,18 +62,15 @@ TEST_F(Paint, top_level_windows_are_kept_off_the_corner_and_others_are_not) {
 // The master admits 103 to 152 and 53 to 102.
 TEST_F(Paint, dependents_are_cut_by_their_master) {
     set_margins(make(8, VEL_TYPE_LABEL, 100, 50, 56, 56), 3);
-    const struct {
-        int x, y;
-        uint32_t width, height;
-        const char *box;
-    } places[] = {{110, 60, 5, 6, "110,60 5x6"},    {103, 53, 50, 50, "103,53 50x50"},
-                  {90, 60, 20, 6, "103,60 7x6"},    {150, 60, 20, 6, "150,60 3x6"},
-                  {110, 40, 5, 20, "110,53 5x7"},   {110, 100, 5, 20, "110,100 5x3"},
-                  {0, 0, 300, 190, "103,53 50x50"}, {10, 60, 20, 6, ""},
-                  {152, 102, 1, 1, "152,102 1x1"},  {153, 60, 5, 6, ""}};
-    for (const auto &c : places) {
-        make(9, VEL_TYPE_LABEL, c.x, c.y, c.width, c.height).master = 8;
-        EXPECT_EQ(box_painted(9), c.box) << c.x << "," << c.y;
+    using Case = std::tuple<int, int, uint32_t, uint32_t, const char *>;
+    for (const auto &[x, y, width, height, box] :
+         {Case(110, 60, 5, 6, "110,60 5x6"), Case(103, 53, 50, 50, "103,53 50x50"),
+          Case(90, 60, 20, 6, "103,60 7x6"), Case(150, 60, 20, 6, "150,60 3x6"),
+          Case(110, 40, 5, 20, "110,53 5x7"), Case(110, 100, 5, 20, "110,100 5x3"),
+          Case(0, 0, 300, 190, "103,53 50x50"), Case(10, 60, 20, 6, ""),
+          Case(152, 102, 1, 1, "152,102 1x1"), Case(153, 60, 5, 6, "")}) {
+        make(9, VEL_TYPE_LABEL, x, y, width, height).master = 8;
+        EXPECT_EQ(box_painted(9), box) << x << "," << y;
     }
     for (const uint32_t type : {0U, 1U, 2U, 3U, 4U, 5U, 6U, 7U, 8U, 9U, 10U}) {
         make(9, type, 110, 60, 5, 6).master = 8;
@@ -94,25 +89,20 @@ TEST_F(Paint, a_cut_picture_shows_the_part_that_lies_inside) {
     make(8, VEL_TYPE_LABEL, 100, 50, 50, 45);
     vel_object &o = make(9, VEL_TYPE_PICTURE, 0, 0, 90, 80, 8);
     o.image = picture;
-    const struct {
-        int x, y;
-        uint32_t master;
-        SDL_Rect shown;
-    } cases[] = {{110, 60, 8, {110, 60, 40, 35}},
-                 {90, 40, 8, {100, 50, 50, 45}},
-                 {20, -20, 8, {100, 50, 10, 10}},
-                 {90, 70, 8, {100, 70, 50, 25}},
-                 {30, 20, 0, {30, 20, 90, 80}}};
-    for (const auto &c : cases) {
+    using Case = std::tuple<int, int, uint32_t, SDL_Rect>;
+    for (const auto &[x, y, master, shown] :
+         {Case(110, 60, 8, {110, 60, 40, 35}), Case(90, 40, 8, {100, 50, 50, 45}),
+          Case(20, -20, 8, {100, 50, 10, 10}), Case(90, 70, 8, {100, 70, 50, 25}),
+          Case(30, 20, 0, {30, 20, 90, 80})}) {
         clear();
-        o.x = test::u32(c.x), o.y = test::u32(c.y), o.master = c.master;
+        o.x = test::u32(x), o.y = test::u32(y), o.master = master;
         vel_evoke_object(&ctx, 9);
         test::fill(wanted_, test::white);
-        SDL_Rect from{static_cast<Sint16>(c.shown.x - c.x), static_cast<Sint16>(c.shown.y - c.y),
-                      c.shown.w, c.shown.h};
-        SDL_Rect to = c.shown;
+        SDL_Rect from{static_cast<Sint16>(shown.x - x), static_cast<Sint16>(shown.y - y), shown.w,
+                      shown.h};
+        SDL_Rect to = shown;
         SDL_BlitSurface(picture, &from, wanted_, &to);
-        EXPECT_EQ(difference(wanted_), "") << c.x << "," << c.y;
+        EXPECT_EQ(difference(wanted_), "") << x << "," << y;
     }
 }
 
@@ -192,23 +182,20 @@ TEST_F(Paint, lines_of_a_centred_window_leave_their_offset) {
 }
 
 TEST_F(Paint, texts_need_a_font_a_text_and_one_of_40_lines) {
-    const struct {
-        uint32_t type, font_choice, line;
-        const char *text;
-        bool shows;
-    } cases[] = {{1, 0, 0, "x", true},  {3, 0, 0, "x", true},  {3, 0, 0, "", false},
-                 {8, 0, 0, "", true},   {7, 0, 0, "x", false}, {9, 0, 0, "x", false},
-                 {3, 1, 0, "x", false}, {3, 2, 0, "x", false}, {3, 0, 39, "x", true},
-                 {3, 0, 40, "x", false}};
-    for (const auto &c : cases) {
-        vel_object &o = make_white(c.type, 20, 30, 200, 100);
-        o.font_choice = c.font_choice; // the object's own font is none
+    using Case = std::tuple<uint32_t, uint32_t, uint32_t, const char *, bool>;
+    for (const auto &[type, font_choice, number, text, shows] :
+         {Case(1, 0, 0, "x", true), Case(3, 0, 0, "x", true), Case(3, 0, 0, "", false),
+          Case(8, 0, 0, "", true), Case(7, 0, 0, "x", false), Case(9, 0, 0, "x", false),
+          Case(3, 1, 0, "x", false), Case(3, 2, 0, "x", false), Case(3, 0, 39, "x", true),
+          Case(3, 0, 40, "x", false)}) {
+        vel_object &o = make_white(type, 20, 30, 200, 100);
+        o.font_choice = font_choice; // the object's own font is none
         o.number_of_lines = 45;
-        o.scroll_y = 0 - c.line * height();
-        set_text(1, c.text);
+        o.scroll_y = 0 - number * height();
+        set_text(1, text);
         std::fill_n(&buffers[1][0], 2 * VEL_TEXT_BUFFER_SIZE, '\0');
-        std::strcpy(line(1, c.line), "line");
-        EXPECT_EQ(differs_from(c.shows ? "line" : " ", 20, 30), "") << c.type << " " << c.line;
+        std::strcpy(line(1, number), "line");
+        EXPECT_EQ(differs_from(shows ? "line" : " ", 20, 30), "") << type << " " << number;
     }
 }
 
@@ -251,12 +238,7 @@ TEST_F(Paint, border_styles_place_their_lines_over_body_and_text) {
 TEST_F(Paint, border_lines_end_at_their_limits) {
     make(8, VEL_TYPE_LABEL, 100, 50, 6, 5);
     ctx.screen_rect = {10, 10, 20, 20};
-    const struct {
-        uint32_t master;
-        int x, y;
-        uint32_t width, height;
-        const char *pixels;
-    } cases[] = {
+    const std::tuple<uint32_t, int, int, uint32_t, uint32_t, const char *> cases[] = {
         {8, 101, 48, 3, 5, "101,50 103,50 101,51 103,51 101,52 102,52 103,52"}, // no top line
         {8, 99, 51, 3, 2, "100,51 101,51 100,52 101,52"},                       // no left line
         {8, 104, 49, 9, 9, "104,50 104,51 104,52 104,53 104,54"}, // left line only, across
@@ -265,14 +247,14 @@ TEST_F(Paint, border_lines_end_at_their_limits) {
         {0, 10, 27, 4, 4, "11,27 12,27 13,27 13,28"},
         {0, 27, 9, 4, 4, "27,11 27,12 28,12"},
     };
-    for (const auto &c : cases) {
+    for (const auto &[master, x, y, width, height, shown] : cases) {
         clear();
-        vel_object &o = make(9, VEL_TYPE_PICTURE_UNLOADED, c.x, c.y, c.width, c.height);
-        o.master = c.master;
+        vel_object &o = make(9, VEL_TYPE_PICTURE_UNLOADED, x, y, width, height);
+        o.master = master;
         o.border_style = VEL_BORDER_SHADOW;
         o.border_b = 255;
         vel_evoke_borders(&ctx, 9);
-        EXPECT_EQ(pixels(test::blue), c.pixels) << c.x << "," << c.y;
+        EXPECT_EQ(pixels(test::blue), shown) << x << "," << y;
     }
 }
 

@@ -15,24 +15,15 @@ INSTANTIATE_TEST_SUITE_P(Depths, Primitives, testing::Values(8, 16, 32));
 // A falling run may end at 0. Lines of one pixel and slanted ones are none, and neither is one from
 // -5 to 5, whose end is below its start, unsigned.
 TEST_P(Primitives, lines_run_both_ways_with_both_ends) {
-    const std::tuple<std::array<uint32_t, 4>, const char *> cases[] = {
-        {{10, 5, 7, 5}, "7,5 4x1"},
-        {{7, 5, 10, 5}, "7,5 4x1"},
-        {{3, 2, 3, 4}, "3,2 1x3"},
-        {{3, 4, 3, 2}, "3,2 1x3"},
-        {{3, 2, 3, 0}, "3,0 1x3"},
-        {{1, 0, 0, 0}, "0,0 2x1"},
-        {{4, 4, 4, 4}, ""},
-        {{4, 4, 6, 6}, ""},
-        {{317, 9, 400, 9}, "317,9 3x1"},
-        {{400, 9, 317, 9}, "317,9 3x1"},
-        {{8, 198, 8, 0x7FFFFFFF}, "8,198 1x2"},
-        {{0xFFFFFFFB, 5, 5, 5}, ""},
-        {{5, 5, 0xFFFFFFFB, 5}, ""},
-        {{320, 5, 330, 5}, ""},
-        {{5, 200, 9, 200}, ""},
-        {{320, 0, 320, 9}, ""}};
-    for (const auto &[ends, box] : cases) {
+    using Case = std::tuple<std::array<uint32_t, 4>, const char *>;
+    for (const auto &[ends, box] :
+         {Case({10, 5, 7, 5}, "7,5 4x1"), Case({7, 5, 10, 5}, "7,5 4x1"),
+          Case({3, 2, 3, 4}, "3,2 1x3"), Case({3, 4, 3, 2}, "3,2 1x3"),
+          Case({3, 2, 3, 0}, "3,0 1x3"), Case({1, 0, 0, 0}, "0,0 2x1"), Case({4, 4, 4, 4}, ""),
+          Case({4, 4, 6, 6}, ""), Case({317, 9, 400, 9}, "317,9 3x1"),
+          Case({400, 9, 317, 9}, "317,9 3x1"), Case({8, 198, 8, 0x7FFFFFFF}, "8,198 1x2"),
+          Case({0xFFFFFFFB, 5, 5, 5}, ""), Case({5, 5, 0xFFFFFFFB, 5}, ""),
+          Case({320, 5, 330, 5}, ""), Case({5, 200, 9, 200}, ""), Case({320, 0, 320, 9}, "")}) {
         clear();
         vel_draw_line(&ctx, ends[0], ends[1], ends[2], ends[3], 255, 0, 0);
         EXPECT_EQ(box_of(test::red), box) << ends[0] << "," << ends[1];
@@ -40,7 +31,8 @@ TEST_P(Primitives, lines_run_both_ways_with_both_ends) {
 }
 
 TEST_P(Primitives, pixels_outside_the_surface_are_dropped_and_boxes_cut_to_16_bits) {
-    for (const auto &[x, y] : {std::pair{319U, 199U}, {320U, 0U}, {0U, 200U}, {0xFFFFFFFFU, 0U}}) {
+    using Case = std::pair<uint32_t, uint32_t>;
+    for (const auto &[x, y] : {Case(319, 199), Case(320, 0), Case(0, 200), Case(0xFFFFFFFF, 0)}) {
         vel_draw_pixel(&ctx, x, y, 255, 0, 0);
     }
     EXPECT_EQ(box_of(test::red), "319,199 1x1");
@@ -50,10 +42,10 @@ TEST_P(Primitives, pixels_outside_the_surface_are_dropped_and_boxes_cut_to_16_bi
 }
 
 TEST_P(Primitives, rectangles_have_no_sides_of_one_pixel) {
-    for (const auto &[width, height, shown] : {std::tuple{1U, 4U, "5,6 5,7 5,8 5,9"},
-                                               {3U, 1U, "5,6 6,6 7,6"},
-                                               {1U, 1U, ""},
-                                               {3U, 3U, "5,6 6,6 7,6 5,7 7,7 5,8 6,8 7,8"}}) {
+    using Case = std::tuple<uint32_t, uint32_t, const char *>;
+    for (const auto &[width, height, shown] :
+         {Case(1, 4, "5,6 5,7 5,8 5,9"), Case(3, 1, "5,6 6,6 7,6"), Case(1, 1, ""),
+          Case(3, 3, "5,6 6,6 7,6 5,7 7,7 5,8 6,8 7,8")}) {
         clear();
         vel_draw_rectangle(&ctx, 5, 6, width, height, 255, 0, 0);
         EXPECT_EQ(pixels(test::red), shown);

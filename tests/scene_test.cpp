@@ -44,10 +44,11 @@ TEST_F(Scene, windows_are_over_the_desktop_and_frame_buttons_over_all) {
     make_coloured(7, VEL_TYPE_LABEL, 95, 95, 16, dark);
     stack({10, 9, 8});
     draw();
-    const std::tuple<int, vel_colour> places[] = {
-        {42, grey},       {50, {6, 6, 6}},    {62, test::red}, {75, {5, 5, 5}},
-        {85, test::blue}, {115, test::black}, {105, dark}};
-    for (const auto &[place, colour] : places) EXPECT_EQ(at(place, place), colour) << place;
+    using Case = std::tuple<int, vel_colour>;
+    for (const auto &[place, colour] :
+         {Case(42, grey), Case(50, {6, 6, 6}), Case(62, test::red), Case(75, {5, 5, 5}),
+          Case(85, test::blue), Case(115, test::black), Case(105, dark)})
+        EXPECT_EQ(at(place, place), colour) << place;
     // The same windows in another order: 8 in front hides the others where they overlap.
     stack({8, 10, 9});
     objects[7].hidden = 1;
@@ -57,38 +58,35 @@ TEST_F(Scene, windows_are_over_the_desktop_and_frame_buttons_over_all) {
 }
 
 TEST_F(Scene, what_is_not_on_the_desktop_or_the_stack_is_not_drawn) {
-    const struct {
-        uint32_t number, type, hidden, width, height, master;
-        bool shows;
-    } free[] = {
-        {9, 2, 0, 20, 20, 0, true},  {9, 2, 1, 20, 20, 0, false},  {9, 2, 0, 0, 20, 0, false},
-        {9, 2, 0, 20, 0, 0, false},  {9, 2, 0, 20, 20, 10, false}, {9, 1, 0, 20, 20, 0, false},
-        {9, 3, 0, 20, 20, 0, false}, {9, 0, 0, 20, 20, 0, false},  {9, 7, 0, 20, 20, 0, true},
-        {9, 11, 0, 20, 20, 0, true}, {8, 2, 0, 20, 20, 0, true},   {29, 2, 0, 20, 20, 0, true}};
-    for (const auto &c : free) {
+    using Case = std::tuple<uint32_t, uint32_t, uint32_t, uint32_t, uint32_t, uint32_t, bool>;
+    for (const auto &[number, type, hidden, width, height, master, shows] :
+         {Case(9, 2, 0, 20, 20, 0, true), Case(9, 2, 1, 20, 20, 0, false),
+          Case(9, 2, 0, 0, 20, 0, false), Case(9, 2, 0, 20, 0, 0, false),
+          Case(9, 2, 0, 20, 20, 10, false), Case(9, 1, 0, 20, 20, 0, false),
+          Case(9, 3, 0, 20, 20, 0, false), Case(9, 0, 0, 20, 20, 0, false),
+          Case(9, 7, 0, 20, 20, 0, true), Case(9, 11, 0, 20, 20, 0, true),
+          Case(8, 2, 0, 20, 20, 0, true), Case(29, 2, 0, 20, 20, 0, true)}) {
         std::fill_n(objects, 30, vel_object{});
-        make(c.number, c.type, 50, 50, c.width, c.height).hidden = c.hidden;
-        objects[c.number].master = c.master;
+        make(number, type, 50, 50, width, height).hidden = hidden;
+        objects[number].master = master;
         draw();
-        EXPECT_EQ(at(55, 55) == test::red, c.shows) << c.number << " " << c.type;
+        EXPECT_EQ(at(55, 55) == test::red, shows) << number << " " << type;
     }
-    const struct {
-        uint32_t top, count, active, hidden, width, type;
-        bool shows;
-    } windows[] = {{9, 1, 9, 0, 20, 1, true},  {0, 1, 9, 0, 20, 1, false},
-                   {9, 1, 0, 0, 20, 1, false}, {9, 1, 9, 1, 20, 1, false},
-                   {8, 2, 8, 0, 20, 1, true},  {8, 1, 8, 0, 20, 1, false},
-                   {8, 2, 8, 1, 20, 1, false}, {8, 2, 8, 0, 0, 1, false},
-                   {8, 2, 8, 0, 20, 3, false}, {8, 200, 8, 0, 20, 1, true}};
+    using Other = std::tuple<uint32_t, uint32_t, uint32_t, uint32_t, uint32_t, uint32_t, bool>;
+    const Other windows[] = {Other(9, 1, 9, 0, 20, 1, true),  Other(0, 1, 9, 0, 20, 1, false),
+                             Other(9, 1, 0, 0, 20, 1, false), Other(9, 1, 9, 1, 20, 1, false),
+                             Other(8, 2, 8, 0, 20, 1, true),  Other(8, 1, 8, 0, 20, 1, false),
+                             Other(8, 2, 8, 1, 20, 1, false), Other(8, 2, 8, 0, 0, 1, false),
+                             Other(8, 2, 8, 0, 20, 3, false), Other(8, 200, 8, 0, 20, 1, true)};
     make(8, VEL_TYPE_WINDOW, 200, 50, 20, 20);
     objects[29] = {};
-    for (const auto &c : windows) {
-        make(9, c.type, 50, 50, c.width, 20).hidden = c.hidden;
-        stack({c.top, 9});
-        ctx.window_count = c.count;
-        ctx.active_window = c.active;
+    for (const auto &[top, count, active, hidden, width, type, shows] : windows) {
+        make(9, type, 50, 50, width, 20).hidden = hidden;
+        stack({top, 9});
+        ctx.window_count = count;
+        ctx.active_window = active;
         draw();
-        EXPECT_EQ(at(55, 55) == test::red, c.shows) << c.top << " " << c.count << " " << c.active;
+        EXPECT_EQ(at(55, 55) == test::red, shows) << top << " " << count << " " << active;
     }
 }
 
@@ -136,20 +134,17 @@ TEST_F(Scene, marks_move_windows_that_are_too_close_to_the_corner) {
 TEST_F(Scene, dependents_are_hidden_when_no_part_of_them_lies_inside) {
     make(8, VEL_TYPE_WINDOW, 100, 100, 50, 50);
     vel_object &o = make(9, VEL_TYPE_LABEL, 0, 0, 0, 0, 8);
-    const struct {
-        int start;
-        uint32_t size;
-        bool shows;
-    } cases[] = {{110, 10, true},  {90, 10, false}, {91, 10, true}, {149, 10, true},
-                 {150, 10, false}, {0, 300, true},  {99, 2, true},  {98, 2, false},
-                 {99, 51, true},   {99, 52, true},  {149, 1, true}};
-    for (const auto &c : cases) {
+    using Case = std::tuple<int, uint32_t, bool>;
+    for (const auto &[start, size, shows] :
+         {Case(110, 10, true), Case(90, 10, false), Case(91, 10, true), Case(149, 10, true),
+          Case(150, 10, false), Case(0, 300, true), Case(99, 2, true), Case(98, 2, false),
+          Case(99, 51, true), Case(99, 52, true), Case(149, 1, true)}) {
         for (const bool across : {true, false}) {
             o.x = o.y = 110, o.width = o.height = 10;
-            (across ? o.x : o.y) = test::u32(c.start);
-            (across ? o.width : o.height) = c.size;
+            (across ? o.x : o.y) = test::u32(start);
+            (across ? o.width : o.height) = size;
             vel_switch_dep_object(&ctx, 8);
-            EXPECT_EQ(o.hidden, c.shows ? 0U : 1U) << c.start << " " << c.size << across;
+            EXPECT_EQ(o.hidden, shows ? 0U : 1U) << start << " " << size << across;
         }
     }
     // Menus, and what has no size, keep what they are.
@@ -200,16 +195,10 @@ TEST_F(Scene, the_cursor_is_drawn_where_it_is) {
     vel_object &o = make(9, VEL_TYPE_ENTRY, 110, 70, 50, 30, 8);
     stack({8});
     o.cursor_x = objects[8].cursor_x = 120, o.cursor_y = objects[8].cursor_y = 75;
-    for (const auto &[type, shows] : {std::pair{0U, false},
-                                      {1U, true},
-                                      {2U, false},
-                                      {3U, true},
-                                      {4U, false},
-                                      {5U, true},
-                                      {6U, true},
-                                      {7U, false},
-                                      {8U, true},
-                                      {9U, false}}) {
+    using Case = std::pair<uint32_t, bool>;
+    for (const auto &[type, shows] :
+         {Case(0, false), Case(1, true), Case(2, false), Case(3, true), Case(4, false),
+          Case(5, true), Case(6, true), Case(7, false), Case(8, true), Case(9, false)}) {
         o.type = type;
         for (const uint32_t cursor : {0U, 9U}) {
             ctx.cursor_object = cursor;
@@ -228,11 +217,10 @@ TEST_F(Scene, the_cursor_is_drawn_where_it_is) {
 
 TEST_F(Scene, formatting_comes_first_when_asked_for) {
     make_text(9, "word", 200).hidden = 1;
-    const std::tuple<uint32_t, uint32_t, uint32_t> kinds[] = {{10, VEL_TYPE_LABEL, 100},
-                                                              {11, VEL_TYPE_ENTRY, 100},
-                                                              {12, VEL_TYPE_NUMBER, 100},
-                                                              {13, VEL_TYPE_LABEL, 0}};
-    for (const auto &[number, type, width] : kinds)
+    using Case = std::tuple<uint32_t, uint32_t, uint32_t>;
+    for (const auto &[number, type, width] :
+         {Case(10, VEL_TYPE_LABEL, 100), Case(11, VEL_TYPE_ENTRY, 100),
+          Case(12, VEL_TYPE_NUMBER, 100), Case(13, VEL_TYPE_LABEL, 0)})
         set_label(make(number, type, 0, 0, width, 50), "two\nlines");
     std::string stream = "flows";
     make(14, VEL_TYPE_CHAIN, 0, 0, 99, 99).stream = stream.data();
@@ -261,30 +249,27 @@ TEST_F(Scene, erasing_covers_the_whole_rectangle_and_no_shadow) {
 
 TEST_F(Scene, the_display_is_shown_what_was_drawn_and_only_where_it_is) {
     stack({8});
-    const struct {
-        int x;
-        uint32_t width;
-        SDL_Rect screen;
-        Names shown_all, shown_window;
-    } cases[] = {{100, 60, {0, 0, 320, 200}, {"0,0 320x200"}, {"100,50 60x70"}},
-                 {290, 60, {10, 20, 30, 40}, {"10,20 30x40"}, {"290,50 28x70"}},
-                 {100, 60, {-5, -6, 4000, 4000}, {"0,0 320x200"}, {"100,50 60x70"}},
-                 {100, 60, {300, 190, 40, 40}, {"300,190 20x10"}, {"100,50 60x70"}},
-                 {100, 60, {400, 300, 40, 40}, {}, {"100,50 60x70"}},
-                 {400, 50, {0, 0, 320, 200}, {"0,0 320x200"}, {}}}; // its cut size wraps
-    for (const auto &c : cases) {
-        make(8, VEL_TYPE_WINDOW, c.x, 50, c.width, 70);
-        ctx.screen_rect = c.screen;
+    using Case = std::tuple<int, uint32_t, SDL_Rect, Names, Names>;
+    const Case cases[] = {
+        Case(100, 60, {0, 0, 320, 200}, {"0,0 320x200"}, {"100,50 60x70"}),
+        Case(290, 60, {10, 20, 30, 40}, {"10,20 30x40"}, {"290,50 28x70"}),
+        Case(100, 60, {-5, -6, 4000, 4000}, {"0,0 320x200"}, {"100,50 60x70"}),
+        Case(100, 60, {300, 190, 40, 40}, {"300,190 20x10"}, {"100,50 60x70"}),
+        Case(100, 60, {400, 300, 40, 40}, {}, {"100,50 60x70"}),
+        Case(400, 50, {0, 0, 320, 200}, {"0,0 320x200"}, {})}; // its cut size wraps
+    for (const auto &[x, width, screen, shown_all, shown_window] : cases) {
+        make(8, VEL_TYPE_WINDOW, x, 50, width, 70);
+        ctx.screen_rect = screen;
         test::updates().clear();
         vel_draw_all_objects(&ctx, 0, 0);
         EXPECT_EQ(test::updates(), Names{});
         vel_draw_all_objects(&ctx, 0, 1);
-        EXPECT_EQ(test::updates(), c.shown_all) << c.x << " " << c.screen.x;
+        EXPECT_EQ(test::updates(), shown_all) << x << " " << screen.x;
         test::updates().clear();
         clear();
         vel_draw_and_screenup_selected_window(&ctx);
-        EXPECT_EQ(test::updates(), c.shown_window) << c.x;
-        EXPECT_EQ(at(110, 60) == test::red, c.x == 100);
+        EXPECT_EQ(test::updates(), shown_window) << x;
+        EXPECT_EQ(at(110, 60) == test::red, x == 100);
     }
 }
 

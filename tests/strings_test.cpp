@@ -4,16 +4,12 @@
 namespace {
 
 TEST(Strings, compare_looks_at_the_last_pair_only) {
-    for (const auto &[a, b, n, verdict] : {std::tuple{"ab", "xb", 10U, 1U},
-                                           {"ab", "abc", 10U, 2U},
-                                           {"abc", "ab", 10U, 2U},
-                                           {"", "x", 0U, 0U},
-                                           {"", "", 5U, 1U},
-                                           {"abX", "abY", 1U, 1U},
-                                           {"abX", "abY", 2U, 2U},
-                                           {"abXd", "abYd", 3U, 1U},
-                                           {"ax", "ay", 2U, 2U},
-                                           {"", "x", 1U, 2U}}) {
+    using Case = std::tuple<const char *, const char *, uint32_t, uint32_t>;
+    for (const auto &[a, b, n, verdict] :
+         {Case("ab", "xb", 10, 1), Case("ab", "abc", 10, 2), Case("abc", "ab", 10, 2),
+          Case("", "x", 0, 0), Case("", "", 5, 1), Case("abX", "abY", 1, 1),
+          Case("abX", "abY", 2, 2), Case("abXd", "abYd", 3, 1), Case("ax", "ay", 2, 2),
+          Case("", "x", 1, 2)}) {
         EXPECT_EQ(vel_strcmp(a, b, n), verdict) << a << " " << b;
     }
 }
@@ -27,8 +23,9 @@ TEST(Strings, lengths_count_characters_before_the_nul) {
 }
 
 TEST(Strings, partial_copies_end_with_a_nul_and_may_move_a_string_to_the_left) {
+    using Case = std::pair<uint32_t, const char *>;
     for (const auto &[n, copy] :
-         {std::pair{0U, "a"}, {1U, "ab"}, {2U, "abc"}, {9U, "abc"}, {0xFFFFFFFFU, "abc"}}) {
+         {Case(0, "a"), Case(1, "ab"), Case(2, "abc"), Case(9, "abc"), Case(0xFFFFFFFF, "abc")}) {
         char destination[8] = "#######";
         vel_copy_st_first_part(n, "abc", destination);
         EXPECT_STREQ(destination, copy) << n;
@@ -58,13 +55,11 @@ TEST(Numbers, digits_are_converted_both_ways) {
 }
 
 TEST(Numbers, strings_are_read_up_to_nine_digits) {
-    for (const auto &[string, value] : {std::pair{"", 0U},
-                                        {"7", 7U},
-                                        {"12a4", 1204U},
-                                        {"-5", 5U},
-                                        {"123456789", 123456789U},
-                                        {"1234567890", 123456789U},
-                                        {"123456789012", 123456789U}}) {
+    using Case = std::pair<const char *, uint32_t>;
+    for (const auto &[string, value] :
+         {Case("", 0), Case("7", 7), Case("12a4", 1204), Case("-5", 5),
+          Case("123456789", 123456789), Case("1234567890", 123456789),
+          Case("123456789012", 123456789)}) {
         uint32_t read = 77;
         vel_transform_str_to_num(string, &read);
         EXPECT_EQ(read, value) << string;
@@ -73,17 +68,12 @@ TEST(Numbers, strings_are_read_up_to_nine_digits) {
 
 // Digits are counted in single precision, and numbers beyond 31 bits have none.
 TEST(Numbers, are_written_with_a_digit_too_many_below_large_powers_of_ten) {
-    for (const auto &[value, written] : {std::pair{0U, "0"},
-                                         {9U, "9"},
-                                         {10U, "10"},
-                                         {99U, "99"},
-                                         {100U, "100"},
-                                         {65535U, "65535"},
-                                         {1000000U, "1000000"},
-                                         {2147483647U, "2147483647"},
-                                         {99999999U, "999999999"},
-                                         {999999999U, "9999999999"},
-                                         {2147483648U, "##########"}}) {
+    using Case = std::pair<uint32_t, const char *>;
+    for (const auto &[value, written] :
+         {Case(0, "0"), Case(9, "9"), Case(10, "10"), Case(99, "99"), Case(100, "100"),
+          Case(65535, "65535"), Case(1000000, "1000000"), Case(2147483647, "2147483647"),
+          Case(99999999, "999999999"), Case(999999999, "9999999999"),
+          Case(2147483648, "##########")}) {
         char destination[12] = "###########";
         EXPECT_EQ(vel_transform_num_to_str(&value, destination), std::strlen(written)) << value;
         EXPECT_STREQ(destination, written);
@@ -91,13 +81,10 @@ TEST(Numbers, are_written_with_a_digit_too_many_below_large_powers_of_ten) {
 }
 
 TEST(Numbers, powers_of_ten_wrap_and_begin_with_ten) {
-    for (const auto &[exponent, power] : {std::pair{0U, 10U},
-                                          {1U, 10U},
-                                          {2U, 100U},
-                                          {9U, 1000000000U},
-                                          {10U, 1410065408U},
-                                          {32U, 0U},
-                                          {4000000000U, 0U}}) {
+    using Case = std::pair<uint32_t, uint32_t>;
+    for (const auto &[exponent, power] :
+         {Case(0, 10), Case(1, 10), Case(2, 100), Case(9, 1000000000), Case(10, 1410065408),
+          Case(32, 0), Case(4000000000, 0)}) {
         EXPECT_EQ(vel_zehnerpotenz(exponent), power) << exponent;
     }
 }

@@ -59,20 +59,14 @@ TEST_F(Windows, the_stack_keeps_what_was_opened_last_in_front) {
     make(20, VEL_TYPE_WINDOW, 0, 0, 9, 9); // visible from the start, so never counted
     make(21, VEL_TYPE_WINDOW, 0, 0, 9, 9).master = 8;
     make(22, VEL_TYPE_TEXT, 0, 0, 9, 9);
-    const std::pair<std::vector<int>, std::string> cases[] = {
-        {{8, 9, 10, 11, 12}, "12 of 5: 12 11 10 9 8"},
-        {{8, 9, 10, 11, 12, 9}, "9 of 5: 9 12 11 10 8"},
-        {{8, 9, 13, 9}, "9 of 2: 9 8"},
-        {{10, 9, 8, 0}, "9 of 2: 9 10"},
-        {{10, 9, 8, -9, -9, -12}, "8 of 2: 8 10"},
-        {{8, 9, 0, 0, 0}, "0 of 0:"},
-        {{8, 9, -8}, "9 of 1: 9"},
-        {{21, 8}, "8 of 1: 8"},
-        {{22, 8}, "8 of 1: 8"},
-        {{20, 8}, "8 of 1: 8"},
-        {{20}, "20 of 0: 20"},
-        {{20, -20}, "20 of 0: 20"}};
-    for (const auto &[steps, wanted] : cases) {
+    using Case = std::pair<std::vector<int>, std::string>;
+    for (const auto &[steps, wanted] :
+         {Case({8, 9, 10, 11, 12}, "12 of 5: 12 11 10 9 8"),
+          Case({8, 9, 10, 11, 12, 9}, "9 of 5: 9 12 11 10 8"), Case({8, 9, 13, 9}, "9 of 2: 9 8"),
+          Case({10, 9, 8, 0}, "9 of 2: 9 10"), Case({10, 9, 8, -9, -9, -12}, "8 of 2: 8 10"),
+          Case({8, 9, 0, 0, 0}, "0 of 0:"), Case({8, 9, -8}, "9 of 1: 9"),
+          Case({21, 8}, "8 of 1: 8"), Case({22, 8}, "8 of 1: 8"), Case({20, 8}, "8 of 1: 8"),
+          Case({20}, "20 of 0: 20"), Case({20, -20}, "20 of 0: 20")}) {
         for (const int step : steps) step > 0 ? open(u32(step)) : vel_close_win(&ctx, u32(-step));
         EXPECT_EQ(state(), wanted);
         for (uint32_t k = 8; k <= 12; ++k) {
@@ -131,10 +125,10 @@ TEST_F(Windows, frame_buttons_are_in_a_row_that_ends_with_the_window) {
     const std::string full = "1:288 2:304 3:320 4:336 5:352 6:368 7:384 ", reduced = "1:368 7:384 ";
     const std::string cut =
         "1:526 2:542 3:558 4:574 5:590 6:606 7:622 "; // the screen cuts it at 638
-    const std::tuple<uint32_t, uint32_t, uint32_t, std::string> cases[] = {
-        {0, 100, 0, full}, {1, 100, 0, reduced}, {2, 0, 0, reduced},
-        {0, 500, 0, cut},  {0, 100, 1, ""},      {2, 100, 1, ""}};
-    for (const auto &[kind, x, hidden, shown] : cases) {
+    using Case = std::tuple<uint32_t, uint32_t, uint32_t, std::string>;
+    for (const auto &[kind, x, hidden, shown] :
+         {Case(0, 100, 0, full), Case(1, 100, 0, reduced), Case(2, 0, 0, reduced),
+          Case(0, 500, 0, cut), Case(0, 100, 1, ""), Case(2, 100, 1, "")}) {
         objects[8].window_kind = kind, objects[8].x = x, objects[8].hidden = hidden;
         vel_set_operators(&ctx);
         EXPECT_EQ(buttons(), shown) << kind << " " << x;
@@ -153,7 +147,8 @@ TEST_F(Windows, the_cursor_goes_to_the_first_object_that_takes_it) {
     make_field(20, 230, 70, 0, 20, 9); // no area
     objects[10].editable = 1;          // the window itself
     objects[11].editable = 2;          // what was before
-    for (const auto &[window, cursor] : {std::pair{8U, 18U}, {9U, 0U}, {10U, 10U}, {11U, 10U}}) {
+    using Case = std::pair<uint32_t, uint32_t>;
+    for (const auto &[window, cursor] : {Case(8, 18), Case(9, 0), Case(10, 10), Case(11, 10)}) {
         open(window);
         EXPECT_EQ(ctx.cursor_object, cursor) << window;
     }
@@ -222,14 +217,11 @@ TEST_F(Windows, selecting_activates_windows_and_moves_the_cursor) {
 TEST_F(Windows, resizing_stops_at_its_limits_and_draws) {
     objects[8].x = objects[8].y = 30;
     open(8);
-    for (const auto &[across, grows, before, after] : {std::tuple{true, true, 266U, 270U},
-                                                       {true, true, 270U, 270U},
-                                                       {false, true, 129U, 133U},
-                                                       {false, true, 150U, 150U},
-                                                       {true, false, 21U, 17U},
-                                                       {true, false, 20U, 20U},
-                                                       {false, false, 22U, 18U},
-                                                       {false, false, 20U, 20U}}) {
+    using Case = std::tuple<bool, bool, uint32_t, uint32_t>;
+    for (const auto &[across, grows, before, after] :
+         {Case(true, true, 266, 270), Case(true, true, 270, 270), Case(false, true, 129, 133),
+          Case(false, true, 150, 150), Case(true, false, 21, 17), Case(true, false, 20, 20),
+          Case(false, false, 22, 18), Case(false, false, 20, 20)}) {
         vel_object &o = objects[8];
         o.width = o.height = 60;
         (across ? o.width : o.height) = before;
@@ -309,11 +301,10 @@ TEST_F(Windows, moved_dependents_take_their_cursors_along) {
     make_field(19, 200, 75, 5, 5, 18);
     make(20, VEL_TYPE_ENTRY, 200, 75, 5, 5, 8); // not editable
     objects[13].editable = objects[18].editable = 1;
+    using Case = std::tuple<uint32_t, bool, bool, bool, bool>;
     for (const auto &[number, by_move, cursor_by_move, by_shift, cursor_by_shift] :
-         {std::tuple{13U, true, false, true, true},
-          {18U, true, false, false, false},
-          {19U, true, true, false, false},
-          {20U, true, false, true, false}}) {
+         {Case(13, true, false, true, true), Case(18, true, false, false, false),
+          Case(19, true, true, false, false), Case(20, true, false, true, false)}) {
         for (const bool is_move : {true, false}) {
             set_places(number, 100);
             (is_move ? vel_update_dep_objs_after_move
@@ -343,15 +334,11 @@ TEST_F(Windows, frame_buttons_do_what_the_mode_says) {
         return Change{o.width - 100, o.height - 100, o.scroll_x, o.scroll_y};
     };
     const uint32_t back4 = u32(-4), back10 = u32(-10);
-    const std::tuple<uint32_t, Change, Change> cases[] = {{1, {}, {}},
-                                                          {2, {0, back4}, {0, 0, 0, 10}},
-                                                          {3, {0, 4}, {0, 0, 0, back10}},
-                                                          {4, {}, {}},
-                                                          {5, {back4}, {0, 0, 10}},
-                                                          {6, {4}, {0, 0, back10}},
-                                                          {7, {}, {}},
-                                                          {13, {}, {}}};
-    for (const auto &[button, resized, scrolled] : cases) {
+    using Case = std::tuple<uint32_t, Change, Change>;
+    for (const auto &[button, resized, scrolled] :
+         {Case(1, {}, {}), Case(2, {0, back4}, {0, 0, 0, 10}), Case(3, {0, 4}, {0, 0, 0, back10}),
+          Case(4, {}, {}), Case(5, {back4}, {0, 0, 10}), Case(6, {4}, {0, 0, back10}),
+          Case(7, {}, {}), Case(13, {}, {})}) {
         EXPECT_EQ(press_button(button, 0, VEL_WINDOW_FULL), resized) << button;
         EXPECT_EQ(press_button(button, 1, VEL_WINDOW_FULL), scrolled) << button;
         EXPECT_EQ(press_button(button, 2, VEL_WINDOW_FULL), Change{}) << button;
