@@ -149,14 +149,12 @@ TEST_F(FolderListing, frame_actions_scroll_names_in_their_window_only) {
     const Folder folder;
     for (int k = 10; k < 30; ++k) folder.write(std::to_string(k));
     list(folder);
-    for (const auto &[step, scroll, first] : {std::tuple{0U, &vel_scroll_win_up, "10"},
-                                              {17U, &vel_scroll_win_up, "11"},
-                                              {36U, &vel_scroll_win_up, "13"},
-                                              {53U, &vel_scroll_win_down, "11"},
-                                              {1U, &vel_scroll_win_down, "10"},
-                                              {1U, &vel_scroll_win_down, "../"},
-                                              {1U, &vel_scroll_win_down, "../"},
-                                              {1U, &vel_scroll_win_left, "../"}}) {
+    using Case = std::tuple<uint32_t, void (*)(vel_context *) noexcept, const char *>;
+    for (const auto &[step, scroll, first] :
+         {Case(0, &vel_scroll_win_up, "10"), Case(17, &vel_scroll_win_up, "11"),
+          Case(36, &vel_scroll_win_up, "13"), Case(53, &vel_scroll_win_down, "11"),
+          Case(1, &vel_scroll_win_down, "10"), Case(1, &vel_scroll_win_down, "../"),
+          Case(1, &vel_scroll_win_down, "../"), Case(1, &vel_scroll_win_left, "../")}) {
         ctx.scroll_step = step;
         test::updates().clear();
         scroll(&ctx);
@@ -176,13 +174,12 @@ TEST_F(FolderListing, what_cannot_be_read_changes_nothing) {
     const std::string file = folder.write("file"), nothing = folder.file("nothing");
     list(folder);
     const std::vector<vel_object> before(objects, objects + 30);
+    using Case = std::tuple<vel_context *, uint32_t, const char *, int32_t>;
     for (const auto &[context, list, path, result] :
-         {std::tuple{&ctx, 9U, nothing.c_str(), VEL_ERROR_FOLDER},
-          {&ctx, 9U, file.c_str(), VEL_ERROR_FOLDER},
-          {&ctx, 9U, "", VEL_ERROR_FOLDER},
-          {&ctx, 0U, "/", VEL_ERROR_ARGUMENT},
-          {nullptr, 9U, "/", VEL_ERROR_ARGUMENT},
-          {&ctx, 9U, nullptr, VEL_ERROR_ARGUMENT}}) {
+         {Case(&ctx, 9, nothing.c_str(), VEL_ERROR_FOLDER),
+          Case(&ctx, 9, file.c_str(), VEL_ERROR_FOLDER), Case(&ctx, 9, "", VEL_ERROR_FOLDER),
+          Case(&ctx, 0, "/", VEL_ERROR_ARGUMENT), Case(nullptr, 9, "/", VEL_ERROR_ARGUMENT),
+          Case(&ctx, 9, nullptr, VEL_ERROR_ARGUMENT)}) {
         EXPECT_EQ(vel_list_directory(context, list, path, nullptr), result);
     }
     EXPECT_EQ(std::memcmp(objects, before.data(), sizeof *objects * 30), 0);

@@ -123,11 +123,12 @@ TEST(Load, failures_have_their_code_and_leave_the_context) {
     const vel_context before = ctx;
     testing::internal::CaptureStdout();
     testing::internal::CaptureStderr();
-    for (const auto &[path, spare, result] : {std::tuple{"nowhere", 0U, VEL_ERROR_FORM_FILE},
-                                              {".", 0U, VEL_ERROR_FORM_FILE},
-                                              {pipe.c_str(), 0U, VEL_ERROR_FORM_FILE},
-                                              {with_text.c_str(), 0U, VEL_ERROR_TEXT_FILE},
-                                              {form.c_str(), 0xFFFFFFFFU, VEL_ERROR_MEMORY}}) {
+    using Case = std::tuple<const char *, uint32_t, int32_t>;
+    for (const auto &[path, spare, result] :
+         {Case("nowhere", 0, VEL_ERROR_FORM_FILE), Case(".", 0, VEL_ERROR_FORM_FILE),
+          Case(pipe.c_str(), 0, VEL_ERROR_FORM_FILE),
+          Case(with_text.c_str(), 0, VEL_ERROR_TEXT_FILE),
+          Case(form.c_str(), 0xFFFFFFFF, VEL_ERROR_MEMORY)}) {
         EXPECT_EQ(vel_load_forms(&ctx, spare, 0, path, "nowhere"), result) << path;
     }
     EXPECT_EQ(vel_load_forms(&ctx, 0, 0, nullptr, "x"), VEL_ERROR_ARGUMENT);

@@ -40,14 +40,17 @@ TEST(Strings, partial_copies_end_with_a_nul_and_may_move_a_string_to_the_left) {
 }
 
 TEST(Numbers, digits_are_converted_both_ways) {
+    using Case = std::tuple<int, char, int>;
     for (const auto &[digit, character, result] :
-         {std::tuple{0, '0', 1}, {9, '9', 1}, {10, '0', -1}, {-1, '0', -1}}) {
+         {Case(0, '0', 1), Case(9, '9', 1), Case(10, '0', -1), Case(-1, '0', -1)}) {
         char written = '#';
         EXPECT_EQ(vel_transform_int_to_asccii(digit, &written), result);
         EXPECT_EQ(written, character) << digit;
     }
+    using Other = std::tuple<char, uint32_t, int>;
     for (const auto &[character, value, result] :
-         {std::tuple{'0', 0U, 1}, {'9', 9U, 1}, {'/', 0U, -1}, {':', 0U, -1}, {'\xE4', 0U, -1}}) {
+         {Other('0', 0, 1), Other('9', 9, 1), Other('/', 0, -1), Other(':', 0, -1),
+          Other('\xE4', 0, -1)}) {
         uint32_t read = 77;
         EXPECT_EQ(vel_transform_ascii_to_int(&read, &character), result);
         EXPECT_EQ(read, value) << character;

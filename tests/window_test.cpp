@@ -175,21 +175,17 @@ TEST_F(Windows, cursors_are_placed_at_the_margins_once) {
         objects[13].cursor_y = with_window ? 1 : 0;
         objects[13].cursor_line = objects[13].cursor_column = 7;
         (with_window ? vel_initiate_cursor_win : vel_initiate_cursor_dep_objs)(&ctx, 8);
+        const Places placed = with_window ? Places{194, 65, 0, 1} : Places{0, 0, 204, 75};
+        using Case = std::tuple<uint32_t, int, int>;
         for (const auto &[number, x, y] :
-             {std::tuple{8U, with_window ? 194 : 0, with_window ? 65 : 0},
-              {13U, with_window ? 0 : 204, with_window ? 1 : 75},
-              {18U, 44, 85},
-              {19U, 0, 0},
-              {20U, 0, 0},
-              {21U, 0, 0},
-              {22U, 0, 0}}) {
+             {Case(8, placed[0], placed[1]), Case(13, placed[2], placed[3]), Case(18, 44, 85),
+              Case(19, 0, 0), Case(20, 0, 0), Case(21, 0, 0), Case(22, 0, 0)}) {
             vel_object &o = objects[number];
-            EXPECT_EQ(std::tuple(o.cursor_x, o.cursor_y, o.cursor_line, o.cursor_column),
-                      std::tuple(x, y, number == 13 && with_window ? 7U : 0U,
-                                 number == 13 && with_window ? 7U : 0U))
-                << number;
+            EXPECT_EQ(std::tuple(o.cursor_x, o.cursor_y), std::tuple(x, y)) << number;
             o.cursor_x = o.cursor_y = 0;
         }
+        EXPECT_EQ(std::tuple(objects[13].cursor_line, objects[13].cursor_column),
+                  with_window ? std::tuple(7U, 7U) : std::tuple(0U, 0U));
     }
 }
 
@@ -246,15 +242,16 @@ TEST_F(Windows, scrolling_has_a_lopsided_range) {
     vel_object &o = objects[8];
     o.editable = objects[13].editable = 1;
     // On the way left the window's own cursor goes right.
+    using Case = std::tuple<Action, bool, uint32_t, int, int>;
     for (const auto &[action, across, max, reached, own] :
-         {std::tuple{&vel_scroll_win_right, true, 100U, 200, 200},
-          {&vel_scroll_win_left, true, 100U, -100, 100},
-          {&vel_scroll_win_down, false, 45U, 90, 90},
-          {&vel_scroll_win_up, false, 45U, -50, -50},
-          {&vel_scroll_win_right, true, 0U, 1600, 1600},
-          {&vel_scroll_win_left, true, 0U, -1600, 1600},
-          {&vel_scroll_win_down, false, 0U, 1000, 1000},
-          {&vel_scroll_win_up, false, 0U, -1000, -1000}}) {
+         {Case(&vel_scroll_win_right, true, 100, 200, 200),
+          Case(&vel_scroll_win_left, true, 100, -100, 100),
+          Case(&vel_scroll_win_down, false, 45, 90, 90),
+          Case(&vel_scroll_win_up, false, 45, -50, -50),
+          Case(&vel_scroll_win_right, true, 0, 1600, 1600),
+          Case(&vel_scroll_win_left, true, 0, -1600, 1600),
+          Case(&vel_scroll_win_down, false, 0, 1000, 1000),
+          Case(&vel_scroll_win_up, false, 0, -1000, -1000)}) {
         o.scroll_x = o.scroll_y = 0;
         o.scroll_max_x = o.scroll_max_y = max;
         o.cursor_x = o.cursor_y = 100;
@@ -272,20 +269,14 @@ TEST_F(Windows, scrolling_has_a_lopsided_range) {
 
 TEST_F(Windows, dependents_scroll_by_their_clip_mode) {
     make(18, VEL_TYPE_LABEL, 200, 75, 5, 5, 13).editable = 1;
+    using Case = std::tuple<uint32_t, uint32_t, uint32_t, int, int>;
     for (const auto &[mode, nested_mode, direction, dx, nested_dx] :
-         std::vector<std::array<int, 5>>{{0, 0, 1, -7, -7},
-                                         {0, 1, 1, -7, -7},
-                                         {0, 2, 1, -7, 0},
-                                         {1, 0, 1, 0, 0},
-                                         {2, 0, 1, 0, 0},
-                                         {0, 0, 2, 7, 7},
-                                         {0, 0, 3, 0, 0},
-                                         {0, 0, 0, 0, 0}}) {
+         {Case(0, 0, 1, -7, -7), Case(0, 1, 1, -7, -7), Case(0, 2, 1, -7, 0), Case(1, 0, 1, 0, 0),
+          Case(2, 0, 1, 0, 0), Case(0, 0, 2, 7, 7), Case(0, 0, 3, 0, 0), Case(0, 0, 0, 0, 0)}) {
         for (const bool x : {true, false}) {
             set_places(13, 300), set_places(18, 310);
-            objects[13].clip_mode = u32(mode), objects[18].clip_mode = u32(nested_mode);
-            (x ? vel_update_x_dependent_obj : vel_update_y_dependent_obj)(&ctx, 8, u32(direction),
-                                                                          7);
+            objects[13].clip_mode = mode, objects[18].clip_mode = nested_mode;
+            (x ? vel_update_x_dependent_obj : vel_update_y_dependent_obj)(&ctx, 8, direction, 7);
             EXPECT_EQ(places(13), (Places{300 + x * dx, 300 + !x * dx, 300, 300}))
                 << mode << nested_mode << direction;
             EXPECT_EQ(places(18), (Places{310 + x * nested_dx, 310 + !x * nested_dx,
