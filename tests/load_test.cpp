@@ -109,6 +109,13 @@ TEST(Load, whole_records_count_and_spare_ones_are_zero) {
     EXPECT_EQ(files.ctx.objects[7].type, 0U);
     EXPECT_EQ(files.ctx.text_recs[5].text[999], '\0');
     EXPECT_EQ(files.ctx.text_bufs[5][3999], '\0');
+    // Texts stay the program's own, unless it says otherwise.
+    const vel_context closed = files.ctx;
+    files.ctx.texts_loaded = 0;
+    vel_close(&files.ctx);
+    std::free(closed.text_recs);
+    std::free(closed.text_bufs);
+    files.ctx = {};
 }
 
 TEST(Load, failures_have_their_code_and_leave_the_context) {
