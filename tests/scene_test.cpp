@@ -107,26 +107,21 @@ TEST_F(Scene, only_the_active_window_has_marks) {
 }
 
 TEST_F(Scene, marks_move_windows_that_are_too_close_to_the_corner) {
-    const struct {
-        void (*mark)(vel_context *, uint32_t) noexcept;
-        uint32_t type;
-        int x, y;
-        uint32_t moved_x, moved_y;
-    } cases[] = {
-        {vel_draw_selected_lines, VEL_TYPE_LABEL, 10, 0, 11, 2},
-        {vel_draw_selected_lines, VEL_TYPE_WINDOW, 11, 1, 11, 1},
-        {vel_draw_selected_box, VEL_TYPE_LABEL, -3, 1, 11, 2},
-        {vel_draw_selected_box, VEL_TYPE_WINDOW, 12, 2, 12, 2},
-        {vel_undraw_selected_lines, VEL_TYPE_WINDOW, 10, 24, 11, 25},
-        {vel_undraw_selected_box, VEL_TYPE_WINDOW, 5, 10, 11, 25},
-        {vel_undraw_selected_lines, VEL_TYPE_LABEL, 5, 10, 5, 10},
-        {vel_undraw_object, VEL_TYPE_WINDOW, 0, 0, 11, 25},
-        {vel_undraw_object, VEL_TYPE_LABEL, 0, 0, 0, 0},
-    };
-    for (const auto &c : cases) {
-        make(8, c.type, c.x, c.y, 20, 20);
-        c.mark(&ctx, 8);
-        EXPECT_EQ(std::tuple(objects[8].x, objects[8].y), std::tuple(c.moved_x, c.moved_y));
+    using Case =
+        std::tuple<void (*)(vel_context *, uint32_t) noexcept, uint32_t, int, int, int, int>;
+    for (const auto &[mark, type, x, y, moved_x, moved_y] :
+         {Case(vel_draw_selected_lines, 2, 10, 0, 11, 2),
+          Case(vel_draw_selected_lines, 1, 11, 1, 11, 1),
+          Case(vel_draw_selected_box, 2, -3, 1, 11, 2),
+          Case(vel_draw_selected_box, 1, 12, 2, 12, 2),
+          Case(vel_undraw_selected_lines, 1, 10, 24, 11, 25),
+          Case(vel_undraw_selected_box, 1, 5, 10, 11, 25),
+          Case(vel_undraw_selected_lines, 2, 5, 10, 5, 10),
+          Case(vel_undraw_object, 1, 0, 0, 11, 25), Case(vel_undraw_object, 2, 0, 0, 0, 0)}) {
+        make(8, type, x, y, 20, 20);
+        mark(&ctx, 8);
+        EXPECT_EQ(std::tuple(objects[8].x, objects[8].y),
+                  std::tuple(test::u32(moved_x), test::u32(moved_y)));
     }
 }
 
