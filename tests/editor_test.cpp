@@ -281,6 +281,21 @@ TEST_F(Editor, keys_need_an_editable_object_and_characters_to_be_printable) {
     }
 }
 
+// Right looks at the bytes of the line buffer, also of those that an earlier line left after its
+// end.
+TEST_F(Editor, right_goes_on_over_what_is_left_after_the_end_of_a_line) {
+    using Case = std::tuple<uint32_t, uint32_t, uint32_t>;
+    for (const auto &[column, line_after, column_after] :
+         {Case(1, 0, 2), Case(2, 1, 0), Case(3, 0, 4), Case(4, 0, 5), Case(5, 1, 0)}) {
+        vel_object &o = edit_text("ab|\ncd");
+        std::memcpy(line(1, 0), "ab\0xy", 6);
+        o.cursor_column = column;
+        key(right);
+        EXPECT_EQ(std::tuple(o.cursor_line, o.cursor_column), std::tuple(line_after, column_after))
+            << column;
+    }
+}
+
 TEST_F(Editor, each_key_draws_the_active_window_and_shows_it) {
     make(9, VEL_TYPE_WINDOW, 20, 30, 110, 50);
     make_field(8, 25, 35, 100, 20, 9).cursor_y = 36;

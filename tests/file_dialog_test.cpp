@@ -273,6 +273,20 @@ TEST_F(FileDialog, paths_that_do_not_fit_are_not_written) {
     expect_refused(&ctx, 8, path_.data(), 4096);
 }
 
+TEST_F(FileDialog, shows_its_title_and_captions_without_a_redraw_before) {
+    set_label(objects[16], "OK\nlost");
+    objects[8].text_index = 1;
+    set_text(1, "Title");
+    choose(0, "/",
+           {[this] {
+                EXPECT_STREQ(line(1, 0), "Title");
+                EXPECT_STREQ(objects[16].label, "OK");
+                EXPECT_EQ(objects[16].margin_left, (60 - width_of("OK")) / 2);
+                EXPECT_NE(pixels(test::blue), "");
+            },
+            click(17)});
+}
+
 TEST_F(FileDialog, long_paths_show_their_end) {
     const Folder folder;
     const std::string deep = std::string(30, 'a') + "/" + std::string(30, 'b') + "/end";

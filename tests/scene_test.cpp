@@ -185,6 +185,20 @@ TEST_F(Scene, dependents_are_drawn_depth_first_and_lists_end_at_0) {
     EXPECT_EQ(pixels(test::green), "");   // nothing after the 0
 }
 
+// Its own hidden flag counts, whatever its place, and then that of its dependents.
+TEST_F(Scene, a_menu_that_is_not_hidden_is_drawn_with_its_dependents) {
+    make_coloured(8, VEL_TYPE_WINDOW, 100, 100, 60, grey);
+    make_coloured(12, VEL_TYPE_MENU, 110, 110, 20, test::red, 8);
+    make_coloured(13, VEL_TYPE_LABEL, 114, 114, 5, test::blue, 12);
+    for (const uint32_t hidden : {0U, 1U}) {
+        objects[12].hidden = hidden;
+        stack({8});
+        draw();
+        EXPECT_EQ(at(112, 112), hidden == 0 ? test::red : grey);
+        EXPECT_EQ(box_of(test::blue), hidden == 0 ? "114,114 5x5" : "");
+    }
+}
+
 TEST_F(Scene, the_cursor_is_drawn_where_it_is) {
     make(8, VEL_TYPE_WINDOW, 100, 60, 100, 100);
     vel_object &o = make(9, VEL_TYPE_ENTRY, 110, 70, 50, 30, 8);
