@@ -29,7 +29,7 @@ static_assert(sizeof(vel_text_rec) == 1008 && offsetof(vel_text_rec, cursor_inde
 #include "model/record.inc"
 #undef PLACE
 
-// Records in a file and behind it. False when the numbers or the memory do not reach.
+// Records of a file and spare ones. False when the numbers or the memory do not reach.
 template <class Record> bool make_table(std::size_t count, u32 spare, Table<Record> &table) {
     if (count + spare >= std::numeric_limits<u32>::max()) return false;
     table.reset(static_cast<Record *>(std::calloc(count + spare + 1, sizeof(Record))));

@@ -129,7 +129,7 @@ TEST(Command, ends_with_the_status_that_fits) {
         {"compile --prefix 9 @/a.toml", 2, "prefix"},
         {"compile -o @/a.toml @/a.toml", 2, "different files"},
         {"compile @/a.toml -o /dev/null/x", 3, "/dev/null/x"},
-        {"compile @/missing.toml", 3, "missing.toml"},
+        {"compile @/missing.toml", 3, "missing.toml: No such file"},
         {"compile @/", 3, "cannot read"},
         {"compile @/faulty.toml", 1, "@/faulty.toml:1:1: error: "},
         {"compile @/warned.toml", 0, "@/warned.toml:1:1: warning: "},

@@ -75,7 +75,7 @@ TEST(Faults, point_at_the_place_and_say_what_is_wrong) {
         {dialog("rect = [20, 30, 300, 197]"), "3:22", "at least 198"},
         {dialog("height = 305\nrows = 10"), "3:10", "at least 306"},
         {"a = \n[[x]", "1:5", "expected value"},
-        {"colour = 1", "1:1", "has no key 'colour'\n"},
+        {label("wdt = 1"), "4:1", "has no key 'wdt'\n"},
         {label("lable = 'x'"), "4:1", "did you mean 'label'?"},
         {label("text = 'x'"), "4:8", "`label`"},
         {label("font_choice = 'own'"), "4:15", "font_file"},

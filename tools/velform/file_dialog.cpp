@@ -101,7 +101,7 @@ private:
         const std::optional<Setting> &said = dialog_.place[field];
         return said ? said->number() : standard;
     }
-    // What is wrong with a place is told where the source says it.
+    // What is wrong with a place is reported where the source gives it.
     void keep_where(Settings &own) const {
         for (const Field field : {Field::x, Field::y}) {
             if (dialog_.place[field]) own[field]->where = dialog_.place[field]->where;

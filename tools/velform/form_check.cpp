@@ -8,7 +8,7 @@ namespace velform {
 namespace {
 
 constexpr std::size_t longest_entry = 64;
-// Drawing moves a window that stands further left or up to here, without its dependents.
+// Drawing moves a window that is further left or up to here, without its dependents.
 constexpr std::int64_t leftmost_window = 11;
 constexpr std::int64_t topmost_window = 25;
 

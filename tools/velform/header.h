@@ -13,7 +13,7 @@ namespace velform {
 // Returns the prefix of the names for a source: its file name in capitals, without the suffix.
 std::string prefix_for(std::string_view source_path);
 
-// Valid C11 and C++. Names that would stand for two things are reported, at their ids.
+// Valid C11 and C++. Names that would mean two things are reported, at their ids.
 std::string header_text(const Form &form, std::string_view prefix, Diagnostics &diagnostics);
 
 // The numbers of the objects, read back from what header_text() wrote.

@@ -14,7 +14,7 @@ namespace velform {
 struct Setting {
     std::variant<std::int64_t, std::string> value;
     Position where;
-    bool is_faulty = false; // was reported; the value stands in for the wrong one
+    bool is_faulty = false; // was reported; the value is in place of the wrong one
 
     std::int64_t number() const { return std::get<std::int64_t>(value); }
     const std::string &string() const { return std::get<std::string>(value); }

@@ -19,7 +19,7 @@ inline Position position_of(const toml::source_region &region) {
 inline Position position_of(const toml::node &node) { return position_of(node.source()); }
 inline Position position_of(const toml::key &key) { return position_of(key.source()); }
 
-// Tells what a value is, as a message says it: "a string", "a list".
+// Returns what a value is, as a message says it: "a string", "a list".
 std::string_view kind_of(const toml::node &node);
 
 } // namespace velform
