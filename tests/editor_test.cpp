@@ -10,7 +10,7 @@ constexpr uint32_t enter = VEL_KEY_ENTER, up = VEL_KEY_UP, down = VEL_KEY_DOWN,
                    right = VEL_KEY_RIGHT, left = VEL_KEY_LEFT, backspace = VEL_KEY_BACKSPACE,
                    del = VEL_KEY_DELETE;
 
-// Object 8 has the cursor. It stands at 20, 30, its text without margins. In the texts of the cases
+// Object 8 has the cursor. It is at 20, 30, its text without margins. In the texts of the cases
 // a bar is the cursor.
 class Editor : public test::Form {
 protected:

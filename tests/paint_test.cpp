@@ -167,7 +167,7 @@ TEST_F(Paint, lines_of_a_centred_window_leave_their_offset) {
     const struct {
         uint32_t type, kind, centred;
         int free, offset; // 7 as it was before
-    } cases[] = {{1, 1, 1, 110, 50}, {1, 1, 1, 1, -4},  {1, 1, 1, 0, 7},  {1, 1, 1, -9, 7},
+    } cases[] = {{1, 1, 1, 111, 50}, {1, 1, 1, 1, -4},  {1, 1, 1, 0, 7},  {1, 1, 1, -9, 7},
                  {1, 1, 0, 110, 7},  {1, 0, 1, 110, 7}, {3, 1, 1, 110, 7}};
     for (const auto &c : cases) {
         o.type = c.type, o.window_kind = c.kind, o.centred = c.centred;

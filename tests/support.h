@@ -66,7 +66,7 @@ inline std::vector<std::string> &updates() {
     return rects;
 }
 
-// A display of 320 x 200 pixels, objects 1 to 29 and texts 1 to 4. The library is not told how
+// A display of 320 x 200 pixels, objects 1 to 29 and texts 1 to 4. The library does not know how
 // long the tables are.
 class Form : public testing::Test {
 protected:
@@ -96,6 +96,7 @@ protected:
     }
     ~Form() override {
         ctx.objects = objects;
+        ctx.object_count = 29;
         ctx.text_recs = texts;
         ctx.text_bufs = buffers;
         vel_close(&ctx);
