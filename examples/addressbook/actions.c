@@ -7,13 +7,13 @@
 
 #include "app.h"
 
-/* Begins where the path tells, or at home with a name or pattern; returns 1 and the path chosen. */
+/* Starts at the path, or at home with a name or pattern; returns 1 and the path chosen. */
 static int choose_file(App *app, Field path, const char *name) {
     const char *const home = getenv("HOME");
     if (*path == 0) snprintf(path, FIELD_SIZE, "%s/%s", home != NULL ? home : "", name);
     const int32_t answer = vel_choose_file(&app->context, ADDRESSBOOK_OPEN, path, FIELD_SIZE);
     draw(app);
-    return answer < 0 ? tell(app, "Diese Datei lässt sich nicht wählen.") : answer;
+    return answer < 0 ? tell(app, "This file cannot be chosen.") : answer;
 }
 
 static int import_file(App *app) {
@@ -22,24 +22,24 @@ static int import_file(App *app) {
     const int count = import_contacts(&app->store, path);
     if (count < 0) return tell(app, app->store.message);
     load_list(app);
-    return report(app, "Importiert", count, path);
+    return report(app, "Imported", count, path);
 }
 
 static int export_file(App *app) {
     Field path = "";
-    if (!choose_file(app, path, "adressbuch.csv")) return 0;
+    if (!choose_file(app, path, "addressbook.csv")) return 0;
     const int is_there = access(path, F_OK) == 0;
-    if (is_there && ask(app, "Diese Datei gibt es schon.", "Ersetzen", "Behalten") != 1) return 0;
+    if (is_there && ask(app, "This file already exists.", "Replace", "Keep") != 1) return 0;
     if (!export_contacts(&app->store, path)) return tell(app, app->store.message);
-    return report(app, "Exportiert", 0, path);
+    return report(app, "Exported", 0, path);
 }
 
 static int choose_picture(App *app) {
     Field path;
     memcpy(path, app->picture, FIELD_SIZE);
     if (!choose_file(app, path, "")) return 0;
-    return show_picture(app, path) ||
-           tell(app, "Diese Datei lässt sich nicht als Bild anzeigen.") || show_picture(app, "");
+    return show_picture(app, path) || tell(app, "This file cannot be shown as a picture.") ||
+           show_picture(app, "");
 }
 
 static int remove_picture(App *app) { return show_picture(app, ""); }
@@ -51,7 +51,7 @@ static int show_help(App *app) {
     struct stat status;
     const int is_there = stat("help.stream", &status) == 0 && status.st_size > 0;
     page->stream = is_there ? vel_read_external_stream("help.stream") : NULL;
-    if (page->stream == NULL) return tell(app, "Die Anleitung fehlt.");
+    if (page->stream == NULL) return tell(app, "The guide is missing.");
     page->stream[status.st_size - 1] = 0; /* the library adds none; the file has a byte for it */
     vel_format_stream_to_linked_objects(ctx, ADDRESSBOOK_HELP_PAGE);
     /* The flow counts the lines of one column only; those that it left empty show nothing. */

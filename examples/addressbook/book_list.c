@@ -50,10 +50,10 @@ void search_list(App *app) {
     memcpy(app->query, app->context.objects[ADDRESSBOOK_SEARCH].label, sizeof app->query);
     to_utf8(app->query, words, sizeof words);
     if (!store_search(&app->store, words, &app->found)) app->found = 0;
-    snprintf(footer, sizeof footer, "Gefunden: %lld", (long long)app->found);
+    snprintf(footer, sizeof footer, "Found: %lld", (long long)app->found);
     set_label(app, ADDRESSBOOK_FOUND, footer);
     scroll_list(app, -app->first);
-    printf("gefunden %lld %s\n", (long long)app->found, words);
+    printf("found %lld %s\n", (long long)app->found, words);
 }
 
 void load_list(App *app) {

@@ -101,7 +101,7 @@ int save_card(App *app) {
     if (!store_save(&app->store, &contact)) return tell(app, app->store.message);
     app->card = contact;
     load_list(app);
-    return report(app, "Gespeichert", contact.id, contact.field[NAME]);
+    return report(app, "Saved", contact.id, contact.field[NAME]);
 }
 
 int leave_card(App *app) {
@@ -109,29 +109,29 @@ int leave_card(App *app) {
     int k = 0;
     while (k < FIELD_COUNT && strcmp(contact.field[k], app->card.field[k]) == 0) ++k;
     if (k == FIELD_COUNT) return 1;
-    const int answer = ask(app, "Die Änderungen an diesem Kontakt sind noch nicht gespeichert.",
-                           "Speichern", "Verwerfen");
+    const int answer =
+        ask(app, "The changes to this contact have not been saved.", "Save", "Discard");
     return answer == 0 || (answer == 1 && save_card(app));
 }
 
 int delete_card(App *app) {
     const Contact contact = app->card;
-    if (contact.id == 0) return tell(app, "Bitte zuerst einen Kontakt aus der Liste wählen.");
-    if (ask(app, "Soll dieser Kontakt gelöscht werden?", "Löschen", "Behalten") != 1) return 0;
+    if (contact.id == 0) return tell(app, "Please choose a contact from the list first.");
+    if (ask(app, "Delete this contact?", "Delete", "Keep") != 1) return 0;
     if (!store_run(&app->store, NULL, NULL, "DELETE FROM contact WHERE id = %lld", contact.id)) {
         return tell(app, app->store.message);
     }
     app->deleted = contact;
     new_card(app);
     load_list(app);
-    return report(app, "Gelöscht", contact.id, contact.field[NAME]);
+    return report(app, "Deleted", contact.id, contact.field[NAME]);
 }
 
 int undo_delete(App *app) {
-    if (app->deleted.id == 0) return tell(app, "Es gibt keinen gelöschten Kontakt.");
+    if (app->deleted.id == 0) return tell(app, "There is no deleted contact.");
     if (!store_save(&app->store, &app->deleted)) return tell(app, app->store.message);
     show_card(app, &app->deleted);
     app->deleted.id = 0;
     load_list(app);
-    return report(app, "Zurückgeholt", app->card.id, app->card.field[NAME]);
+    return report(app, "Restored", app->card.id, app->card.field[NAME]);
 }

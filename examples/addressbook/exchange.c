@@ -7,7 +7,7 @@
 
 #include "store.h"
 
-static const char header[] = "Name,Straße,PLZ,Ort,Telefon,E-Mail,Notiz,Bild";
+static const char header[] = "Name,Street,Postcode,Town,Telephone,Email,Notes,Picture";
 
 typedef struct Reader {
     Store *store;
@@ -18,7 +18,7 @@ enum { PROBLEM = EOF - 1 };
 
 static int fail(Reader *reader, const char *problem) {
     char message[500];
-    snprintf(message, sizeof message, "Zeile %d: %s", reader->begin, problem);
+    snprintf(message, sizeof message, "Line %d: %s", reader->begin, problem);
     store_fail(reader->store, message);
     return PROBLEM;
 }
@@ -40,15 +40,16 @@ static int read_field(Reader *reader, char *field) {
     const int is_quoted = c == '"';
     if (is_quoted) c = next(reader);
     for (; is_quoted || !ends_field(c); c = next(reader)) {
-        if (c == '"' && !is_quoted) return fail(reader, "Ein Anführungszeichen steht im Feld.");
+        if (c == '"' && !is_quoted)
+            return fail(reader, "There is a quotation mark inside a field.");
         if (c == '"' && (c = next(reader)) != '"') break;
-        if (c == EOF) return fail(reader, "Ein Anführungszeichen wird nicht geschlossen.");
-        if (c == 0) return fail(reader, "Das ist keine Textdatei.");
-        if (length == FIELD_SIZE - 1) return fail(reader, "Ein Feld ist zu lang.");
+        if (c == EOF) return fail(reader, "A quotation mark is not closed.");
+        if (c == 0) return fail(reader, "This is not a text file.");
+        if (length == FIELD_SIZE - 1) return fail(reader, "A field is too long.");
         field[length++] = (char)c;
     }
     field[length] = 0;
-    return ends_field(c) ? c : fail(reader, "Hinter einem Anführungszeichen fehlt ein Komma.");
+    return ends_field(c) ? c : fail(reader, "A comma is missing after a quotation mark.");
 }
 
 /* Returns 1; 0 at the end of the file, and PROBLEM. */
@@ -59,11 +60,11 @@ static int read_record(Reader *reader, Field *fields) {
         end = read_field(reader, fields[0]);
     } while (end == '\n' && fields[0][0] == 0);
     if (end == EOF && fields[0][0] == 0) {
-        return ferror(reader->file) ? fail(reader, "Die Datei ist nicht lesbar.") : 0;
+        return ferror(reader->file) ? fail(reader, "The file cannot be read.") : 0;
     }
     while (end == ',' && ++count < FIELD_COUNT) end = read_field(reader, fields[count]);
     if (end == PROBLEM) return PROBLEM;
-    return count == FIELD_COUNT - 1 ? 1 : fail(reader, "Es müssen acht Felder sein.");
+    return count == FIELD_COUNT - 1 ? 1 : fail(reader, "There must be eight fields.");
 }
 
 /* Returns the number of contacts, or PROBLEM. Skips a byte order mark. */
@@ -73,7 +74,8 @@ static int read_contacts(Reader *reader) {
     int count = 0, result = 0;
     if (fgets(line, sizeof line, reader->file) != NULL) line[strcspn(line, "\r\n")] = 0;
     if (strcmp(line + (memcmp(line, "\xef\xbb\xbf", 3) == 0 ? 3 : 0), header) != 0) {
-        return fail(reader, "Hier muss stehen: Name,Straße,PLZ,Ort,Telefon,E-Mail,Notiz,Bild");
+        return fail(reader,
+                    "This line must be: Name,Street,Postcode,Town,Telephone,Email,Notes,Picture");
     }
     for (++reader->line; (result = read_record(reader, contact.field)) == 1; ++count) {
         contact.id = 0;
@@ -87,7 +89,7 @@ int import_contacts(Store *store, const char *path) {
     /* Anything but a file, a pipe for one, could let the program wait. */
     const int is_file = stat(path, &status) == 0 && S_ISREG(status.st_mode);
     Reader reader = {store, is_file ? fopen(path, "r") : NULL, 1, 1};
-    if (reader.file == NULL) return store_fail(store, "Die Datei ist nicht lesbar.") - 1;
+    if (reader.file == NULL) return store_fail(store, "The file cannot be read.") - 1;
     int count = store_run(store, NULL, NULL, "BEGIN IMMEDIATE") ? read_contacts(&reader) : PROBLEM;
     if (count >= 0 && !store_run(store, NULL, NULL, "COMMIT")) count = PROBLEM;
     if (count < 0) sqlite3_exec(store->database, "ROLLBACK", NULL, NULL, NULL);
@@ -105,7 +107,7 @@ int export_contacts(Store *store, const char *path) {
     snprintf(draft, sizeof draft, "%s.XXXXXX", path);
     const int descriptor = mkstemp(draft);
     FILE *const file = descriptor < 0 ? NULL : fdopen(descriptor, "w");
-    store_fail(store, "Die Datei lässt sich nicht schreiben.");
+    store_fail(store, "The file cannot be written.");
     if (file == NULL) return 0;
     fprintf(file, "%s\r\n", header);
     int is_done = store_run(store, write_row, file,

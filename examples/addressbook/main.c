@@ -45,7 +45,7 @@ static void run(App *app) {
     new_card(app);
     ctx->cursor_object = ADDRESSBOOK_SEARCH;
     if (sqlite3_db_readonly(app->store.database, "main") == 1) {
-        tell(app, "Das Adressbuch ist schreibgeschützt. Es lässt sich nur ansehen.");
+        tell(app, "The address book is read-only. You can look at it but not change it.");
     }
     do {
         ctx->window_to_activate = ADDRESSBOOK_BOOK; /* which the user or the help may have closed */
@@ -57,7 +57,7 @@ static void run(App *app) {
     } while (!app->is_ending || !leave_card(app));
 }
 
-/* The file in the user's data folder, which is made; if that fails, opening the file tells. */
+/* The file in the user's data folder, which is made; if that fails, opening the file fails. */
 static void find_file(char *path, size_t size) {
     const char *folder = getenv("XDG_DATA_HOME"), *rest = "";
     if (folder == NULL || *folder != '/') folder = getenv("HOME"), rest = "/.local/share";
@@ -83,7 +83,8 @@ int main(int count, char **arguments) {
     app.context.event_filter = filter;
     app.context.idle_hook = search_when_idle;
     const char *const problem = start_display(&app.context);
-    if (problem != NULL) return fprintf(stderr, "addressbook: %s\n", problem), EXIT_FAILURE;
+    if (problem != NULL)
+        return fprintf(stderr, "addressbook: cannot start: %s\n", problem), EXIT_FAILURE;
     draw(&app);
     if (is_open) run(&app);
     if (!is_open) tell(&app, app.store.message);

@@ -1,20 +1,22 @@
-/* The display, and the windows and lines that tell and ask. */
+/* The display, and the messages and questions. */
 #include <stdio.h>
 #include <stdlib.h>
+#include <string.h>
 
 #include "app.h"
 #include "text.h"
 
 const char *start_display(vel_context *ctx) {
-    /* Without a display SDL would draw with letters in the terminal. */
-    if (getenv("SDL_VIDEODRIVER") == NULL) setenv("SDL_VIDEODRIVER", "x11", 1);
+    const char *const driver = getenv("SDL_VIDEODRIVER");
+    /* Without a display, SDL would draw with letters in the terminal. */
+    if (driver == NULL || strcmp(driver, "dummy") != 0) setenv("SDL_VIDEODRIVER", "x11", 1);
     if (SDL_Init(SDL_INIT_VIDEO) != 0 || TTF_Init() != 0) return SDL_GetError();
     ctx->screen_width = ctx->screen_rect.w = 800;
     ctx->screen_height = ctx->screen_rect.h = 600;
     ctx->screen = SDL_SetVideoMode(800, 600, 32, SDL_SWSURFACE);
     ctx->font = TTF_OpenFont("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf", 13);
     if (ctx->screen == NULL || ctx->font == NULL) return SDL_GetError();
-    SDL_WM_SetCaption("Adressbuch", "Adressbuch");
+    SDL_WM_SetCaption("Address Book", "Address Book");
     ctx->background_colour = (vel_colour){0xe3, 0xe9, 0xf0};
     ctx->mark_colour_a = ctx->mark_colour_b = (vel_colour){0x2f, 0x6f, 0xde};
     ctx->texts_loaded = 1;
@@ -47,7 +49,7 @@ void set_text(App *app, uint32_t object, const char *text) {
 }
 
 int tell(App *app, const char *text) {
-    printf("hinweis 0 %s\n", text);
+    printf("notice 0 %s\n", text);
     set_text(app, ADDRESSBOOK_NOTICE, text);
     vel_notice_window(&app->context, ADDRESSBOOK_NOTICE, ADDRESSBOOK_NOTICE_OK);
     draw(app);

@@ -16,12 +16,12 @@ static const struct {
     int code;
     const char *text;
 } problems[] = {
-    {SQLITE_BUSY, "Ein anderes Programm hält das Adressbuch gesperrt."},
-    {SQLITE_READONLY, "Das Adressbuch ist schreibgeschützt."},
-    {SQLITE_CORRUPT, "Die Datei ist beschädigt."},
-    {SQLITE_NOTADB, "Die Datei ist beschädigt oder kein Adressbuch."},
-    {SQLITE_CANTOPEN, "Die Datei lässt sich nicht öffnen."},
-    {SQLITE_FULL, "Der Datenträger ist voll."},
+    {SQLITE_BUSY, "Another program has locked the address book."},
+    {SQLITE_READONLY, "The address book is read-only."},
+    {SQLITE_CORRUPT, "The file is damaged."},
+    {SQLITE_NOTADB, "The file is damaged or not an address book."},
+    {SQLITE_CANTOPEN, "The file cannot be opened."},
+    {SQLITE_FULL, "The disk is full."},
 };
 
 int store_fail(Store *store, const char *why) {
@@ -29,7 +29,7 @@ int store_fail(Store *store, const char *why) {
     return 0;
 }
 
-/* A rule of the schema has its sentence for the user as its name, told behind a colon. */
+/* SQLite reports a broken rule by its name, after a colon: the sentence for the user. */
 static int fail_in_database(Store *store) {
     const int code = sqlite3_errcode(store->database);
     const char *const message = sqlite3_errmsg(store->database);
@@ -46,7 +46,7 @@ int store_run(Store *store, sqlite3_callback visit, void *receiver, const char *
     va_start(arguments, format);
     char *const sql = sqlite3_vmprintf(format, arguments);
     va_end(arguments);
-    if (sql == NULL) return store_fail(store, "Der Speicher reicht nicht.");
+    if (sql == NULL) return store_fail(store, "There is not enough memory.");
     const int is_done = sqlite3_exec(store->database, sql, visit, receiver, NULL) == SQLITE_OK ||
                         fail_in_database(store);
     sqlite3_free(sql);
@@ -73,14 +73,14 @@ static int read_message(void *store, int count, char **values, char **names) {
 /* An empty file becomes an address book; what is none is left alone. */
 static int check_file(Store *store) {
     int64_t tables = 0;
-    store_fail(store, "Die Datei ist beschädigt.");
+    store_fail(store, "The file is damaged.");
     return store_run(store, read_number, &tables, "SELECT count(*) FROM sqlite_master") &&
            (tables != 0 || store_run(store, NULL, NULL, "%s", schema)) &&
            store_run(
                store, read_message, store,
                "SELECT CASE WHEN application_id <> 1447380034 OR user_version <> 1 "
-               "THEN 'Die Datei ist kein Adressbuch dieses Programms.' "
-               "WHEN quick_check <> 'ok' THEN 'Die Datei ist beschädigt.' ELSE '' END "
+               "THEN 'The file is not an address book of this program.' "
+               "WHEN quick_check <> 'ok' THEN 'The file is damaged.' ELSE '' END "
                "FROM pragma_application_id, pragma_user_version, pragma_quick_check LIMIT 1") &&
            store->message[0] == 0;
 }
@@ -90,7 +90,7 @@ int store_open(Store *store, const char *path) {
     sqlite3_busy_timeout(store->database, 1000);
     sqlite3_create_function(store->database, "book_order", 1, SQLITE_UTF8, NULL, book_order, NULL,
                             NULL);
-    /* EXTRA is FULL and syncs the folder as well: a change is on disk before it is told. */
+    /* EXTRA is FULL and syncs the folder as well: a change is on disk before it is reported. */
     return store_run(store, NULL, NULL, "PRAGMA synchronous = EXTRA; PRAGMA temp_store = MEMORY") &&
            check_file(store);
 }
@@ -107,7 +107,7 @@ static int read_contact(void *contact, int count, char **values, char **names) {
 int store_load(Store *store, int64_t id, Contact *contact) {
     contact->id = 0;
     return store_run(store, read_contact, contact, "SELECT * FROM contact WHERE id = %lld", id) &&
-           (contact->id != 0 || store_fail(store, "Den Kontakt gibt es nicht mehr."));
+           (contact->id != 0 || store_fail(store, "This contact no longer exists."));
 }
 
 int store_save(Store *store, Contact *contact) {

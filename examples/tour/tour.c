@@ -29,28 +29,26 @@ static struct tour *tour_of(vel_context *ctx) { return ctx->application_a[0]; }
 
 /* ---- Start ---- */
 
-static int fail(const char *what, const char *why) {
-    fprintf(stderr, "tour: %s: %s\n", what, why);
+static int fail(const char *why) {
+    fprintf(stderr, "tour: cannot start: %s\n", why);
     return 0;
 }
 
-/* Keeps SDL to X: without a display it would draw with letters in the terminal. */
-static int choose_video_driver(void) {
-    static char x11[] = "SDL_VIDEODRIVER=x11";
-    if (getenv("SDL_VIDEODRIVER") != NULL) return 1;
-    if (getenv("DISPLAY") == NULL) return fail("there is no display", "DISPLAY is not set");
-    return SDL_putenv(x11) == 0;
+/* Without a display, SDL would draw with letters in the terminal. */
+static void choose_video_driver(void) {
+    const char *const driver = getenv("SDL_VIDEODRIVER");
+    if (driver == NULL || strcmp(driver, "dummy") != 0) setenv("SDL_VIDEODRIVER", "x11", 1);
 }
 
 static int start_display(vel_context *ctx) {
-    if (!choose_video_driver()) return 0;
-    if (SDL_Init(SDL_INIT_VIDEO) != 0) return fail("SDL", SDL_GetError());
-    if (TTF_Init() != 0) return fail("SDL_ttf", TTF_GetError());
+    choose_video_driver();
+    if (SDL_Init(SDL_INIT_VIDEO) != 0) return fail(SDL_GetError());
+    if (TTF_Init() != 0) return fail(TTF_GetError());
     ctx->screen = SDL_SetVideoMode(SCREEN_WIDTH, SCREEN_HEIGHT, 32, SDL_SWSURFACE);
-    if (ctx->screen == NULL) return fail("the display", SDL_GetError());
+    if (ctx->screen == NULL) return fail(SDL_GetError());
     ctx->font = TTF_OpenFont(font_path, FONT_SIZE);
-    if (ctx->font == NULL) return fail(font_path, TTF_GetError());
-    SDL_WM_SetCaption("Velumo", "Velumo");
+    if (ctx->font == NULL) return fail(TTF_GetError());
+    SDL_WM_SetCaption("Velumo Tour", "Velumo Tour");
     return 1;
 }
 
@@ -78,7 +76,7 @@ static void open_window(vel_context *ctx, uint32_t window) {
 
 /* ---- The order ---- */
 
-/* Works out the total for what stands in the amount, right-aligned. */
+/* Works out the total for the amount, right-aligned. */
 static void show_total(vel_context *ctx) {
     enum { FIELD = 7, PRICE = 975 };
     char *const label = ctx->objects[TOUR_TOTAL].label;
@@ -86,7 +84,7 @@ static void show_total(vel_context *ctx) {
     if (cents > 999999) {
         strcpy(label, "-----");
     } else {
-        snprintf(label, VEL_STRING_SIZE, "%ld,%02ld", cents / 100, cents % 100);
+        snprintf(label, VEL_STRING_SIZE, "%ld.%02ld", cents / 100, cents % 100);
     }
     vel_fill_form_with_dummies(ctx, label, TOUR_TOTAL, FIELD, ' ');
     vel_format_small_obj(ctx, TOUR_TOTAL);
@@ -137,7 +135,7 @@ static void save(vel_context *ctx) {
     printf("answer: %s\n", answer == TOUR_YES ? "yes" : "no");
     if (answer == TOUR_YES) {
         const char *const amount = ctx->objects[TOUR_AMOUNT].label;
-        snprintf(text, sizeof text, "Notiert: %s Kisten", amount[0] != '\0' ? amount : "keine");
+        snprintf(text, sizeof text, "Boxes ordered: %s", amount[0] != '\0' ? amount : "none");
         vel_load_window_text_buttons(ctx, TOUR_NOTICE, text, TOUR_UNDERSTOOD, TOUR_UNDERSTOOD);
         vel_notice_window(ctx, TOUR_NOTICE, TOUR_UNDERSTOOD);
         puts("saved");
@@ -235,7 +233,7 @@ int main(void) {
     fill_context(&ctx);
     result = vel_load_forms(&ctx, 0, 0, "tour.form", "tour.text");
     if (result != VEL_OK) {
-        fail("tour.form and tour.text", vel_error_text(result));
+        fail(vel_error_text(result));
         return EXIT_FAILURE;
     }
     ctx.application_a[0] = &tour;

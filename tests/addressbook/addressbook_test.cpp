@@ -1,12 +1,88 @@
-// The file of the address book, its order and its search.
+// The file of the address book, its order and its search; contacts in and out as CSV.
 #include <algorithm>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <sys/stat.h>
+#include <tuple>
 #include <unistd.h>
+#include <vector>
 
-#include "book.h"
+#include <gtest/gtest.h>
+
+extern "C" {
+#include "store.h"
+}
 
 namespace {
 
+namespace fs = std::filesystem;
 using Names = std::vector<std::string>;
+
+std::string content_of(const fs::path &path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+fs::path write_file(const fs::path &path, const std::string &content) {
+    std::ofstream(path, std::ios::binary) << content;
+    return path;
+}
+
+Contact contact_with(const std::string &name, const std::string &notes = "") {
+    Contact contact{};
+    name.copy(contact.field[NAME], FIELD_SIZE - 1);
+    notes.copy(contact.field[NOTES], FIELD_SIZE - 1);
+    return contact;
+}
+
+class Book : public testing::Test {
+protected:
+    Book() {
+        char name[] = "/tmp/addressbook_test.XXXXXX";
+        folder = mkdtemp(name);
+        file = folder / "contacts.db";
+        EXPECT_EQ(store_open(&store, file.c_str()), 1) << store.message;
+    }
+    ~Book() override {
+        sqlite3_close(store.database);
+        fs::remove_all(folder);
+    }
+
+    // Names of what is found, in the order of the list.
+    Names found(const char *words) {
+        Names names;
+        std::int64_t count = 0;
+        EXPECT_EQ(store_sort(&store), 1) << store.message;
+        EXPECT_EQ(store_search(&store, words, &count), 1) << store.message;
+        const auto add = [](void *list, int, char **values, char **) {
+            static_cast<Names *>(list)->emplace_back(values[1]);
+            return 0;
+        };
+        store_run(&store, add, &names, "SELECT * FROM found ORDER BY rowid");
+        EXPECT_EQ(static_cast<std::size_t>(count), names.size());
+        return names;
+    }
+    Contact save(Contact contact) {
+        EXPECT_EQ(store_save(&store, &contact), 1) << store.message;
+        return contact;
+    }
+    void expect_kept(const Contact &contact, std::int64_t id) {
+        Contact loaded{};
+        EXPECT_EQ(store_load(&store, id, &loaded), 1) << store.message;
+        for (int k = 0; k < FIELD_COUNT; ++k) EXPECT_STREQ(loaded.field[k], contact.field[k]) << k;
+    }
+    void remove(std::int64_t id) {
+        store_run(&store, nullptr, nullptr, "DELETE FROM contact WHERE id = %lld", id);
+    }
+    int import(const std::string &content) {
+        return import_contacts(&store, write_file(folder / "in.csv", content).c_str());
+    }
+
+    fs::path folder, file;
+    Store store{};
+};
 
 // Each list is in the order of the rule: umlauts as two letters, other accents and signs as
 // nothing, a word before a longer one, and the plain letters first among equals.
@@ -18,180 +94,174 @@ TEST_F(Book, sorts_as_a_telephone_book) {
         "Müller-Aa", "Mueller, Zoe", "Müllerin",     "Muller",       "Noël",
         "Noeline",   "O'Hara",       "Ödön",         "Øre",          "Zöllner",
     };
-    Names mixed = names;
-    std::reverse(mixed.begin(), mixed.end());
-    std::rotate(mixed.begin(), mixed.begin() + 7, mixed.end());
-    for (const std::string &name : mixed) save(contact_named(name));
+    Names mixed(names.rbegin(), names.rend());
+    for (const std::string &name : mixed) save(contact_with(name));
     EXPECT_EQ(found(""), names);
 }
 
 TEST_F(Book, finds_contacts_with_words_that_begin_so) {
-    Contact contact = contact_named("Groß, Jürgen");
+    Contact contact = contact_with("Groß, Jürgen", "likes\nÄpfel 100%");
     std::strcpy(contact.field[TOWN], "Köln");
-    std::strcpy(contact.field[NOTES], "mag\nÄpfel 100%");
     save(contact);
-    save(contact_named("O'Hara, Zoë"));
-    const struct {
-        const char *words;
-        bool is_found;
-    } cases[] = {
-        {"gross", true},     {"GROSS", true},  {"groß jür", true}, {"juergen", true},
-        {"köln gro", true},  {"aepfel", true}, {"100", true},      {"rgen", false},
-        {"groß zoë", false}, {"%", true},      {"o'h", false},     {"' OR '1", false},
-        {"koe", true},       {"kö", true},     {"kol", false},
-    };
-    for (const auto &[words, is_found] : cases) {
-        const Names names = found(words);
-        EXPECT_EQ(std::count(names.begin(), names.end(), "Groß, Jürgen"), is_found ? 1 : 0)
-            << words;
+    save(contact_with("O'Hara, Zoë"));
+    const Names both = {"Groß, Jürgen", "O'Hara, Zoë"};
+    for (const char *words :
+         {"gross", "GROSS", "groß jür", "juergen", "köln gro", "aepfel", "100", "koe", "kö"}) {
+        EXPECT_EQ(found(words), Names{both[0]}) << words;
     }
-    EXPECT_EQ(found("o'h"), Names{"O'Hara, Zoë"});
+    for (const char *words : {"rgen", "groß zoë", "' OR '1", "kol"}) {
+        EXPECT_EQ(found(words), Names{}) << words;
+    }
+    EXPECT_EQ(found("o'h"), Names{both[1]});
+    EXPECT_EQ(found("%"), both);
 }
 
-TEST_F(Book, refuses_what_the_window_cannot_hold) {
-    const struct {
-        int field;
-        std::string value;
-        const char *reason;
-    } cases[] = {
-        {NAME, "", "Der Name fehlt."},
-        {NAME, "   ", "Der Name fehlt."},
-        {NAME, std::string(65, 'x'), "zu lang"},
-        {NAME, "Κώστας", "ISO 8859-1"},
-        {STREET, "zwei\nZeilen", "ISO 8859-1"},
-        {STREET, "Preis 5 €", "ISO 8859-1"},
-        {TOWN, "K\xf6ln", "ISO 8859-1"},
-        {EMAIL, "a\x7f", "ISO 8859-1"},
-        {POST_CODE, "D-10115", "Ziffern"},
-        {POST_CODE, "12345678901", "Ziffern"},
-        {NOTES, std::string(1000, 'x'), "zu lang"},
-        {NOTES, "Tab\tulator", "ISO 8859-1"},
-        {PICTURE, "/bild\xff.png", "UTF-8"},
-        {PICTURE, std::string(1000, 'x'), "zu lang"},
-    };
-    for (const auto &[field, value, reason] : cases) {
-        Contact contact = contact_named("Groß");
-        std::strcpy(contact.field[field], value.c_str());
-        EXPECT_EQ(store_save(&store, &contact), 0) << value;
-        EXPECT_NE(std::strstr(store.message, reason), nullptr) << store.message;
-    }
-    EXPECT_TRUE(found("").empty());
+void expect_refusal(const fs::path &path, const char *reason) {
+    Store store{};
+    EXPECT_EQ(store_open(&store, path.c_str()), 0) << reason;
+    EXPECT_NE(std::strstr(store.message, reason), nullptr) << store.message;
+    sqlite3_close(store.database);
 }
 
-TEST_F(Book, keeps_the_longest_contact_as_it_is) {
-    Contact contact{};
-    const auto fill = [&contact](int field, int count, const char *character) {
-        while (count-- > 0) std::strcat(contact.field[field], character);
-    };
-    for (const int field : {NAME, STREET, TOWN, TELEPHONE, EMAIL}) fill(field, 64, "ÿ");
-    fill(POST_CODE, 10, "9");
-    fill(NOTES, 999, "ä");
-    fill(PICTURE, 333, "€");
-    const Contact saved = save(contact);
-    Contact loaded{};
-    ASSERT_EQ(store_load(&store, saved.id, &loaded), 1) << store.message;
-    for (int k = 0; k < FIELD_COUNT; ++k) EXPECT_STREQ(loaded.field[k], contact.field[k]);
-}
-
-TEST_F(Book, changes_deletes_and_brings_back_a_contact_under_its_number) {
-    Contact contact = save(contact_named("Groß"));
-    const Contact other = save(contact_named("O'Hara"));
-    std::strcpy(contact.field[TOWN], "Köln");
-    EXPECT_EQ(save(contact).id, contact.id);
-    ASSERT_EQ(
-        store_run(&store, nullptr, nullptr, "DELETE FROM contact WHERE id = %lld", contact.id), 1);
-    Contact loaded{};
-    EXPECT_EQ(store_load(&store, contact.id, &loaded), 0);
-    EXPECT_NE(save(contact_named("Neu")).id, contact.id);
-    EXPECT_EQ(save(contact).id, contact.id);
-    ASSERT_EQ(store_load(&store, contact.id, &loaded), 1);
-    EXPECT_STREQ(loaded.field[TOWN], "Köln");
-    ASSERT_EQ(store_load(&store, other.id, &loaded), 1);
-    EXPECT_STREQ(loaded.field[NAME], "O'Hara");
-}
-
-// --- Files that are not as they should be: told, and left as they are
-
-class BadFile : public Book {
-protected:
-    BadFile() {
-        store_run(&store, nullptr, nullptr, "BEGIN");
-        for (int k = 0; k < 200; ++k) save(contact_named("Kontakt " + std::to_string(k)));
-        store_run(&store, nullptr, nullptr, "COMMIT");
-        sound = content_of(file);
-    }
-    void expect_refusal(const std::string &content, const char *reason) {
-        const std::filesystem::path bad = folder / "bad.db";
-        write_file(bad, content);
-        Store other{};
-        EXPECT_EQ(store_open(&other, bad.c_str()), 0) << reason;
-        EXPECT_NE(std::strstr(other.message, reason), nullptr) << other.message;
-        sqlite3_close(other.database);
-        EXPECT_TRUE(content_of(bad) == content);
-    }
-    std::string sound;
-};
-
-TEST_F(BadFile, damaged_is_refused) {
+TEST_F(Book, refuses_a_file_that_is_damaged_foreign_or_missing) {
+    for (int k = 0; k < 30; ++k) save(contact_with("Contact", std::string(999, 'x')));
+    const std::string sound = content_of(file);
     const std::size_t half = sound.size() / 2 / 4096 * 4096;
-    std::string middle = sound;
+    std::string middle = sound, foreign = sound;
     std::fill_n(middle.begin() + static_cast<std::ptrdiff_t>(half), 4096, '\xa5');
-    expect_refusal(middle, "beschädigt");
-    expect_refusal(sound.substr(0, half), "beschädigt");
-    expect_refusal("Das ist ein Brief und keine Datenbank.", "kein Adressbuch");
-    expect_refusal("SQLite format 3" + sound.substr(15, 0) + std::string(5000, '\0'), "beschädigt");
+    foreign[68] ^= 1; // in the number of the application
+    const std::tuple<std::string, const char *> cases[] = {
+        {middle, "damaged"},
+        {sound.substr(0, half), "damaged"},
+        {"This is a letter and no database.", "not an address book"},
+        {foreign, "not an address book"},
+    };
+    for (const auto &[content, reason] : cases) {
+        const fs::path bad = write_file(folder / "bad.db", content);
+        expect_refusal(bad, reason);
+        EXPECT_TRUE(content_of(bad) == content) << reason;
+    }
+    expect_refusal(folder / "no" / "folder.db", "cannot be opened");
 }
 
-TEST_F(BadFile, of_another_program_is_refused) {
-    sqlite3 *database = nullptr;
-    const std::filesystem::path other = folder / "other.db";
-    sqlite3_open(other.c_str(), &database);
-    sqlite3_exec(database, "CREATE TABLE contact (id, name); PRAGMA user_version = 1", nullptr,
-                 nullptr, nullptr);
-    sqlite3_close(database);
-    expect_refusal(content_of(other), "kein Adressbuch");
-    Store missing{};
-    EXPECT_EQ(store_open(&missing, (folder / "no" / "folder.db").c_str()), 0);
-    EXPECT_NE(std::strstr(missing.message, "nicht öffnen"), nullptr) << missing.message;
-    sqlite3_close(missing.database);
-}
-
-TEST_F(BadFile, locked_is_told_and_unchanged) {
-    Store other{};
+TEST_F(Book, leaves_a_locked_or_read_only_file_unchanged) {
+    const std::string before = content_of(file);
+    Store other{}, reader{};
+    Contact contact = contact_with("New");
     ASSERT_EQ(store_open(&other, file.c_str()), 1);
     ASSERT_EQ(store_run(&other, nullptr, nullptr, "BEGIN EXCLUSIVE"), 1);
-    Contact contact = contact_named("Neu");
     EXPECT_EQ(store_save(&store, &contact), 0);
-    EXPECT_NE(std::strstr(store.message, "gesperrt"), nullptr) << store.message;
-    Store third{};
-    EXPECT_EQ(store_open(&third, file.c_str()), 0);
-    EXPECT_NE(std::strstr(third.message, "gesperrt"), nullptr) << third.message;
-    sqlite3_close(third.database);
+    EXPECT_NE(std::strstr(store.message, "locked"), nullptr) << store.message;
+    expect_refusal(file, "locked");
     sqlite3_close(other.database);
-    EXPECT_TRUE(content_of(file) == sound);
-    EXPECT_EQ(store_save(&store, &contact), 1) << store.message;
-}
 
-TEST_F(BadFile, read_only_can_be_read_and_not_changed) {
-    namespace fs = std::filesystem;
     fs::permissions(file, fs::perms{0444});
     fs::permissions(folder, fs::perms{0755});
     const bool is_root = geteuid() == 0; // who may write everything
-    if (is_root) {
-        ASSERT_EQ(seteuid(65534), 0);
+    ASSERT_EQ(is_root ? seteuid(65534) : 0, 0);
+    EXPECT_EQ(store_open(&reader, file.c_str()), 1) << reader.message;
+    EXPECT_EQ(sqlite3_db_readonly(reader.database, "main"), 1);
+    EXPECT_EQ(store_save(&reader, &contact), 0);
+    EXPECT_NE(std::strstr(reader.message, "read-only"), nullptr) << reader.message;
+    EXPECT_EQ(store_sort(&reader), 1) << reader.message;
+    sqlite3_close(reader.database);
+    ASSERT_EQ(is_root ? seteuid(0) : 0, 0);
+
+    EXPECT_TRUE(content_of(file) == before);
+    save(contact);
+}
+
+const std::string header = "Name,Street,Postcode,Town,Telephone,Email,Notes,Picture\r\n";
+
+TEST_F(Book, imports_what_the_rules_of_the_format_allow) {
+    const std::tuple<std::string, Names, const char *> cases[] = {
+        {header, {}, ""},
+        {"\xef\xbb\xbf" + header + "Groß,,,,,,,", {"Groß"}, ""},
+        {header + "\n\"Groß, \"\"J\"\"\",,,,,,\"a\nb\",\n", {"Groß, \"J\""}, "a\nb"},
+        {header + "\r\nÄ,,,,,,\"a\r\nb\r\n\",\r\n\r\nB,,,,,,,\r\n", {"Ä", "B"}, "a\nb\n"},
+    };
+    std::int64_t first = 1;
+    for (const auto &[content, names, notes] : cases) {
+        EXPECT_EQ(import(content), static_cast<int>(names.size())) << store.message << content;
+        EXPECT_EQ(found(""), names);
+        if (!names.empty()) expect_kept(contact_with(names[0], notes), first);
+        for (std::size_t k = 0; k < names.size(); ++k) remove(first++);
     }
-    Store other{};
-    Contact contact = contact_named("Neu");
-    EXPECT_EQ(store_open(&other, file.c_str()), 1) << other.message;
-    EXPECT_EQ(sqlite3_db_readonly(other.database, "main"), 1);
-    EXPECT_EQ(store_save(&other, &contact), 0);
-    EXPECT_NE(std::strstr(other.message, "schreibgeschützt"), nullptr) << other.message;
-    EXPECT_EQ(store_sort(&other), 1) << other.message;
-    sqlite3_close(other.database);
-    if (is_root) {
-        ASSERT_EQ(seteuid(0), 0);
+}
+
+// The bad line comes after a good one, which must not get in either.
+TEST_F(Book, refuses_a_file_with_a_bad_line_as_a_whole_and_names_the_line) {
+    const std::string good = header + "Good,,,,,,\"two\r\nlines\",\r\n";
+    const std::tuple<std::string, const char *> cases[] = {
+        {"", "Line 1: This line must be: "},
+        {header.substr(0, header.size() - 3) + "\r\n", "Line 1: This line must be: "},
+        {std::string(100000, 'x'), "Line 1: This line must be: "},
+        {good + "Groß", "Line 4: There must be eight fields."},
+        {good + "Groß,,,,,,,,", "Line 4: There must be eight fields."},
+        {good + "\"Groß,,,,,,,\r\nA,,,,,,,", "Line 4: A quotation mark is not closed."},
+        {good + "Gr\"oß,,,,,,,", "Line 4: There is a quotation mark inside a field."},
+        {good + "\"Groß\" ,,,,,,,", "Line 4: A comma is missing after a quotation mark."},
+        {good + std::string("Gro\0ß,,,,,,,", 13), "Line 4: This is not a text file."},
+        {good + std::string(2000, 'x') + ",,,,,,,", "Line 4: A field is too long."},
+        {good + "   ,,,,,,,", "Line 4: The name is missing."},
+        {good + std::string(65, 'x') + ",,,,,,,", "Line 4: The name is too long "},
+        {good + "Κώστας,,,,,,,", "Line 4: The name has characters outside ISO 8859-1."},
+        {good + "A\rB,,,,,,,", "Line 4: The name has characters outside ISO 8859-1."},
+        {good + "A,\"two\nlines\",,,,,,", "Line 4: The street has characters outside "},
+        {good + "A,,12345678901,,,,,", "Line 4: The postcode must be at most 10 digits."},
+        {good + "A,,,K\xf6ln,,,,", "Line 4: The town has characters outside ISO 8859-1."},
+        {good + "A,,,,,a\x7f,,", "Line 4: The email address has characters outside "},
+        {good + "A,,,,,," + std::string(1000, 'x') + ",", "Line 4: The notes are too long "},
+        {good + "A,,,,,,tab\tstop,", "Line 4: The notes have characters outside "},
+        {good + "A,,,,,,,/bild\xff.png", "Line 4: The file name of the picture is not valid "},
+        {good + "A,,,,,,," + std::string(1000, 'x'),
+         "Line 4: The file name of the picture is too "},
+    };
+    for (const auto &[content, message] : cases) {
+        EXPECT_LT(import(content), 0) << message;
+        EXPECT_EQ(std::string(store.message).rfind(message, 0), 0U) << store.message;
+        EXPECT_TRUE(found("").empty()) << message;
     }
-    EXPECT_TRUE(content_of(file) == sound);
+    EXPECT_EQ(import(good), 1) << store.message;
+}
+
+TEST_F(Book, keeps_the_longest_contact_and_its_number_and_exports_what_it_imports) {
+    Contact contact{}, loaded{};
+    const auto fill = [&contact](int field, int count, const char *character) {
+        while (count-- > 0) std::strcat(contact.field[field], character);
+    };
+    for (const int field : {NAME, STREET, TOWN, TELEPHONE}) fill(field, 64, "ÿ");
+    fill(EMAIL, 64, "\"");
+    fill(POST_CODE, 10, "0");
+    fill(NOTES, 333, "ä\n,");
+    fill(PICTURE, 333, "€");
+    const Contact saved = save(contact);
+    expect_kept(contact, saved.id);
+    const std::string path = folder / "out.csv";
+    ASSERT_EQ(export_contacts(&store, path.c_str()), 1) << store.message;
+    EXPECT_EQ(content_of(path).rfind(header + "\"ÿ", 0), 0U);
+
+    remove(saved.id);
+    EXPECT_EQ(store_load(&store, saved.id, &loaded), 0);
+    ASSERT_EQ(import_contacts(&store, path.c_str()), 1) << store.message;
+    expect_kept(contact, saved.id + 1); // its own number is not given to another
+    EXPECT_EQ(save(saved).id, saved.id);
+}
+
+TEST_F(Book, reads_files_only_and_leaves_what_it_cannot_write) {
+    const fs::path pipe = folder / "pipe.csv", busy = folder / "folder.csv";
+    const fs::path missing = folder / "no" / "file.csv";
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    fs::create_directories(busy / "inside");
+    for (const fs::path &path : {pipe, busy, missing}) {
+        EXPECT_LT(import_contacts(&store, path.c_str()), 0) << path;
+        EXPECT_STREQ(store.message, "The file cannot be read.");
+    }
+    for (const fs::path &path : {busy, missing}) {
+        EXPECT_EQ(export_contacts(&store, path.c_str()), 0) << path;
+        EXPECT_STREQ(store.message, "The file cannot be written.");
+    }
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder), {}), 3) << "a draft was left there";
 }
 
 } // namespace

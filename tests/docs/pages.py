@@ -1,38 +1,17 @@
 """The code blocks of a Markdown page."""
 
 import re
-from dataclasses import dataclass
-from pathlib import Path
+from types import SimpleNamespace
 
 BLOCK = re.compile(r"^```(\w*)\n(.*?)^```$", re.M | re.S)
-FILE = re.compile(r"`([\w.]+)`:$")
-
-
-@dataclass
-class Block:
-    """A block with its language and what stands around it."""
-
-    page: Path
-    line: int  # of its first line of code
-    language: str
-    code: str
-    before: str  # the last paragraph of text before it
-
-    @property
-    def place(self):
-        return f"{self.page.name}:{self.line}"
-
-    @property
-    def file(self):
-        """The file that the text before names, as in 'Write this into `hello.c`:'; else None."""
-        named = FILE.search(self.before)
-        return named and named[1]
+FILE = re.compile(r"(Write this into |Add this to )?`([\w.]+)`:$")
 
 
 def blocks_of(page):
-    """Yields the blocks of a page in their order."""
+    """Yields the blocks in their order; the text before one may name its file, after a verb."""
     text = page.read_text(encoding="utf-8")
     for match in BLOCK.finditer(text):
-        paragraph = text[: match.start()].rstrip().rsplit("\n\n", 1)[-1]
+        named = FILE.search(" ".join(text[: match.start()].split()))
+        verb, file = named.groups() if named else (None, None)
         line = text.count("\n", 0, match.start()) + 2
-        yield Block(page, line, match[1], match[2], " ".join(paragraph.split()))
+        yield SimpleNamespace(line=line, language=match[1], code=match[2], verb=verb, file=file)

@@ -1,114 +1,76 @@
-"""Drives a program on an X server of its own, with a real pointer and keyboard.
+"""Drives a program on an X server of its own, with a real pointer and keyboard, step by step.
 
-A session is a list of steps, each named by a line of text. A test runs it for what the program
-prints and shows; `./run demo` runs the same one without a display and keeps a picture of each step.
+A test runs a session for what the program prints and shows; `./run demo` keeps a picture of each
+step. However busy the machine is, a session waits for what it sees and never for a time.
 """
 
 import argparse
+import functools
+import mmap
 import os
-import queue
 import re
-import shutil
 import signal
 import struct
 import subprocess
-import sys
 import tempfile
 import threading
 import time
 
-SCREEN_WIDTH, SCREEN_HEIGHT = 800, 600
-PATIENCE = 20  # seconds until something that does not happen is a failure
-
-
-class Failure(Exception):
-    """What the session expected did not happen."""
-
-
-class Form:
-    """Where the objects of a compiled form stand, by their names in its header."""
-
-    RECORD_SIZE = 776
-
-    def __init__(self, folder, name):
-        with open(os.path.join(folder, name + ".form"), "rb") as file:
-            self._records = file.read()
-        with open(os.path.join(folder, name + ".h"), encoding="utf-8") as file:
-            constants = re.findall(rf"\b{name.upper()}_(\w+) = (\d+)", file.read())
-        self._numbers = {key.lower(): int(number) for key, number in constants}
-
-    def rect(self, name):
-        """Left, top, width and height, as compiled."""
-        offset = (self._numbers[name] - 1) * self.RECORD_SIZE
-        return struct.unpack_from("<iiII", self._records, offset)
-
-    def centre(self, name):
-        x, y, width, height = self.rect(name)
-        return x + width // 2, y + height // 2
-
-
-KEY_NAMES = {
-    " ": "space", "ä": "adiaeresis", "ö": "odiaeresis", "ü": "udiaeresis", "ß": "ssharp",
-    ".": "period", ",": "comma", "-": "minus", "+": "plus", "#": "numbersign", "<": "less",
-    "\n": "Return",
-}  # fmt: skip
-SHIFTED = dict(zip('!"$%&/()=?*\';:_', '12456789' + '0ß+#,.-'))
-ALTERED = dict(zip("@{[]}\\~|", "q7890ß+<"))
-
-
-def key_for(character):
-    """What to press for a character, as xdotool takes it."""
-    if character in SHIFTED:
-        return "shift+" + key_for(SHIFTED[character])
-    if character in ALTERED:
-        return "alt+" + key_for(ALTERED[character])
-    if character.isupper():
-        return "shift+" + key_for(character.lower())
-    return KEY_NAMES.get(character, character)
-
-
+WIDTH, HEIGHT, BAR = 800, 600, 30  # the bar at the top may show the time
+PATIENCE = 60  # seconds until something that does not happen is a failure
+RECORD_SIZE = 776
+KEYS = {"@": "alt+q", "\n": "Return"}  # the library has its own place for @
+MARKED = bytes([235] * 3)  # a white entry of a menu that the pointer is on
 FRAME_BUTTONS = ["move", "height_less", "height_more", "mode", "width_less", "width_more", "close"]
 
 
-def frame_button(rect, name):
-    """Middle of a frame button of a window with a full frame; of a reduced one, only 'close'."""
-    x, y, width, _ = rect
-    width = min(width, SCREEN_WIDTH - x - 2)
-    return x + width - 16 * (7 - FRAME_BUTTONS.index(name)) + 8, y - 16
-
-
 class Display:
-    """An X server without a screen, with a German keyboard."""
+    """An X server without a screen, with a German keyboard; what it shows is mapped from a file."""
 
     def __init__(self):
+        self._folder = tempfile.TemporaryDirectory()
         reader, writer = os.pipe()
         self._server = subprocess.Popen(
-            ["Xvfb", "-displayfd", str(writer), "-screen", "0",
-             f"{SCREEN_WIDTH}x{SCREEN_HEIGHT}x24", "-nolisten", "tcp", "-noreset"],
+            ["Xvfb", "-displayfd", str(writer), "-screen", "0", f"{WIDTH}x{HEIGHT}x24", "-nocursor",
+             "-nolisten", "tcp", "-noreset", "-fbdir", self._folder.name],
             pass_fds=[writer], stderr=subprocess.DEVNULL)  # fmt: skip
         os.close(writer)
         with os.fdopen(reader) as answer:
             number = answer.readline().strip()
         if not number:
-            raise Failure("the X server does not start")
+            raise AssertionError("the X server does not start")
+        with open(os.path.join(self._folder.name, "Xvfb_screen0"), "rb") as file:
+            self._file = mmap.mmap(file.fileno(), 0, access=mmap.ACCESS_READ)
         self.environment = dict(os.environ, DISPLAY=":" + number, SDL_VIDEODRIVER="x11")
         self.run("setxkbmap", "de")
 
     def run(self, *command):
-        subprocess.run(command, env=self.environment, check=True, timeout=PATIENCE)
+        subprocess.run(command, env=self.environment, check=True, timeout=PATIENCE,
+                       stdout=subprocess.DEVNULL)  # fmt: skip
+
+    def shown(self, top=BAR):
+        """What is below a line of the screen, as bytes: blue, green, red and 255."""
+        pixels = bytearray(self._file[-4 * WIDTH * (HEIGHT - top):])
+        pixels[3::4] = b"\xff" * (len(pixels) // 4)
+        return pixels
+
+    def pixel(self, x, y):
+        return self.shown(top=0)[4 * (y * WIDTH + x):][:3]
 
     def close(self):
         self._server.terminate()
         self._server.wait()
+        self._folder.cleanup()
 
 
 class Session:
     """A program under test, as a context manager; its pictures go to a folder if there is one."""
 
-    def __init__(self, command, folder, pictures=None):
-        self._command, self._folder, self._pictures = command, folder, pictures
-        self._steps = 0
-        self.lines = []  # all that the program printed and the session has looked at
+    def __init__(self, program, pictures=None, command=None):
+        self.folder, self._name = os.path.split(program)
+        self._command, self._pictures = command or [program], pictures
+        self._steps = self._expected = 0
+        self.lines = []  # all that the program has printed
 
     def __enter__(self):
         self.display = Display()
@@ -116,154 +78,156 @@ class Session:
         return self
 
     def __exit__(self, kind, fault, trace):
-        if kind is not None:
-            print("printed so far:", *self.lines, *self._drain(), sep="\n  ", file=sys.stderr)
-        elif self._steps > 0:
+        try:
             self._keep_picture()
-        self.program.kill()
-        self.program.wait()
-        self.display.close()
+            if kind is not None:
+                self.picture("failed.png")
+                print("printed so far:", *self.lines, sep="\n  ")
+        finally:
+            self.kill()
+            self.display.close()
 
-    def start(self, *arguments):
-        """Starts the program, again if it has ended."""
+    def start(self):
         self.program = subprocess.Popen(
-            [*self._command, *arguments], cwd=self._folder, env=self.display.environment,
-            stdout=subprocess.PIPE)  # fmt: skip
-        self._waiting = queue.Queue()
-        threading.Thread(target=self._read, args=(self.program.stdout,), daemon=True).start()
+            self._command, cwd=os.path.dirname(self._command[-1]), start_new_session=True,
+            env=self.display.environment, stdout=subprocess.PIPE, text=True)  # fmt: skip
+        self._reader = threading.Thread(target=self._read)
+        self._reader.start()
 
-    def _read(self, pipe):
-        for line in pipe:
-            self._waiting.put(line.decode("utf-8", "replace").rstrip("\n"))
-        self._waiting.put(None)
+    def _read(self):
+        for line in self.program.stdout:
+            self.lines.append(line.rstrip("\n"))
 
-    def _drain(self):
-        while not self._waiting.empty():
-            yield str(self._waiting.get())
+    def kill(self):
+        """Ends the program at once, as a power failure would."""
+        if self.program.poll() is None:
+            os.killpg(self.program.pid, signal.SIGKILL)
+        self.program.wait()
+        self._reader.join()
 
     # --- Steps
 
     def step(self, text):
-        """Ends the step before with a picture and begins the next one."""
-        if self._steps > 0:
-            self._keep_picture()
+        self._keep_picture()
         self._steps += 1
         print(f"{self._steps:02}  {text}", flush=True)
 
     def _keep_picture(self):
-        if self._pictures is not None:
+        if self._pictures and self._steps > 0:
             self.picture(os.path.join(self._pictures, f"{self._steps:02}.png"))
 
     def picture(self, path):
         """Takes a picture of the screen, as soon as it no longer changes."""
-        before = None
-        for _ in range(20):
-            self.display.run("import", "-silent", "-window", "root", "-depth", "8", path)
-            with open(path, "rb") as file:
-                now = file.read()
-            if now == before:
-                return
-            before = now
-            time.sleep(0.05)
+        shown = None
+        while shown != (shown := self.display.shown(top=0)):
+            time.sleep(0.1)
+        command = ["convert", "-size", f"{WIDTH}x{HEIGHT}", "-depth", "8", "bgra:-", path]
+        subprocess.run(command, input=shown, check=True)
 
-    def look(self):
-        """The bytes of a picture of the screen, once the program has begun to draw."""
-        return self.look_until_it_differs_from(None)
+    # --- Where the objects of the form are, by their names in its header
 
-    def look_until_it_differs_from(self, before):
-        end = time.monotonic() + PATIENCE
-        with tempfile.TemporaryDirectory() as folder:
-            path = os.path.join(folder, "shown.ppm")
-            while time.monotonic() < end:
-                self.picture(path)
-                with open(path, "rb") as file:
-                    shown = file.read()
-                is_blank = len(set(shown[-3 * SCREEN_WIDTH * SCREEN_HEIGHT:])) == 1
-                if not is_blank and shown != before:
-                    return shown
-        raise Failure("the screen stays as it is")
+    @functools.cached_property
+    def _form(self):
+        """Left, top, width and height of each, as compiled."""
+        with open(os.path.join(self.folder, self._name + ".h"), encoding="utf-8") as file:
+            constants = re.findall(rf"\b{self._name.upper()}_(\w+) = (\d+)", file.read())
+        with open(os.path.join(self.folder, self._name + ".form"), "rb") as file:
+            records = file.read()
+        return {key.lower(): struct.unpack_from("<iiII", records, (int(number) - 1) * RECORD_SIZE)
+                for key, number in constants}  # fmt: skip
 
-    # --- Pointer and keyboard
+    def rect(self, name):
+        return self._form[name]
 
-    def move(self, x, y):
-        self.display.run("xdotool", "mousemove", str(x), str(y))
+    def centre(self, name):
+        x, y, width, height = self.rect(name)
+        return x + width // 2, y + height // 2
 
-    def press(self, x, y):
-        self.move(x, y)
-        self.display.run("xdotool", "mousedown", "1")
+    def frame_button(self, window, button):
+        """Of a window with a full frame; a reduced frame has only 'close' in the same place."""
+        x, y, width, _ = self.rect(window)
+        width = min(width, WIDTH - x - 2)
+        return x + width - 16 * (7 - FRAME_BUTTONS.index(button)) + 8, y - 16
 
-    def release(self, x, y):
-        self.move(x, y)
-        self.display.run("xdotool", "mouseup", "1")
+    # --- Pointer and keyboard; what is wanted is expected then
 
-    def click(self, x, y, button=1):
-        self.move(x, y)
-        self.display.run("xdotool", "click", str(button))
+    def point(self, x, y, *actions):
+        left_button = [word for action in actions for word in (action, "1")]
+        self.display.run("xdotool", "mousemove", str(x), str(y), *left_button)
 
-    def key(self, *names):
-        """Presses and releases keys, named as X names them; 'shift+a' holds one for another."""
-        self.display.run("xdotool", "key", "--delay", "8", *names)
+    def click_at(self, x, y, *wanted):
+        self.point(x, y, "mousedown", "mouseup")
+        self.expect(*wanted)
 
-    def type(self, text):
-        """Types a text as a hand does on a German keyboard."""
-        self.key(*[key_for(character) for character in text])
+    def click(self, name, *wanted):
+        self.click_at(*self.centre(name), *wanted)
+
+    def choose(self, title, entry, *wanted):
+        """Pulls a menu down by its title and lets go on an entry, a white one."""
+        x, y, _, _ = self.rect(entry)
+        self.point(*self.centre(title), "mousedown")
+        self.point(*self.centre(entry))
+        self.wait(lambda: self.display.pixel(x + 2, y + 2) == MARKED, f"{entry} is not marked")
+        self.point(*self.centre(entry), "mouseup")
+        self.wait(lambda: self.display.pixel(x + 2, y + 2) != MARKED, "the menu stays")
+        self.expect(*wanted)
+
+    def press_key(self, name):
+        """Presses and releases a key, named as X names it; 'shift+a' holds one for another."""
+        self.display.run("xdotool", "key", "--delay", "0", name)
+
+    def key(self, names, *wanted):
+        """Presses keys, each when the program has shown the one before."""
+        for name in names.split():
+            self.see_change(lambda: self.press_key(name))
+        self.expect(*wanted)
+
+    def type(self, text, *wanted):
+        for character in text:
+            words = ["key", KEYS[character]] if character in KEYS else ["type", character]
+            self.see_change(lambda: self.display.run("xdotool", *words))
+        self.expect(*wanted)
 
     # --- What is expected
 
-    def expect(self, *wanted):
-        """Waits for lines of the program, in this order; others may stand between them."""
-        for line in wanted:
-            end = time.monotonic() + PATIENCE
-            while self._next_line(line, end) != line:
-                pass
+    def wait(self, condition, fault):
+        end = time.monotonic() + PATIENCE
+        while not condition():
+            if time.monotonic() > end or not (self._reader.is_alive() or condition()):
+                raise AssertionError(fault)
+            time.sleep(0.005)
 
-    def _next_line(self, wanted, end):
-        try:
-            line = self._waiting.get(timeout=max(0, end - time.monotonic()))
-        except queue.Empty:
-            line = None
-        if line is None:
-            raise Failure(f"the program did not print '{wanted}'")
-        self.lines.append(line)
-        return line
+    def see_change(self, action):
+        """Does something and waits until the screen is no longer as it was."""
+        before = self.display.shown()
+        action()
+        self.wait(lambda: self.display.shown() != before, "the screen stays as it is")
+
+    def expect(self, *wanted):
+        """Waits for lines of the program, in this order; there may be others between them."""
+        for line in wanted:
+            fault = f"the program did not print '{line}'"
+            self.wait(lambda: line in self.lines[self._expected:], fault)
+            self._expected = self.lines.index(line, self._expected) + 1
+
+    def expect_title(self, title):
+        self.display.run("xdotool", "search", "--name", f"^{title}$")
 
     def expect_end(self):
         """Waits until the program has ended by itself and well."""
-        status = self.program.wait(PATIENCE)
-        if status != 0:
-            raise Failure(f"the program ended with the status {status}")
+        if self.program.wait(PATIENCE) != 0:
+            raise AssertionError(f"the program ended with the status {self.program.returncode}")
 
-    def expect_picture(self, expected, area, spots=0):
-        """Compares an area (left, top, width, height) of the screen with that of a PNG file."""
-        x, y, width, height = area
-        crop = ["-crop", f"{width}x{height}+{x}+{y}", "+repage"]
-        end = time.monotonic() + PATIENCE
-        with tempfile.TemporaryDirectory() as folder:
-            shown = os.path.join(folder, "shown.png")
-            while True:
-                self.picture(shown)
-                result = subprocess.run(
-                    ["compare", "-metric", "AE", "(", shown, *crop, ")", "(", expected, *crop, ")",
-                     "null:"], capture_output=True, text=True, check=False)  # fmt: skip
-                if result.returncode in (0, 1) and float(result.stderr) <= spots:
-                    return
-                if time.monotonic() > end:
-                    kept = os.path.abspath("shown.png")
-                    shutil.copy(shown, kept)
-                    raise Failure(f"{result.stderr} pixels of {kept} differ from {expected}")
-
-    def kill(self):
-        """Ends the program at once, as a power failure would."""
-        self.program.send_signal(signal.SIGKILL)
-        self.program.wait()
-        self.lines.extend(line for line in self._drain() if line != "None")
+    def expect_picture(self, path):
+        """Waits until the screen looks like a PNG file, but for the bar at the top."""
+        command = ["convert", path, "-crop", f"+0+{BAR}", "-depth", "8", "bgra:-"]
+        expected = subprocess.run(command, check=True, capture_output=True).stdout
+        self.wait(lambda: self.display.shown() == expected, f"the screen is not as in {path}")
 
 
 def arguments(description):
-    """The command line that all sessions have."""
+    """What all sessions take: the program, next to its form; the form tool; a folder."""
     parser = argparse.ArgumentParser(description=description)
-    parser.add_argument("--program", required=True, help="the program, beside its compiled form")
-    parser.add_argument("--velform", required=True, help="the form tool")
-    parser.add_argument("--pictures", help="folder for a picture of each step")
-    parser.add_argument("--under", default="", help="command to run the program with")
+    for option in ("--program", "--velform", "--pictures"):
+        parser.add_argument(option, type=os.path.abspath, required=option == "--program")
     return parser.parse_args()
