@@ -75,7 +75,7 @@ int main(int count, char **arguments) {
     if (count != 1 && !has_file) return fprintf(stderr, "usage: addressbook [--db FILE]\n"), 2;
     if (!has_file) find_file(path, sizeof path);
     const int is_open = store_open(&app.store, has_file ? arguments[2] : path);
-    /* The form, its pictures and the help lie beside the program. */
+    /* The form, its pictures and the help are next to the program. */
     if (program == NULL || chdir(dirname(program)) != 0) return perror("addressbook"), EXIT_FAILURE;
     free(program);
     setvbuf(stdout, NULL, _IOLBF, 0);

@@ -122,7 +122,7 @@ int store_save(Store *store, Contact *contact) {
     return 1;
 }
 
-/* Sorting by the bytes as well tells 'ae' from 'ä', and puts 'ae' first. */
+/* Sorting by the bytes as well keeps 'ae' and 'ä' apart, and puts 'ae' first. */
 int store_sort(Store *store) {
     return store_run(store, NULL, NULL,
                      "DROP TABLE IF EXISTS temp.book; CREATE TEMP TABLE book AS SELECT id, name, "

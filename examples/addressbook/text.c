@@ -27,7 +27,7 @@ void to_utf8(const char *latin1, char *utf8, size_t size) {
     *utf8 = 0;
 }
 
-/* What À to ß sort as, and à to ÿ but for the last; a blank stands for × and ÷. */
+/* What À to ß sort as, and à to ÿ but for the last; × and ÷ are blanks. */
 static const char *const accented[] = {
     "a", "a", "a", "a", "ae", "a", "ae", "c", "e", "e", "e", "e", "i",  "i", "i",  "i",
     "d", "n", "o", "o", "o",  "o", "oe", " ", "o", "u", "u", "u", "ue", "y", "th", "ss",

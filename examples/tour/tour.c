@@ -143,7 +143,7 @@ static void save(vel_context *ctx) {
     vel_draw_all_objects(ctx, 0, 1);
 }
 
-/* ---- What goes on beside ---- */
+/* ---- What goes on meanwhile ---- */
 
 /* A label may be drawn alone while no window lies over it. */
 static int is_clock_free(const vel_context *ctx) {
@@ -187,7 +187,7 @@ static uint32_t on_event(vel_context *ctx, SDL_Event *event) {
 
 /* ---- The tour ---- */
 
-/* Does what an object stands for; returns 0 when the tour ends. */
+/* Does what the user asked for; returns 0 when the tour ends. */
 static int act_on(vel_context *ctx, uint32_t object) {
     report_click(object);
     switch (object) {
