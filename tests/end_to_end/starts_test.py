@@ -50,8 +50,8 @@ def check(compiler, programs):
         subprocess.run([compiler, "-shared", "-fPIC", "-x", "c", "-", "-o", no_font],
                        input=NO_FONT, text=True, check=True)  # fmt: skip
         for program in programs:
-            expect(program, home, {}, "video")
-            expect(program, home, {"SDL_VIDEODRIVER": "caca"}, "video")
+            expect(program, home, {}, "available")
+            expect(program, home, {"SDL_VIDEODRIVER": "caca"}, "available")
             expect(program, home, {"SDL_VIDEODRIVER": "dummy", "LD_PRELOAD": no_font}, "missing")
             expect(program, home, {"SDL_VIDEODRIVER": "dummy"}, "")
 
