@@ -88,5 +88,5 @@ void vel_update_dep_objs_after_move(vel_context *ctx, uint32_t object, uint32_t 
 
 void vel_add_difference_toxy_dep_objs(vel_context *ctx, uint32_t object, uint32_t dx,
                                       uint32_t dy) noexcept {
-    shift_dependents(*ctx, object, {dx, dy});
+    shift_for_program(*ctx, object, {dx, dy});
 }

@@ -25,7 +25,6 @@ namespace {
 enum Part : u32 { folder_part, list_part, name_part, ok_part, cancel_part, message_part };
 constexpr std::size_t part_count = message_part + 1;
 
-constexpr std::size_t longest_label = VEL_DIR_NAME_SIZE - 1;
 constexpr std::string_view cut_mark = "...";
 
 bool is_dialog(const vel_context &ctx, u32 window) {
@@ -99,6 +98,7 @@ public:
         const Dialog dialog{window_, number_of(ok_part), number_of(cancel_part)};
         for (;;) {
             const u32 picked = wait_in_dialog(ctx_, dialog);
+            pass_quit_on(picked);
             if (is_end(picked)) return {};
             if (auto path = act_on(picked)) return path;
             show_active_window(ctx_);
@@ -109,9 +109,12 @@ private:
     u32 number_of(Part part) const { return object_at(ctx_, window_).dep_objs[part]; }
     vel_object &part(Part part) { return object_at(ctx_, number_of(part)); }
 
-    bool is_end(u32 picked) const {
-        // The program's own loop has to see that the user closes the program.
+    // The program's own loop has to see that the user closes the program.
+    void pass_quit_on(u32 picked) {
         if (picked == 0 && ctx_.event.type == SDL_QUIT) SDL_PushEvent(&ctx_.event);
+    }
+
+    bool is_end(u32 picked) const {
         return picked == 0 || picked == VEL_BUTTON_CLOSE || picked == number_of(cancel_part);
     }
 

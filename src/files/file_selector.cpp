@@ -29,11 +29,6 @@ void make_row(vel_context &ctx, u32 list, u32 row, u32 place) {
     o.margin_left = t.margin_left;
 }
 
-bool has_record(const vel_context &ctx, u32 number) {
-    const u32 records = object_records(ctx);
-    return records == 0 || number < records;
-}
-
 u8 first_character(const vel_context &ctx, u32 place) {
     return static_cast<u8>(ctx.dir_names[ctx.dir_order[place]][0]);
 }
@@ -80,7 +75,7 @@ void make_file_rows(vel_context &ctx, u32 list, u32 rows) {
     // On purpose: the row before is looked at, so that one row after the loaded objects is made.
     for (u32 k = 1; k <= rows && k < VEL_MAX_DEPENDENTS && row <= ctx.object_count; ++k) {
         row = first + k;
-        if (!has_record(ctx, row)) return;
+        if (names_nothing(ctx, row)) return;
         o.dep_objs[k] = row;
         make_row(ctx, list, row, k);
     }

@@ -7,12 +7,6 @@
 #include "window/list.h"
 
 namespace velumo {
-namespace {
-
-constexpr std::size_t longest_label = VEL_DIR_NAME_SIZE - 1;
-
-} // namespace
-
 i32 list_folder(vel_context &ctx, u32 list, const char *path, const char *pattern) try {
     auto names = read_folder(path, pattern);
     if (!names) return VEL_ERROR_FOLDER;

@@ -94,7 +94,9 @@ std::optional<std::vector<ListedName>> read_folder(const char *path, const char 
         }
     }
     if (errno != 0) return {};
-    std::sort(names.begin(), names.end(), comes_before);
+    // Folders are small, and a heap sorts with a third of the code.
+    std::make_heap(names.begin(), names.end(), comes_before);
+    std::sort_heap(names.begin(), names.end(), comes_before);
     return names;
 }
 

@@ -1,23 +1,21 @@
 #include "files/paths.h"
 
 #include <cstdlib>
-#include <memory>
 #include <sys/stat.h>
 #include <unistd.h>
+
+#include "model/memory.h"
 
 namespace velumo {
 namespace {
 
-struct Free {
-    void operator()(char *memory) const { std::free(memory); }
-};
-using Characters = std::unique_ptr<char, Free>;
+using OwnedString = std::unique_ptr<char, FreeDeleter>;
 
 } // namespace
 
 std::string working_folder() {
-    const Characters folder(getcwd(nullptr, 0));
-    // A folder outside of the process's root has a name that begins differently.
+    const OwnedString folder(getcwd(nullptr, 0));
+    // The name of a folder outside the process's root does not begin with a slash.
     return folder && *folder == '/' ? folder.get() : "/";
 }
 
@@ -46,7 +44,7 @@ bool is_folder(const std::string &path) {
 bool has_wildcard(std::string_view name) { return name.find_first_of("*?") != name.npos; }
 
 std::string canonical(const std::string &path) {
-    const Characters found(realpath(path.c_str(), nullptr));
+    const OwnedString found(realpath(path.c_str(), nullptr));
     return found ? found.get() : path;
 }
 

@@ -7,8 +7,8 @@
 namespace velumo {
 namespace {
 
-constexpr u32 most_field_characters = 64;
-constexpr u32 most_text_characters = VEL_TEXT_SIZE - 1;
+constexpr u32 max_field_characters = 64;
+constexpr u32 max_text_characters = VEL_TEXT_SIZE - 1;
 
 } // namespace
 
@@ -33,7 +33,7 @@ bool EditedText::erase_at_cursor() {
 }
 
 void EditedText::close_gap(u32 first) {
-    characters_.move_back(first, o_.text_length);
+    characters_.shift_left(first, o_.text_length);
     --o_.text_length;
 }
 
@@ -44,17 +44,16 @@ FieldText::FieldText(vel_context &ctx)
 
 // On purpose: the column limit wraps, so a max_chars of 0 sets none when overwriting.
 bool FieldText::has_room() const {
-    const bool fits =
-        o_.cursor_column < most_field_characters && o_.cursor_column <= column_limit();
+    const bool fits = o_.cursor_column < max_field_characters && o_.cursor_column <= column_limit();
     if (!inserts()) return fits;
-    return fits && o_.max_chars != 0 && o_.text_length < most_field_characters &&
+    return fits && o_.max_chars != 0 && o_.text_length < max_field_characters &&
            o_.text_length <= column_limit();
 }
 
 bool FieldText::type(char character) {
     if (o_.cursor_column < o_.text_length) {
         if (inserts()) {
-            characters_.move_on(o_.cursor_column, o_.text_length - 1);
+            characters_.shift_right(o_.cursor_column, o_.text_length - 1);
             characters_.set(++o_.text_length, '\0');
         }
         characters_.set(o_.cursor_column++, character);
@@ -90,10 +89,10 @@ void LinesText::step(u32 distance) {
 
 bool LinesText::break_line() {
     if (o_.number_of_lines >= last_line || o_.cursor_line >= last_line ||
-        o_.text_length >= most_text_characters) {
+        o_.text_length >= max_text_characters) {
         return false;
     }
-    characters_.move_on(index(), o_.text_length);
+    characters_.shift_right(index(), o_.text_length);
     characters_.set(index(), '\n');
     ++o_.text_length;
     ++index();
@@ -108,13 +107,13 @@ bool LinesText::break_line() {
 // On purpose: as with fields, a max_chars of 0 sets no limit when overwriting.
 bool LinesText::has_room() const {
     if (o_.cursor_line > last_line) return false;
-    return inserts() ? o_.cursor_column < last_column && o_.text_length < most_text_characters
+    return inserts() ? o_.cursor_column < last_column && o_.text_length < max_text_characters
                      : o_.cursor_column <= last_column && o_.cursor_column <= column_limit();
 }
 
 bool LinesText::type(char character) {
     if (inserts()) {
-        characters_.move_on(index(), o_.text_length);
+        characters_.shift_right(index(), o_.text_length);
         characters_.set(++o_.text_length, '\0');
     }
     characters_.set(index(), character);
@@ -172,7 +171,7 @@ EditedText::Right LinesText::right() const {
     const bool on_character = byte_at(o_.cursor_column) != '\0';
     const bool on_last = on_character && byte_at(o_.cursor_column + 1) == '\0';
     if (on_last) {
-        const bool has_place = o_.cursor_column < last_column && index() < most_text_characters;
+        const bool has_place = o_.cursor_column < last_column && index() < max_text_characters;
         return has_place ? Right::step : Right::stay;
     }
     if (on_character) return Right::step;

@@ -20,11 +20,11 @@ public:
     void set(u32 index, char character) {
         if (index < size_) start_[index] = index == size_ - 1 ? '\0' : character;
     }
-    // Move the characters from first to last, both included, one place on or back.
-    void move_on(u32 first, u32 last) {
+    // Move the characters from first to last, both included, by one place.
+    void shift_right(u32 first, u32 last) {
         for (u32 k = last; k >= first && k != 0xFFFFFFFF; --k) set(k + 1, at(k));
     }
-    void move_back(u32 first, u32 last) {
+    void shift_left(u32 first, u32 last) {
         for (u32 k = first; k <= last && k < size_; ++k) set(k - 1, at(k));
     }
 

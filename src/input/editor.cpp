@@ -80,13 +80,10 @@ private:
 
     void right() {
         switch (text_.right()) {
-        case EditedText::Right::step: {
-            const u32 x = x_after(o_.cursor_column + 1);
-            // On purpose: beyond the right edge neither the cursor nor the text is moved.
-            if (view_.is_left_of_right_edge(x)) o_.cursor_x = x;
+        case EditedText::Right::step:
+            view_.follow_right(x_after(o_.cursor_column + 1));
             text_.step_right();
             break;
-        }
         case EditedText::Right::next_line:
             text_.go_to_next_line();
             view_.go_to_x(view_.x_at_margin(), view_.x_at_margin() - o_.cursor_x);
@@ -107,13 +104,7 @@ private:
 
     void backspace() {
         if (!text_.erase_before_cursor()) return;
-        const u32 x = x_after(o_.cursor_column);
-        if (is_field(o_) && as_signed(o_.scroll_x) < 0) {
-            const i32 scrolled = as_signed(o_.scroll_x + (o_.cursor_x - x));
-            o_.scroll_x = as_field(std::min(scrolled, 0));
-        } else if (view_.is_right_of_left_edge(x) && view_.is_left_of_right_edge(x)) {
-            o_.cursor_x = x;
-        }
+        view_.follow_backspace(x_after(o_.cursor_column), is_field(o_));
         view_.go_down_to_line();
     }
 
@@ -127,14 +118,7 @@ private:
     void type(char character) {
         if (!text_.has_room()) return;
         if (text_.type(character)) view_.go_down_to_line();
-        const u32 x = x_after(o_.cursor_column);
-        if (!view_.is_left_of_right_edge(x)) {
-            o_.scroll_x -= x - o_.cursor_x;
-        } else if (view_.is_right_of_left_edge(x)) {
-            o_.cursor_x = x;
-        } else {
-            o_.scroll_x += x - o_.cursor_x;
-        }
+        view_.follow_typing(x_after(o_.cursor_column));
         text_.end_overwriting();
     }
 

@@ -9,8 +9,8 @@ namespace velumo {
 
 enum class Polled { event, nothing, end_of_loop };
 
-// Fetches the next event into the context's event and shows it to the event filter. Without one the
-// event stays as it was, and a loop handles it once more.
+// Fetches the next event into the context's event and shows it to the event filter. When none is
+// waiting, the event stays as it was; selection loops and menus then handle it again.
 Polled poll_event(vel_context &ctx);
 
 // For a loop whose poll found nothing: calls the idle hook and waits for the next event, but no

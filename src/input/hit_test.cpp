@@ -23,6 +23,7 @@ u32 hit_dependent(const vel_context &ctx, u32 number, i64 x, i64 y) {
 }
 
 u32 hit_frame_button(const vel_context &ctx, i64 x, i64 y) {
+    // On purpose: only loaded buttons are hit, also where a table made by hand shows more.
     const u32 count = std::min<u32>(VEL_FRAME_BUTTONS, ctx.object_count);
     for (u32 number = 1; number <= count; ++number) {
         if (object_at(ctx, number).hidden == 0 && is_hit(ctx, number, x, y)) return number;

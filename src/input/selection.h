@@ -1,4 +1,4 @@
-// The loops that wait until the user picks one of a few objects. For dialogs.
+// The loop that waits until the user picks one of two objects. For dialogs.
 #pragma once
 
 #include "model/objects.h"

@@ -5,7 +5,8 @@
 
 namespace velumo {
 
-// Set the one from the other, for the cursor object; a cursor that is not met leaves all as it is.
+// For the cursor object, each from the other. A position outside the formatted text changes
+// nothing.
 void find_cursor_index(vel_context &ctx);
 void find_cursor_line(vel_context &ctx);
 

@@ -17,6 +17,31 @@ u32 TextView::x_after(const char *line, u32 count) const {
     return origin_x_ + text_width(font_, part);
 }
 
+void TextView::follow_right(u32 x) {
+    // On purpose: beyond the right edge neither the cursor nor the text is moved.
+    if (is_left_of_right_edge(x)) o_.cursor_x = x;
+}
+
+void TextView::follow_backspace(u32 x, bool is_field) {
+    if (is_field && as_signed(o_.scroll_x) < 0) {
+        // On purpose: the text comes back and the cursor stays.
+        const i32 scrolled = as_signed(o_.scroll_x + (o_.cursor_x - x));
+        o_.scroll_x = as_field(std::min(scrolled, 0));
+    } else if (is_right_of_left_edge(x) && is_left_of_right_edge(x)) {
+        o_.cursor_x = x;
+    }
+}
+
+void TextView::follow_typing(u32 x) {
+    if (!is_left_of_right_edge(x)) {
+        o_.scroll_x -= x - o_.cursor_x;
+    } else if (is_right_of_left_edge(x)) {
+        o_.cursor_x = x;
+    } else {
+        o_.scroll_x += x - o_.cursor_x;
+    }
+}
+
 void TextView::go_to_x(u32 x, u32 shift) {
     if (is_right_of_left_edge(x)) {
         o_.cursor_x = x;

@@ -18,8 +18,10 @@ public:
     u32 x_at_margin() const { return o_.x + o_.margin_left; }
     u32 origin_x() const { return origin_x_; }
 
-    bool is_right_of_left_edge(u32 x) const { return as_signed(x) >= limits_.x.begin; }
-    bool is_left_of_right_edge(u32 x) const { return as_signed(x) < limits_.x.end; }
+    // The cursor goes to x, which follows a character to the right, a removed one or a typed one.
+    void follow_right(u32 x);
+    void follow_backspace(u32 x, bool is_field);
+    void follow_typing(u32 x);
 
     // The cursor goes to x, or the text is shifted when x is hidden at the left.
     void go_to_x(u32 x, u32 shift);
@@ -29,6 +31,8 @@ public:
     void go_up_to_line();
 
 private:
+    bool is_right_of_left_edge(u32 x) const { return as_signed(x) >= limits_.x.begin; }
+    bool is_left_of_right_edge(u32 x) const { return as_signed(x) < limits_.x.end; }
     u32 y_of_line() const { return origin_y_ + o_.cursor_line * pitch_; }
 
     vel_object &o_;

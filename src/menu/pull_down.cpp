@@ -162,6 +162,7 @@ private:
 } // namespace
 
 MenuEnd run_menu(vel_context &ctx, u32 menu, Hanging hanging) {
+    if (names_nothing(ctx, menu)) return {MenuEnd::Cause::left, 0, {}};
     return Menu(ctx, menu, hanging).run();
 }
 

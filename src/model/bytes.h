@@ -1,4 +1,4 @@
-// Little-endian fields in bytes. For the readers and writers of the form files.
+// Reads little-endian fields from bytes. For the form files.
 #pragma once
 
 #include <cstddef>

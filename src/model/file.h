@@ -3,7 +3,8 @@
 
 #include <optional>
 
-#include "model/tables.h"
+#include "model/bytes.h"
+#include "model/memory.h"
 
 namespace velumo {
 

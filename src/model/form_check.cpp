@@ -40,7 +40,7 @@ private:
         check_number(number, "master", o.master, tables_.object_records);
         check_number(number, "text_index", o.text_index, tables_.text_records);
         const std::size_t listed = dependents_of(o).size();
-        for (u32 &entry : std::span(o.dep_objs)) {
+        for (u32 &entry : std::span(o.dep_objs)) { // also after the end of the list
             check_number(number, "dep_objs", entry, tables_.object_records);
         }
         close_gaps(o, listed);
@@ -73,7 +73,7 @@ private:
     }
 
     // Follows the link of every object upwards. A chain that comes back to itself is a cycle; its
-    // lowest number is the first to be reached and is cut loose.
+    // lowest number is cut loose.
     template <class Link, class Cut> void cut_cycles(Link link, Cut cut) {
         std::vector<u32> seen_from(tables_.object_count + std::size_t{1});
         for (u32 start = 1; start <= tables_.object_count; ++start) {

@@ -1,4 +1,4 @@
-// Takes references out of freshly read tables that lead nowhere. For start-up.
+// Removes references that lead nowhere from freshly read tables. For start-up.
 #pragma once
 
 #include "model/tables.h"

@@ -5,19 +5,18 @@
 namespace velumo {
 namespace {
 
-constexpr u32 most_digits_read = 9;
+constexpr u32 max_digits_read = 9;
 constexpr float powers_of_ten[] = {1.0F,      10.0F,      100.0F,      1000.0F,      10000.0F,
                                    100000.0F, 1000000.0F, 10000000.0F, 100000000.0F, 1000000000.0F};
 
 float tenth(u32 value) { return static_cast<float>(value) / 10.0F; }
 
-// Digits that a number is written with, by the size of its tenth; 0 when there is no answer.
-// On purpose: single precision rounds 99999999 up to a hundred million, which gets a digit too
-// many.
+// Digits that a number is written with, by the size of its tenth, which is always below the last
+// power. On purpose: single precision rounds 99999999 up to a hundred million, which gets a digit
+// too many.
 u32 count_digits(float tenth_of_value) {
     const float *above =
         std::upper_bound(std::begin(powers_of_ten), std::end(powers_of_ten), tenth_of_value);
-    if (above == std::end(powers_of_ten)) return 0;
     return static_cast<u32>(above - std::begin(powers_of_ten)) + 1;
 }
 
@@ -60,7 +59,7 @@ bool character_to_digit(char character, u32 &digit) {
 }
 
 u32 string_to_number(const char *string) {
-    const auto length = static_cast<u32>(strnlen(string, most_digits_read));
+    const auto length = static_cast<u32>(strnlen(string, max_digits_read));
     u32 number = 0;
     for (u32 k = 0; k < length; ++k) {
         u32 digit = 0;
@@ -72,7 +71,6 @@ u32 string_to_number(const char *string) {
 
 i32 number_to_string(u32 value, char *destination) {
     const u32 digits = count_digits(tenth(value));
-    if (digits == 0) return -1;
     destination[digits] = '\0';
     if (digits == 1) {
         digit_to_character(as_signed(value), destination[0]);

@@ -10,7 +10,7 @@ bool digit_to_character(i32 digit, char &character);
 bool character_to_digit(char character, u32 &digit);
 
 u32 string_to_number(const char *string);
-// Returns the digits written; -1 when there is no answer.
+// Returns the digits written.
 i32 number_to_string(u32 value, char *destination);
 
 u32 power_of_ten(u32 exponent);

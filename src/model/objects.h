@@ -37,8 +37,9 @@ inline const vel_object &object_at(const vel_context &ctx, u32 number) {
     return ctx.objects[object_index(ctx, number)];
 }
 
-// Whether the table has an object of this number, as far as its length is known.
-inline bool has_object(const vel_context &ctx, u32 number) {
+// Whether the table surely has an object of this number: where its length is not known, only the
+// loaded ones count.
+inline bool is_known_object(const vel_context &ctx, u32 number) {
     const u32 records = object_records(ctx);
     return number != 0 && (records != 0 ? number < records : number <= ctx.object_count);
 }

@@ -35,6 +35,8 @@ i32 read_tables(const Form &form, Tables &tables) {
 void hand_over(Tables &tables, vel_context &ctx, vel_state &state) {
     ctx.objects = tables.objects.release();
     ctx.object_count = tables.object_count;
+    state.lists.clear();
+    state.folders.clear();
     state.object_records = tables.object_records;
     ctx.text_recs = tables.texts.release();
     ctx.text_bufs = tables.buffers.release();

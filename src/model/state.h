@@ -8,8 +8,10 @@
 #include "model/lists.h"
 
 struct vel_state {
-    std::uint32_t object_records = 0; // of the table, record 0 and the spare ones included;
-    std::uint32_t text_records = 0;   // 0 = not known, as in tables that a program made by hand
+    // Records of the tables, record 0 and the spare ones included; 0 = not known, as in tables that
+    // a program made by hand.
+    std::uint32_t object_records = 0;
+    std::uint32_t text_records = 0;
     std::chrono::milliseconds last_event{0};
     std::map<std::uint32_t, velumo::List> lists; // by the number of the list object
     std::map<std::uint32_t, std::vector<velumo::ListedName>> folders;

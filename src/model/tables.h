@@ -1,17 +1,11 @@
 // Tables made from the bytes of the form files, before a context owns them. For start-up.
 #pragma once
 
-#include <cstdlib>
-#include <memory>
-
 #include "model/bytes.h"
+#include "model/memory.h"
 
 namespace velumo {
 
-struct FreeDeleter {
-    void operator()(void *memory) const { std::free(memory); }
-};
-template <class T> using Table = std::unique_ptr<T[], FreeDeleter>;
 using LineBuffer = char[VEL_TEXT_BUFFER_SIZE];
 
 // The tables live in memory from calloc, because vel_close and applications release it with free.

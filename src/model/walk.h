@@ -5,8 +5,9 @@
 
 namespace velumo {
 
-// Depth first, each dependent before its own. The levels lie on the heap, so that a form nested
-// thousands of levels deep cannot exhaust the stack.
+// Depth first, each dependent before its own. The levels above the present one lie on the heap, so
+// that a form nested thousands of levels deep cannot exhaust the stack; without memory for them,
+// what lies deeper is left out.
 class DependentWalk {
 public:
     DependentWalk(const vel_context &ctx, u32 master);
@@ -19,7 +20,8 @@ public:
 private:
     const vel_context &ctx_;
     u32 last_ = 0;
-    std::vector<std::span<const u32>> levels_;
+    std::span<const u32> level_;
+    std::vector<std::span<const u32>> above_;
 };
 
 enum class Walk { descend, skip, stop };

@@ -21,6 +21,7 @@ void draw_cursor(vel_context &ctx, u32 number) {
     const bool ends_inside = as_signed(bottom) < as_signed(below);
     if (starts_inside && !ends_inside && o.cursor_y >= below) return;
     if (!starts_inside && ends_inside && as_signed(bottom) <= as_signed(above)) return;
+    // On purpose: without the lock, which the caller takes where the screen needs it.
     draw_line(ctx, {o.cursor_x, starts_inside ? o.cursor_y : above + 1},
               {o.cursor_x, ends_inside ? bottom : below - 1},
               colour_of(o.text_r, o.text_g, o.text_b));

@@ -16,7 +16,7 @@ void cut_to(int size, Sint16 &start, Uint16 &length) {
 void update_display(const vel_context &ctx, SDL_Rect rect) {
     const SDL_Surface *display = SDL_GetVideoSurface();
     if (display == nullptr || ctx.screen == nullptr) return;
-    // An X server ends programs that put pictures from outside of their memory.
+    // An X server ends a program that shows pixels outside its surface.
     cut_to(std::min(display->w, ctx.screen->w), rect.x, rect.w);
     cut_to(std::min(display->h, ctx.screen->h), rect.y, rect.h);
     if (rect.w != 0 && rect.h != 0) SDL_UpdateRects(ctx.screen, 1, &rect);

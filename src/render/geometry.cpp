@@ -1,5 +1,7 @@
 #include "render/geometry.h"
 
+#include <new>
+
 namespace velumo {
 namespace {
 
@@ -31,6 +33,7 @@ Span direct_limits(const vel_context &ctx, const vel_object &object, const Axis 
     case VEL_CLIP_FRAME:
         return between(start - 1, end);
     default:
+        // On purpose: without limits of its own, an object inside an uncut master shows nowhere.
         return between(0, is_cut ? end : 0);
     }
 }
@@ -60,8 +63,8 @@ void set_candidate(const vel_object &master, u32 clip_mode, const Axis &axis, Sp
     }
 }
 
-constexpr Span unlimited{1, 0}; // strictly between 0 and 0
-constexpr i64 no_end = 0;       // so far
+constexpr Span not_limited_yet{1, 0}; // strictly between 0 and 0
+constexpr i64 no_end = 0;             // so far
 
 Span tighter(Span a, Span b) { return {std::max(a.begin, b.begin), std::min(a.end, b.end)}; }
 
@@ -69,8 +72,8 @@ Span tighter(Span a, Span b) { return {std::max(a.begin, b.begin), std::min(a.en
 Span nested_limits(const vel_context &ctx, const vel_object &object, u32 root, const Axis &axis) {
     const u32 root_cut = cut_size(ctx, object_at(ctx, root), axis);
     const bool root_is_cut = object_at(ctx, root).*axis.size > root_cut;
-    Span limits = unlimited;
-    Span candidate = unlimited;
+    Span limits = not_limited_yet;
+    Span candidate = not_limited_yet;
     for (u32 master = object.master; master != root; master = object_at(ctx, master).master) {
         const vel_object &m = object_at(ctx, master);
         set_candidate(m, object.clip_mode, axis, candidate);
@@ -83,7 +86,18 @@ Span nested_limits(const vel_context &ctx, const vel_object &object, u32 root, c
     return limits;
 }
 
+void keep_from_edge(vel_object &object, const Axis &axis) {
+    u32 &position = object.*axis.position;
+    if (as_signed(position) < as_signed(axis.window_start)) position = axis.window_start;
+}
+
 } // namespace
+
+void leave_room_for_frame(vel_object &object) {
+    if (!is_top_level_window(object)) return;
+    keep_from_edge(object, horizontal);
+    keep_from_edge(object, vertical);
+}
 
 u32 root_of(const vel_context &ctx, u32 number) {
     u32 root = object_at(ctx, number).master;
@@ -95,6 +109,7 @@ u32 root_of(const vel_context &ctx, u32 number) {
 u32 cut_size(const vel_context &ctx, const vel_object &object, const Axis &axis) {
     const u32 start = object.*axis.position;
     const u32 screen = ctx.*axis.screen_size;
+    // On purpose: an object whose last pixel is one after the screen's is not cut.
     return screen < start + object.*axis.size - 1 ? screen - start - axis.screen_gap
                                                   : object.*axis.size;
 }
@@ -104,8 +119,9 @@ Rect cut_rect(const vel_context &ctx, const vel_object &object) {
 }
 
 // The usable size of a dependent follows from that of an object further up, and so on to the top.
-// The objects on the way are gathered first, so that deep nesting needs no deep recursion.
-u32 size_in_masters(const vel_context &ctx, u32 number, const Axis &axis, Climb climb) {
+// The objects on the way are gathered first, so that deep nesting needs no deep recursion; without
+// memory for them, the size is that of the object alone.
+u32 size_in_masters(const vel_context &ctx, u32 number, const Axis &axis, Climb climb) try {
     std::vector<u32> way{number};
     u32 master = object_at(ctx, number).master;
     while (object_at(ctx, master).master != 0) {
@@ -118,6 +134,8 @@ u32 size_in_masters(const vel_context &ctx, u32 number, const Axis &axis, Climb 
         size = size_inside(o, object_at(ctx, o.master), size, axis);
     }
     return size;
+} catch (const std::bad_alloc &) {
+    return object_at(ctx, number).*axis.size;
 }
 
 Limits dependent_limits(const vel_context &ctx, u32 number) {

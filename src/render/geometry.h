@@ -30,6 +30,10 @@ struct Limits {
 // The top-level object that an object hangs on in the end; 0 when it has no master.
 u32 root_of(const vel_context &ctx, u32 number);
 
+// Moves a top-level window to x of at least 11 and y of at least 25, so that its marks and frame
+// buttons have room. Other objects stay.
+void leave_room_for_frame(vel_object &object);
+
 // Size of a top-level object as far as the screen shows it.
 u32 cut_size(const vel_context &ctx, const vel_object &object, const Axis &axis);
 // The same as a rectangle, of which the display is updated.
@@ -55,7 +59,7 @@ inline Span inside_margins(const vel_object &object, u32 size, const Axis &axis)
 Limits dependent_limits(const vel_context &ctx, u32 object);
 Limits text_limits(const vel_context &ctx, u32 object);
 
-// How something lies to its limits.
+// Which part of an extent lies inside its limits.
 struct Overlap {
     bool first_in, last_in, spans;
 

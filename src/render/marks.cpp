@@ -1,7 +1,6 @@
 #include "render/marks.h"
 
 #include "render/geometry.h"
-#include "render/paint.h"
 #include "render/surface.h"
 
 namespace velumo {
@@ -44,14 +43,14 @@ void draw_mark_square(vel_context &ctx, u32 window) {
 void erase_mark_outline(vel_context &ctx, u32 window) {
     if (names_nothing(ctx, window)) return;
     vel_object &o = object_at(ctx, window);
-    keep_window_on_screen(o);
+    leave_room_for_frame(o);
     draw_outline(ctx, outline_of(ctx, o), ctx.background_colour);
 }
 
 void erase_mark_square(vel_context &ctx, u32 window) {
     if (names_nothing(ctx, window)) return;
     vel_object &o = object_at(ctx, window);
-    keep_window_on_screen(o);
+    leave_room_for_frame(o);
     draw_box(ctx, square_of(o), ctx.background_colour);
 }
 

@@ -11,4 +11,9 @@ void draw_mark_square(vel_context &ctx, u32 window);
 void erase_mark_outline(vel_context &ctx, u32 window);
 void erase_mark_square(vel_context &ctx, u32 window);
 
+inline void erase_marks(vel_context &ctx, u32 window) {
+    erase_mark_square(ctx, window);
+    erase_mark_outline(ctx, window);
+}
+
 } // namespace velumo

@@ -15,6 +15,7 @@ struct Size {
 };
 
 Size top_level_size(const vel_context &ctx, u32 number, const vel_object &object) {
+    // On purpose: frame buttons are painted in one size, and hit in that of their record.
     if (number <= VEL_FRAME_BUTTONS) return {VEL_FRAME_BUTTON_SIZE, VEL_FRAME_BUTTON_SIZE};
     return {cut_size(ctx, object, horizontal), cut_size(ctx, object, vertical)};
 }
@@ -164,19 +165,14 @@ void paint_text(vel_context &ctx, u32 number, vel_object &o, Size size) {
     LinePainter(ctx, o, limits, font).paint();
 }
 
-void keep_from_edge(vel_object &object, const Axis &axis) {
-    u32 &position = object.*axis.position;
-    if (as_signed(position) < as_signed(axis.window_start)) position = axis.window_start;
-}
-
 } // namespace
 
 void paint_object(vel_context &ctx, u32 number) {
     if (names_nothing(ctx, number) || ctx.screen == nullptr) return;
     vel_object &o = object_at(ctx, number);
-    // On purpose: the size is taken before the window is moved onto the screen.
+    // On purpose: the size is taken before the window is moved.
     const Size size = top_level_size(ctx, number, o);
-    keep_window_on_screen(o);
+    leave_room_for_frame(o);
     if (o.master == 0) {
         paint_top_level_body(ctx, o, size);
     } else {
@@ -184,12 +180,6 @@ void paint_object(vel_context &ctx, u32 number) {
     }
     paint_text(ctx, number, o, size);
     paint_border(ctx, number);
-}
-
-void keep_window_on_screen(vel_object &object) {
-    if (!is_top_level_window(object)) return;
-    keep_from_edge(object, horizontal);
-    keep_from_edge(object, vertical);
 }
 
 } // namespace velumo

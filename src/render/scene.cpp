@@ -49,6 +49,7 @@ void draw_background_windows(vel_context &ctx) {
 
 void draw_marked_window(vel_context &ctx) {
     const u32 window = ctx.active_window;
+    // On purpose: an empty top of the stack hides the active window.
     if (window == 0 || ctx.window_stack[0] == 0 || object_at(ctx, window).hidden != 0) return;
     paint_object(ctx, window);
     draw_mark_square(ctx, window);
@@ -142,7 +143,7 @@ void show_active_window(vel_context &ctx) {
 
 void erase_object(vel_context &ctx, u32 number) {
     vel_object &o = object_at(ctx, number);
-    keep_window_on_screen(o);
+    leave_room_for_frame(o);
     // On purpose: the whole size of the record, also what the screen cuts, but nothing outside it,
     // so that a shadow stays.
     draw_box(ctx, {o.x, o.y, o.width, o.height}, ctx.background_colour);

@@ -155,7 +155,9 @@ struct ChainLines {
     const vel_object &object() const { return object_at(ctx, member); }
     static bool has_room() { return true; }
 
-    Left place_word(Word word) { return put_down(word, false) ? Left::nothing : Left::no_room; }
+    Remains place_word(Word word) {
+        return put_down(word, false) ? Remains::nothing : Remains::no_room;
+    }
     bool place_word_and_break(Word word) { return put_down(word, true); }
 
     bool break_line() {

@@ -18,8 +18,8 @@ u32 format_chain(vel_context &ctx, u32 master);
 // Returns -1 when the chain ended, else 0 or 1 as vel_copy_word_big does.
 i32 place_word_in_chain(vel_context &ctx, u32 master, ChainPlace &at, Word &word, bool break_after);
 
-// What is left keeps the number of its lines. A member that is none ends the chain; then position,
-// member and text are those of the failed attempt.
+// The member that is left keeps the number of its lines. An object that is no member ends the
+// chain; position, member and text are then those of the failed attempt.
 bool go_to_next_member(vel_context &ctx, u32 master, ChainPlace &at);
 
 } // namespace velumo

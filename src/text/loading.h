@@ -1,4 +1,4 @@
-// Putting texts into objects and bringing them back to their start. For the interface.
+// Puts texts into objects, and cursors back to the start. For the interface.
 #pragma once
 
 #include "model/objects.h"
@@ -8,7 +8,7 @@ namespace velumo {
 // A text that is longer than its record is cut. Returns the last line written.
 u32 load_text(vel_context &ctx, u32 number, const char *text);
 
-// Counts the characters of a label or a text and puts the cursor to its start.
+// Counts the characters of a label or a text and puts the cursor at its start.
 enum class Holder : u32 { label = 0, text = 1 }; // any other: nothing is counted
 void reset_text(vel_context &ctx, u32 number, Holder holder);
 

@@ -5,7 +5,7 @@
 namespace velumo {
 namespace {
 
-constexpr u32 most_columns = last_column - 1; // characters of a word and the line before it
+constexpr u32 max_columns = last_column - 1; // characters of a word and the line before it
 
 // Puts as many characters on each line as fit it, from the place on.
 Placed split_word(vel_context &ctx, const vel_object &object, Word word, Place &place) {
@@ -53,12 +53,12 @@ Fit fit_of(const vel_context &ctx, const vel_object &object, Word word, const Pl
     const u32 line_width = text_width(font, line_of(ctx, buffer_of(ctx, object), place.line));
     const u32 free_width = object.line_width - line_width;
     // On purpose: at column 99 this wraps and counts as room.
-    const u32 free_columns = most_columns - place.column;
+    const u32 free_columns = max_columns - place.column;
     if (word.length <= free_columns && as_signed(word_width) <= as_signed(free_width)) {
         return Fit::here;
     }
-    return word.length <= most_columns && word_width <= object.line_width ? Fit::on_next_line
-                                                                          : Fit::only_split;
+    return word.length <= max_columns && word_width <= object.line_width ? Fit::on_next_line
+                                                                         : Fit::only_split;
 }
 
 Placed place_word(vel_context &ctx, vel_object &object, Word word, Place &place, bool break_after) {

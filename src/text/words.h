@@ -33,7 +33,8 @@ bool try_character(vel_context &ctx, const vel_object &object, const Place &plac
 // Writes the characters of a word and a NUL after each.
 void copy_characters(vel_context &ctx, Place &place, Word word);
 
-// What a line of the object has room for, from the column on.
+// What a line of the object has room for, from the column on. The line is one of the object's own
+// text; the text of the place is not looked at.
 enum class Fit : u32 { here = 1, on_next_line = 2, only_split = 3 };
 Fit fit_of(const vel_context &ctx, const vel_object &object, Word word, const Place &place);
 

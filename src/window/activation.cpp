@@ -19,7 +19,7 @@ bool put_in_front(vel_context &ctx, u32 window) {
         if (ctx.window_count >= VEL_MAX_WINDOWS) return false;
     }
     const auto entry = find_window(ctx, window);
-    if (entry == 0U) return true;
+    if (entry && *entry == 0) return true;
     if (entry) remove_entry(ctx, *entry);
     push_window(ctx, window);
     // On purpose: only windows that were closed are counted.

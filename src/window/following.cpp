@@ -16,7 +16,7 @@ bool scrolls(const vel_context &ctx, const vel_object &o) {
 } // namespace
 
 void step(u32 &coordinate, Direction direction, u32 distance) {
-    if (direction == Direction::on) coordinate += distance;
+    if (direction == Direction::forward) coordinate += distance;
     if (direction == Direction::back) coordinate -= distance;
 }
 
@@ -39,7 +39,7 @@ void follow_move(vel_context &ctx, u32 master, Shift by) {
     });
 }
 
-void shift_dependents(vel_context &ctx, u32 master, Shift by) {
+void shift_for_program(vel_context &ctx, u32 master, Shift by) {
     walk_dependents(ctx, master, [&ctx, by](u32 number) {
         vel_object &o = object_at(ctx, number);
         if (!has_area(o)) return Walk::skip;

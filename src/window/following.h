@@ -5,7 +5,7 @@
 
 namespace velumo {
 
-enum class Direction : u32 { back = 1, on = 2 }; // any other: nothing moves
+enum class Direction : u32 { back = 1, forward = 2 }; // any other: nothing moves
 
 void step(u32 &coordinate, Direction direction, u32 distance);
 
@@ -15,11 +15,11 @@ struct Shift {
 void shift_object(vel_object &object, Shift by);
 void shift_cursor(vel_object &object, Shift by);
 
-// On purpose: dependents move in two ways. When their window moves, all do, and the cursors of the
-// types that take one;
+// On purpose: dependents move in two ways.
+// With their window: all of them, and the cursors of the types that take one.
 void follow_move(vel_context &ctx, u32 master, Shift by);
-// when a program shifts them, those with an area do, and every cursor.
-void shift_dependents(vel_context &ctx, u32 master, Shift by);
+// When a program shifts them: those with an area, and every cursor.
+void shift_for_program(vel_context &ctx, u32 master, Shift by);
 
 struct ScrollStep {
     const Axis &axis;

@@ -1,6 +1,7 @@
 #include "window/frame_actions.h"
 
 #include "input/events.h"
+#include "render/marks.h"
 #include "render/scene.h"
 #include "window/following.h"
 #include "window/frame_buttons.h"
@@ -10,7 +11,8 @@ namespace velumo {
 namespace {
 
 constexpr u32 resize_step = 4;
-constexpr u32 least_size = 20;
+// On purpose: the size is compared before the step, so a window may end up to 3 pixels smaller.
+constexpr u32 no_shrinking_from = 20;
 constexpr u32 screen_margin = 50;
 constexpr u32 screens_to_scroll = 5;
 
@@ -48,12 +50,12 @@ struct Scroll {
 Scroll scroll_of(Towards towards) {
     switch (towards) {
     case Towards::right:
-        return {horizontal, Direction::on, Direction::on};
+        return {horizontal, Direction::forward, Direction::forward};
     case Towards::left:
         // On purpose: here alone the window's own cursor moves against its contents.
-        return {horizontal, Direction::back, Direction::on};
+        return {horizontal, Direction::back, Direction::forward};
     case Towards::down:
-        return {vertical, Direction::on, Direction::on};
+        return {vertical, Direction::forward, Direction::forward};
     case Towards::up:
         break;
     }
@@ -65,7 +67,7 @@ bool may_scroll(const vel_context &ctx, const vel_object &o, const Scroll &scrol
     const i32 offset = as_signed(o.*scroll.axis.scroll);
     const u32 range = o.*scroll.axis.scroll_max;
     const u32 screens = screens_to_scroll * ctx.*scroll.axis.screen_size;
-    if (scroll.contents == Direction::on) {
+    if (scroll.contents == Direction::forward) {
         return offset < as_signed(range == 0 ? screens : 2 * range);
     }
     return offset > as_signed(0 - (range == 0 ? screens : range));
@@ -85,7 +87,7 @@ void resize_window(vel_context &ctx, const Axis &axis, Change change) {
     erase_marks(ctx, ctx.active_window);
     erase_object(ctx, ctx.active_window);
     if (change == Change::more && size < ctx.*axis.screen_size - screen_margin) size += resize_step;
-    if (change == Change::less && size > least_size) size -= resize_step;
+    if (change == Change::less && size > no_shrinking_from) size -= resize_step;
     // On purpose: the redraw comes also when a limit refuses the change.
     show_all(ctx);
 }

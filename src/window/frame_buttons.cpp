@@ -7,7 +7,7 @@
 namespace velumo {
 namespace {
 
-constexpr u32 row_above_window = 24;
+constexpr u32 height_of_button_row = 24;
 
 constexpr u32 buttons_of_full_frame[] = {1, 2, 3, 4, 5, 6, 7};
 constexpr u32 buttons_of_reduced_frame[] = {VEL_BUTTON_MOVE, VEL_BUTTON_CLOSE};
@@ -32,7 +32,7 @@ void place_button(vel_context &ctx, u32 button, const vel_object &window) {
     vel_object &o = object_at(ctx, button);
     o.hidden = 0;
     o.x = right - VEL_FRAME_BUTTON_SIZE * places_from_end(button, window.window_kind);
-    o.y = window.y - row_above_window;
+    o.y = window.y - height_of_button_row;
 }
 
 } // namespace
@@ -75,11 +75,6 @@ void erase_frame_before_move(vel_context &ctx, u32 window) {
         if (is_hidden && kind == VEL_WINDOW_FULL) return;
         if (!is_hidden) erase_object(ctx, button);
     }
-}
-
-void erase_marks(vel_context &ctx, u32 window) {
-    erase_mark_square(ctx, window);
-    erase_mark_outline(ctx, window);
 }
 
 } // namespace velumo

@@ -30,7 +30,7 @@ bool was_clicked(const vel_context &ctx, u32 title, const MenuEnd &end) {
 
 u32 menu_of_title(const vel_context &ctx, u32 title) {
     const vel_object &o = object_at(ctx, title);
-    if (!type_of(o).can_be_title || !has_object(ctx, o.max_chars)) return 0;
+    if (!type_of(o).can_be_title || !is_known_object(ctx, o.max_chars)) return 0;
     return object_at(ctx, o.max_chars).type == VEL_TYPE_MENU ? o.max_chars : 0;
 }
 

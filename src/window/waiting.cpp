@@ -1,5 +1,6 @@
 #include "window/waiting.h"
 
+#include <new>
 #include <optional>
 
 #include "input/events.h"
@@ -37,7 +38,8 @@ std::vector<u32> cursor_stops(const vel_context &ctx) {
     return stops;
 }
 
-void move_cursor(vel_context &ctx, bool backwards) {
+// Without memory for the list of stops, the cursor stays.
+void move_cursor(vel_context &ctx, bool backwards) try {
     const std::vector<u32> stops = cursor_stops(ctx);
     if (stops.empty()) return;
     const auto here = std::find(stops.begin(), stops.end(), ctx.cursor_object);
@@ -49,6 +51,7 @@ void move_cursor(vel_context &ctx, bool backwards) {
         next = place + stops.size() - 1;
     ctx.cursor_object = stops[next % stops.size()];
     show_active_window(ctx);
+} catch (const std::bad_alloc &) {
 }
 
 bool is_press_of(const SDL_Event &event, SDLKey key) {

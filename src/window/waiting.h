@@ -5,7 +5,8 @@
 
 namespace velumo {
 
-// Returns the object that was clicked; 0 at the end of the program, 7 when the last window closed.
+// Returns the object that was clicked or the menu entry that was chosen; 0 when the user or the
+// event filter ends the program, 7 when the last window closed.
 u32 wait_for_object(vel_context &ctx);
 
 // All that lies outside of the window is out of the user's reach.
