@@ -2,8 +2,8 @@
 #
 # Whenever the source has changed it writes <name>.form, <name>.text and the header <name>.h with
 # the object numbers into the folder where the program is built, and puts the header on the
-# program's include path. The pictures of the frame buttons, as the folder frame/, and the folders
-# named after PICTURES are copied to the same place, so that the program can be run from there.
+# program's include path. The folders named after PICTURES are copied to the same place first, and
+# the form tool adds the pictures of the frame buttons, so that the program can be run from there.
 
 function(velumo_find_velform result)
     foreach(name IN ITEMS velform velumo::velform)
@@ -26,11 +26,9 @@ function(velumo_add_form target source)
     get_filename_component(source ${source} ABSOLUTE)
     set(base ${CMAKE_CURRENT_BINARY_DIR}/${name})
 
-    get_property(folders GLOBAL PROPERTY VELUMO_FRAME_PICTURES)
-    list(APPEND folders ${form_PICTURES})
     set(copies "")
     set(pictures "")
-    foreach(folder IN LISTS folders)
+    foreach(folder IN LISTS form_PICTURES)
         get_filename_component(folder ${folder} ABSOLUTE)
         get_filename_component(folder_name ${folder} NAME)
         file(GLOB files CONFIGURE_DEPENDS ${folder}/*)
@@ -44,10 +42,10 @@ function(velumo_add_form target source)
 
     add_custom_command(
         OUTPUT ${base}.form ${base}.text ${base}.h
+        ${copies}
         COMMAND
             ${velform} compile ${source}
             --form ${base}.form --text ${base}.text --header ${base}.h
-        ${copies}
         DEPENDS ${source} ${velform} ${pictures}
         COMMENT "Compiling form ${name}"
         VERBATIM

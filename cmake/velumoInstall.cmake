@@ -3,7 +3,6 @@
 include(CMakePackageConfigHelpers)
 
 set(velumo_package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/velumo)
-set(velumo_frame_dir ${CMAKE_INSTALL_DATADIR}/velumo/frame)
 
 # The pkg-config file finds its prefix from its own place, so that an installed tree can be moved.
 file(RELATIVE_PATH velumo_pc_to_prefix /prefix/${CMAKE_INSTALL_LIBDIR}/pkgconfig /prefix)
@@ -18,7 +17,6 @@ configure_file(cmake/velumo.pc.in ${PROJECT_BINARY_DIR}/velumo.pc @ONLY)
 configure_package_config_file(
     cmake/velumoConfig.cmake.in ${PROJECT_BINARY_DIR}/velumoConfig.cmake
     INSTALL_DESTINATION ${velumo_package_dir}
-    PATH_VARS velumo_frame_dir
 )
 write_basic_package_version_file(
     ${PROJECT_BINARY_DIR}/velumoConfigVersion.cmake
@@ -28,7 +26,6 @@ write_basic_package_version_file(
 install(TARGETS velumo EXPORT velumoTargets)
 if(VELUMO_BUILD_TOOLS)
     install(TARGETS velform EXPORT velumoTargets)
-    install(DIRECTORY tools/velform/frame/ DESTINATION ${velumo_frame_dir})
 endif()
 install(FILES include/velumo.h TYPE INCLUDE)
 install(EXPORT velumoTargets NAMESPACE velumo:: DESTINATION ${velumo_package_dir})
