@@ -200,6 +200,14 @@ protected:
         }
         return {};
     }
+    // Expects the screen to be as it is when all is drawn on an empty one.
+    void expect_drawn_afresh() {
+        SDL_Surface *shown = SDL_ConvertSurface(ctx.screen, ctx.screen->format, SDL_SWSURFACE);
+        clear();
+        vel_draw_all_objects(&ctx, 0, 0);
+        EXPECT_EQ(difference(shown), "");
+        SDL_FreeSurface(shown);
+    }
 
     // --- The user
 
