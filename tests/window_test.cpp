@@ -141,14 +141,16 @@ TEST_F(Windows, cursors_are_placed_at_the_margins_once) {
     make_field(19, 40, 80, 9, 9, 13).cursor_y = 1; // placed before
     make(20, VEL_TYPE_ENTRY, 60, 80, 9, 9, 8);     // not editable
     objects[8].editable = 1;
-    for (const uint32_t k : {8, 18, 19, 20})
-        objects[k].margin_left = 4, objects[k].margin_top = 5, objects[k].cursor_line = 7;
+    for (const uint32_t k : {8, 18, 19, 20}) {
+        set_margins(objects[k], 4);
+        objects[k].cursor_line = 7;
+    }
     vel_initiate_cursor_dep_objs(&ctx, 8);
     EXPECT_EQ(objects[8].cursor_x, 0U);
     vel_initiate_cursor_win(&ctx, 8);
     using Case = std::array<uint32_t, 4>;
     for (const auto &[number, x, y, line] :
-         {Case{8, 194, 65, 0}, {18, 44, 85, 0}, {19, 0, 1, 7}, {20, 0, 0, 7}}) {
+         {Case{8, 194, 64, 0}, {18, 44, 84, 0}, {19, 0, 1, 7}, {20, 0, 0, 7}}) {
         const vel_object &o = objects[number];
         EXPECT_EQ(std::tuple(o.cursor_x, o.cursor_y, o.cursor_line), std::tuple(x, y, line));
     }
@@ -161,8 +163,8 @@ TEST_F(Windows, resizing_stops_at_its_limits_and_draws) {
     using Case = std::tuple<Action, uint32_t vel_object::*, uint32_t, uint32_t>;
     const auto width = &vel_object::width, height = &vel_object::height;
     for (const auto &[action, side, before, after] :
-         {Case(vel_increase_win_w, width, 266, 270), Case(vel_increase_win_w, width, 270, 270),
-          Case(vel_increase_win_h, height, 129, 133), Case(vel_increase_win_h, height, 150, 150),
+         {Case(vel_increase_win_w, width, 269, 273), Case(vel_increase_win_w, width, 270, 270),
+          Case(vel_increase_win_h, height, 149, 153), Case(vel_increase_win_h, height, 150, 150),
           Case(vel_decrease_win_w, width, 21, 17), Case(vel_decrease_win_w, width, 20, 20),
           Case(vel_decrease_win_h, height, 22, 18), Case(vel_decrease_win_h, height, 20, 20)}) {
         o.width = o.height = 60;
