@@ -20,9 +20,6 @@
 inline bool operator==(vel_colour a, vel_colour b) {
     return a.r == b.r && a.g == b.g && a.b == b.b;
 }
-inline void PrintTo(vel_colour c, std::ostream *os) {
-    *os << '(' << int{c.r} << ' ' << int{c.g} << ' ' << int{c.b} << ')';
-}
 
 namespace test {
 
@@ -120,7 +117,9 @@ protected:
         return o;
     }
     static void set_fill(vel_object &o, vel_colour c) {
-        o.fill_r = c.r, o.fill_g = c.g, o.fill_b = c.b;
+        o.fill_r = c.r;
+        o.fill_g = c.g;
+        o.fill_b = c.b;
     }
     static void set_margins(vel_object &o, std::uint32_t margin) {
         o.margin_left = o.margin_right = o.margin_top = o.margin_bottom = margin;
@@ -174,29 +173,25 @@ protected:
     // The pixels of a colour, as "x,y x,y ...", row by row.
     std::string pixels(vel_colour c) const {
         std::string found;
-        for (int k = 0; k < 320 * 200; ++k) {
-            if (at(k % 320, k / 320) == c) found += (found.empty() ? "" : " ") + place_of(k);
-        }
+        for (const int k : places_of(c)) found += (found.empty() ? "" : " ") + place_text(k);
         return found;
     }
     // The rectangle that a colour fills, "" for none, "ragged" when it is not filled.
     std::string box_of(vel_colour c) const {
-        int left = 320, top = 200, right = -1, bottom = -1, count = 0;
-        for (int k = 0; k < 320 * 200; ++k) {
-            const int x = k % 320, y = k / 320;
-            if (!(at(x, y) == c)) continue;
-            left = std::min(left, x), right = std::max(right, x);
-            top = std::min(top, y), bottom = y;
-            ++count;
+        const std::vector<int> found = places_of(c);
+        if (found.empty()) return "";
+        const int x = found.front() % 320, y = found.front() / 320;
+        const int width = found.back() % 320 - x + 1, height = found.back() / 320 - y + 1;
+        for (int k = 0; k < std::ssize(found); ++k) {
+            if (width <= 0 || found[u32(k)] != (y + k / width) * 320 + x + k % width)
+                return "ragged";
         }
-        const int width = right - left + 1, height = bottom - top + 1;
-        if (count == 0) return "";
-        return count == width * height ? text_of(left, top, width, height) : "ragged";
+        return text_of(x, y, width, height);
     }
     // First pixel in which the screen differs from a surface of its size; empty when there is none.
     std::string difference(const SDL_Surface *wanted) const {
         for (int k = 0; k < 320 * 200; ++k) {
-            if (!(at(k % 320, k / 320) == pixel_of(wanted, k % 320, k / 320))) return place_of(k);
+            if (!(at(k % 320, k / 320) == pixel_of(wanted, k % 320, k / 320))) return place_text(k);
         }
         return {};
     }
@@ -211,10 +206,7 @@ protected:
 
     // --- The user
 
-    static void push(const SDL_Event &event) {
-        SDL_Event copy = event;
-        EXPECT_EQ(SDL_PushEvent(&copy), 0);
-    }
+    static void push(SDL_Event event) { EXPECT_EQ(SDL_PushEvent(&event), 0); }
     static void push_type(Uint8 type) {
         SDL_Event event{};
         event.type = type;
@@ -271,8 +263,15 @@ protected:
     char (*buffers)[VEL_TEXT_BUFFER_SIZE];
 
 private:
-    static std::string place_of(int k) {
+    static std::string place_text(int k) {
         return std::to_string(k % 320) + "," + std::to_string(k / 320);
+    }
+    std::vector<int> places_of(vel_colour c) const {
+        std::vector<int> found;
+        for (int k = 0; k < 320 * 200; ++k) {
+            if (at(k % 320, k / 320) == c) found.push_back(k);
+        }
+        return found;
     }
     void step() {
         if (next_ < steps_.size()) steps_[next_++]();
