@@ -45,29 +45,29 @@ protected:
     }
 };
 
+// Links are what they lead to.
 TEST_F(FolderListing, folders_come_first_and_all_in_order) {
     const Folder folder;
-    folder.fill({"b", "A", "a", "a.b", "B10", "b1", "_", "z\xC3\xA4", ".hidden", "Zz", "x/", "Y/",
-                 "-/", ".git/"});
-    EXPECT_EQ(list(folder), 13);
-    EXPECT_EQ(rows(), (Names{"../", "-/", "x/", "Y/"}));
-    EXPECT_EQ(all_names(13), (Names{"../", "-/", "x/", "Y/", "_", "A", "a", "a.b", "b", "b1", "B10",
-                                    "Zz", "z\xE4"}));
+    folder.fill({"b", "A", "a", "a.b", "B10", "b1", "_", ".hidden", "Zz", "x/", "Y/", ".git/"});
+    std::filesystem::create_symlink("b", folder.file("to_file"));
+    std::filesystem::create_symlink("x", folder.file("to_folder"));
+    std::filesystem::create_symlink("nothing", folder.file("to_nothing"));
+    mkfifo(folder.file("pipe").c_str(), 0600);
+    EXPECT_EQ(all_names(list(folder)), (Names{"../", "to_folder/", "x/", "Y/", "_", "A", "a", "a.b",
+                                              "b", "b1", "B10", "to_file", "Zz"}));
     vel_list_directory(&ctx, 9, "/", nullptr); // only the root has no parent
     EXPECT_STRNE(objects[10].label, "../");
 }
 
 TEST_F(FolderListing, patterns_choose_among_files_but_not_folders) {
     const Folder folder;
-    const Names all{"a.csv", "b.CSV", "c.txt", "d;e", "f"};
+    const Names all{"a.csv", "b.CSV", "c.txt", "f"};
     folder.fill(all);
     folder.fill({"sub/"});
     using Case = std::pair<const char *, Names>;
     for (const auto &[pattern, files] :
          {Case(nullptr, all), Case("", all), Case("*.csv", {"a.csv"}),
-          Case("*.txt;*.csv", {"a.csv", "c.txt"}), Case(";?;", {"f"}),
-          Case("*.[cC][sS][vV]", {"a.csv", "b.CSV"}), Case("sub", {}), Case("*/*", {}),
-          Case(";", {})}) {
+          Case("*.txt;*.csv", {"a.csv", "c.txt"}), Case(";?;", {"f"}), Case(";", {})}) {
         Names names = all_names(list(folder, pattern));
         ASSERT_GE(names.size(), 2U);
         EXPECT_EQ(names[0] + names[1], "../sub/");
@@ -75,113 +75,74 @@ TEST_F(FolderListing, patterns_choose_among_files_but_not_folders) {
     }
 }
 
-TEST_F(FolderListing, links_are_what_they_lead_to) {
-    const Folder folder;
-    folder.fill({"file", "sub/"});
-    using Case = std::pair<const char *, const char *>;
-    for (const auto &[name, target] :
-         {Case("to_file", "file"), Case("to_folder", "sub"), Case("to_nothing", "nothing"),
-          Case("to_itself", "to_itself")}) {
-        std::filesystem::create_symlink(target, folder.file(name));
-    }
-    mkfifo(folder.file("pipe").c_str(), 0600);
-    EXPECT_EQ(list(folder), 5);
-    EXPECT_EQ(all_names(5), (Names{"../", "sub/", "to_folder/", "file", "to_file"}));
-}
-
 TEST_F(FolderListing, names_are_shown_in_latin1_and_cut_but_kept) {
     const std::pair<std::string, std::string> cases[] = {
-        {"\xC3\xBC\xC3\xBC", "\xFC\xFC"},
-        {"\xC3\xBF", "\xFF"},
-        {"\xC2\xA0", "\xA0"},
-        {"a\xE2\x82\xAC"
-         "b",
-         "a?b"},
-        {"\xF0\x9F\x98\x80z", "?z"},
-        {"\xE4", "?"},
-        {"\xC3"
-         "a\xBC",
-         "?a?"}, // cut short, and without a beginning
-        {"\xC4\x80", "?"},
-        {"\xC0\xAF", "?"},
-        {"\xE4\xBC", "?"}, // the first after ISO 8859-1, and too long forms
-        {"a\nb\x7F\xC2\x85 ~", "a?b?? ~"},
-        {std::string(63, 'y'), std::string(63, 'y')},
+        {"\xC3\xBC\xC3\xBF \xC2\xA0~", "\xFC\xFF \xA0~"},
+        {"\xE2\x82\xAC\xF0\x9F\x98\x80z", "??z"},
+        {"\xC3z\xBC", "?z?"},       // cut short, and without a beginning
+        {"\xC4\x80\xC0\xAF", "??"}, // the first after ISO 8859-1, and too long a form
+        {"a\nb\x7F\xC2\x85", "a?b??"},
         {std::string(64, 'y'), std::string(64, 'y')},
         {std::string(255, 'x'), std::string(64, 'x')}};
     for (const auto &[name, shown] : cases) {
-        const Folder files, folders;
-        files.write(name);
-        folders.fill({name + "/"});
-        ASSERT_EQ(list(files), 2) << name;
-        EXPECT_EQ(objects[11].label, shown);
-        EXPECT_EQ(vel_listed_name(&ctx, 11), name);
-        list(folders);
-        EXPECT_EQ(objects[11].label, shown.substr(0, 63) + "/");
-        EXPECT_EQ(vel_listed_name(&ctx, 11), name);
+        for (const bool is_folder : {false, true}) {
+            const Folder folder;
+            folder.fill({name + (is_folder ? "/" : "")});
+            list(folder);
+            EXPECT_EQ(objects[11].label, is_folder ? shown.substr(0, 63) + "/" : shown);
+            EXPECT_EQ(vel_listed_name(&ctx, 11), name);
+        }
     }
-    EXPECT_STREQ(vel_listed_name(&ctx, 10), "..");
     for (const uint32_t no_row : {0U, 8U, 9U, 12U, 14U})
         EXPECT_EQ(vel_listed_name(&ctx, no_row), nullptr);
 }
 
 TEST_F(FolderListing, folders_of_any_size_scroll_between_their_ends) {
-    for (const int files : {0, 1, 2, 3, 4, 97, 150}) {
+    for (const int files : {0, 3, 4, 150}) {
         const Folder folder;
-        Names expected{"../"};
-        for (int k = 0; k < files; ++k) {
-            expected.push_back(std::to_string(1000 + k) + std::string(60, 'f'));
-            folder.write(expected.back());
-        }
-        const auto shown = std::min<std::ptrdiff_t>(std::ssize(expected), 4);
+        for (int k = 0; k < files; ++k) folder.write(std::to_string(1000 + k));
         objects[9].scroll_y = test::u32(-100000);
         ASSERT_EQ(list(folder), files + 1);
-        EXPECT_EQ(rows(), Names(expected.end() - shown, expected.end()));
-        EXPECT_EQ(objects[9].scroll_y, test::u32(-18 * (files + 1 - static_cast<int>(shown))));
+        EXPECT_EQ(objects[9].scroll_y, test::u32(-18 * std::max(files - 3, 0)));
+        EXPECT_EQ(rows().back(), files == 0 ? "../" : std::to_string(999 + files));
         objects[9].scroll_y = 100;
         list(folder);
-        EXPECT_EQ(rows(), Names(expected.begin(), expected.begin() + shown));
-        EXPECT_EQ(all_names(files + 1), expected) << files;
+        const Names names = all_names(files + 1);
+        EXPECT_EQ(std::pair(names.size(), names.front()),
+                  std::pair(files + std::size_t{1}, std::string("../")));
     }
 }
 
 TEST_F(FolderListing, frame_actions_scroll_names_in_their_window_only) {
     const Folder folder;
-    for (int k = 10; k < 30; ++k) folder.write(std::to_string(k));
+    for (int k = 10; k < 20; ++k) folder.write(std::to_string(k));
     list(folder);
     using Case = std::tuple<uint32_t, void (*)(vel_context *) noexcept, const char *>;
     for (const auto &[step, scroll, first] :
          {Case(0, &vel_scroll_win_up, "10"), Case(17, &vel_scroll_win_up, "11"),
           Case(36, &vel_scroll_win_up, "13"), Case(53, &vel_scroll_win_down, "11"),
-          Case(1, &vel_scroll_win_down, "10"), Case(1, &vel_scroll_win_down, "../"),
-          Case(1, &vel_scroll_win_down, "../"), Case(1, &vel_scroll_win_left, "../")}) {
+          Case(1, &vel_scroll_win_left, "11")}) {
         ctx.scroll_step = step;
         test::updates().clear();
         scroll(&ctx);
         EXPECT_STREQ(objects[10].label, first) << step;
         EXPECT_EQ(std::tuple(objects[9].y, test::updates().size()), std::tuple(40U, 1U));
     }
-    EXPECT_EQ(at(22, 100), test::red); // the window was drawn
     // Without the list the window scrolls by itself.
     objects[9].width = 0;
     vel_scroll_win_up(&ctx);
     EXPECT_EQ(objects[9].y, 39U);
-    EXPECT_STREQ(objects[10].label, "../");
+    EXPECT_STREQ(objects[10].label, "11");
 }
 
 TEST_F(FolderListing, what_cannot_be_read_changes_nothing) {
     const Folder folder;
-    const std::string file = folder.write("file"), nothing = folder.file("nothing");
+    const std::string file = folder.write("file");
     list(folder);
     const std::vector<vel_object> before(objects, objects + 30);
-    using Case = std::tuple<vel_context *, uint32_t, const char *, int32_t>;
-    for (const auto &[context, list, path, result] :
-         {Case(&ctx, 9, nothing.c_str(), VEL_ERROR_FOLDER),
-          Case(&ctx, 9, file.c_str(), VEL_ERROR_FOLDER), Case(&ctx, 9, "", VEL_ERROR_FOLDER),
-          Case(&ctx, 0, "/", VEL_ERROR_ARGUMENT), Case(nullptr, 9, "/", VEL_ERROR_ARGUMENT),
-          Case(&ctx, 9, nullptr, VEL_ERROR_ARGUMENT)}) {
-        EXPECT_EQ(vel_list_directory(context, list, path, nullptr), result);
-    }
+    EXPECT_EQ(vel_list_directory(&ctx, 9, "/nowhere", nullptr), VEL_ERROR_FOLDER);
+    EXPECT_EQ(vel_list_directory(&ctx, 9, file.c_str(), nullptr), VEL_ERROR_FOLDER);
+    EXPECT_EQ(vel_list_directory(&ctx, 0, "/", nullptr), VEL_ERROR_ARGUMENT);
     EXPECT_EQ(std::memcmp(objects, before.data(), sizeof *objects * 30), 0);
     EXPECT_STREQ(vel_listed_name(&ctx, 11), "file");
     // A list without rows only counts.
