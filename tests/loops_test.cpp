@@ -48,6 +48,7 @@ TEST_F(Loops, hits_are_found_in_their_order) {
         {20, 100, 0}, {21, 100, 8}, {5, 5, 0},    {37, 44, 1}};
     objects[9].hidden = 0;
     for (const auto &[x, y, number] : cases) EXPECT_EQ(hit(x, y), number) << x << "," << y;
+    EXPECT_EQ(vel_test_dep_objs(&ctx, 8, 35, 75), 10U);
     objects[8].hidden = 1; // the active window is hit all the same
     EXPECT_EQ(hit(35, 75), 10U);
     objects[8].hidden = 0;
