@@ -68,21 +68,6 @@ TEST_F(Flow, the_chain_ends_what_does_not_fit) {
     }
 }
 
-TEST_F(Flow, chains_need_a_first_member_with_lines) {
-    const std::function<void()> faults[] = {
-        [this] { objects[8].type = VEL_TYPE_TEXT; }, [this] { objects[8].dep_objs[0] = 0; },
-        [this] { objects[9].type = VEL_TYPE_TEXT; }, [this] { objects[9].text_index = 0; },
-        [this] { ctx.text_bufs = nullptr; }};
-    for (const auto &plant : faults) {
-        make_chain(0);
-        plant();
-        EXPECT_EQ(flow("a\nb"), 0U);
-    }
-    ctx.text_bufs = buffers;
-    make_chain(0); // that is the width of the text area
-    EXPECT_EQ(std::tuple(flow("a\nb"), objects[9].line_width), std::tuple(1U, 100U));
-}
-
 TEST_F(Flow, a_split_word_is_copied_with_its_nul_and_printed_on_the_last_line) {
     const std::string
         moved = "1142 next chain \n \n next chain: 0 \n \n",

@@ -97,22 +97,6 @@ TEST_F(FolderListing, names_are_shown_in_latin1_and_cut_but_kept) {
         EXPECT_EQ(vel_listed_name(&ctx, no_row), nullptr);
 }
 
-TEST_F(FolderListing, folders_of_any_size_scroll_between_their_ends) {
-    for (const int files : {0, 3, 4, 150}) {
-        const Folder folder;
-        for (int k = 0; k < files; ++k) folder.write(std::to_string(1000 + k));
-        objects[9].scroll_y = test::u32(-100000);
-        ASSERT_EQ(list(folder), files + 1);
-        EXPECT_EQ(objects[9].scroll_y, test::u32(-18 * std::max(files - 3, 0)));
-        EXPECT_EQ(rows().back(), files == 0 ? "../" : std::to_string(999 + files));
-        objects[9].scroll_y = 100;
-        list(folder);
-        const Names names = all_names(files + 1);
-        EXPECT_EQ(std::pair(names.size(), names.front()),
-                  std::pair(files + std::size_t{1}, std::string("../")));
-    }
-}
-
 TEST_F(FolderListing, frame_actions_scroll_names_in_their_window_only) {
     const Folder folder;
     for (int k = 10; k < 20; ++k) folder.write(std::to_string(k));
@@ -133,20 +117,6 @@ TEST_F(FolderListing, frame_actions_scroll_names_in_their_window_only) {
     vel_scroll_win_up(&ctx);
     EXPECT_EQ(objects[9].y, 39U);
     EXPECT_STREQ(objects[10].label, "11");
-}
-
-TEST_F(FolderListing, what_cannot_be_read_changes_nothing) {
-    const Folder folder;
-    const std::string file = folder.write("file");
-    list(folder);
-    const std::vector<vel_object> before(objects, objects + 30);
-    EXPECT_EQ(vel_list_directory(&ctx, 9, "/nowhere", nullptr), VEL_ERROR_FOLDER);
-    EXPECT_EQ(vel_list_directory(&ctx, 9, file.c_str(), nullptr), VEL_ERROR_FOLDER);
-    EXPECT_EQ(vel_list_directory(&ctx, 0, "/", nullptr), VEL_ERROR_ARGUMENT);
-    EXPECT_EQ(std::memcmp(objects, before.data(), sizeof *objects * 30), 0);
-    EXPECT_STREQ(vel_listed_name(&ctx, 11), "file");
-    // A list without rows only counts.
-    EXPECT_EQ(vel_list_directory(&ctx, 14, folder.file("").c_str(), nullptr), 2);
 }
 
 } // namespace

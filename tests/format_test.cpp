@@ -71,17 +71,6 @@ TEST_F(Format, text_ends_with_line_39) {
     EXPECT_EQ(format("m", 1), Names(40)); // a letter that fits nowhere
 }
 
-TEST_F(Format, empty_texts_and_other_objects_are_left_alone) {
-    format("a\nb");
-    EXPECT_EQ(format(""), Names{""});
-    for (const auto &[type, text] : {std::pair{VEL_TYPE_LABEL, 1U}, {VEL_TYPE_TEXT, 0U}}) {
-        set_text(1, "new\ntext");
-        objects[8].type = type, objects[8].text_index = text;
-        EXPECT_EQ(vel_format_object_text(&ctx, 8), 0U);
-        EXPECT_STREQ(line(1, 0), "") << type;
-    }
-}
-
 // Columns before 98 are room; on purpose column 99 counts as room, too.
 TEST_F(Format, a_word_fits_on_the_line_or_on_the_next_or_is_split) {
     format("mm", width_of("mm mm"));

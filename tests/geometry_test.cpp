@@ -80,6 +80,9 @@ TEST_F(Geometry, every_master_on_the_way_narrows_the_limits) {
     make(10, VEL_TYPE_LABEL, 90, 120, 100, 100, 9);
     make(11, VEL_TYPE_LABEL, 0, 0, 10, 10, 10);
     EXPECT_EQ(limits(11), (Numbers{109, 189, 118, 189}));
+    Numbers n{}; // of its text, which ends with its own right and bottom edge
+    vel_get_borders_for_text(&ctx, 11, &n[0], &n[1], &n[2], &n[3]);
+    EXPECT_EQ(n, (Numbers{109, 10, 118, 10}));
     EXPECT_EQ(vel_search_master(&ctx, 8), 0U);
     EXPECT_EQ(vel_search_master(&ctx, 10), 8U);
 }

@@ -166,19 +166,6 @@ TEST(Faults, references_that_lead_nowhere_are_taken_out_with_a_line) {
     }
 }
 
-TEST(Faults, numbers_beyond_the_tables_draw_nothing) {
-    Files files(9);
-    ASSERT_EQ(files.load(), VEL_OK);
-    files.ctx.screen = test::make_surface(100, 100);
-    for (const auto draw : {vel_evoke_object, vel_draw_selected_lines, vel_draw_selected_box,
-                            vel_undraw_selected_lines, vel_undraw_selected_box, vel_undraw_object,
-                            vel_draw_dep_objs, vel_draw_cursor}) {
-        for (const uint32_t number : {0U, 10U, 0xFFFFFFFFU}) draw(&files.ctx, number);
-    }
-    const std::string pixels(static_cast<const char *>(files.ctx.screen->pixels), 40000);
-    EXPECT_TRUE(pixels == std::string(40000, '\0'));
-}
-
 TEST(Assets, pictures_and_fonts_are_opened_and_closed) {
     const auto open_files = [] {
         return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});

@@ -99,15 +99,6 @@ TEST_F(Menus, leaving_closes_in_every_direction) {
     EXPECT_EQ(run(1, {point(99, 50)}), 0U);
 }
 
-// 300 + 18 - 1 is the last column.
-TEST_F(Menus, beyond_the_screen_menus_are_cut) {
-    objects[8].x = 300;
-    test::Form::point(310, 70);
-    test::updates().clear();
-    EXPECT_EQ(run(0, {point(317, 70), rest, point(318, 70)}), 0U);
-    EXPECT_EQ(test::updates(), test::Names{"300,60 18x61"});
-}
-
 TEST_F(Menus, a_drag_from_the_title_or_two_clicks_choose_an_entry) {
     // The second click on the title closes the menu, the third opens it again.
     click_title();
@@ -137,25 +128,6 @@ TEST_F(Menus, a_menu_hangs_below_its_title_on_the_screen) {
                   std::tuple(menu, 40U, menu, 60U))
             << title;
     }
-}
-
-TEST_F(Menus, only_labels_and_pictures_in_front_open_what_is_a_menu) {
-    using Case = std::tuple<uint32_t, uint32_t, bool>;
-    for (const auto &[type, named, opens] :
-         {Case(VEL_TYPE_LABEL, 8, true), Case(VEL_TYPE_PICTURE, 8, true),
-          Case(VEL_TYPE_PICTURE_UNLOADED, 8, true), Case(VEL_TYPE_ENTRY, 8, false),
-          Case(VEL_TYPE_LABEL, 14, false), Case(VEL_TYPE_LABEL, 30, false)}) { // beyond the table
-        objects[13].type = type, objects[13].max_chars = named;
-        press_title();
-        EXPECT_EQ(wait({expect_open(opens), point(300, 30), rest, let_go(220, 160)}), 14U)
-            << type << " " << named;
-    }
-}
-
-TEST_F(Menus, the_filter_ends_a_menu_and_the_wait) {
-    end_loops_on_quit();
-    click_title(); // in the menu that was opened again
-    EXPECT_EQ(wait({expect_open(true), [] { push_type(SDL_QUIT); }}), 0U);
 }
 
 } // namespace

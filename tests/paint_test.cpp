@@ -146,22 +146,6 @@ TEST_F(Paint, lines_of_a_centred_window_leave_their_offset) {
     }
 }
 
-TEST_F(Paint, texts_need_a_font_a_text_and_one_of_40_lines) {
-    using Case = std::tuple<uint32_t, uint32_t, uint32_t, const char *, bool>;
-    for (const auto &[type, font_choice, number, text, shows] :
-         {Case(3, 0, 0, "", false), Case(8, 0, 0, "", true), Case(3, 1, 0, "x", false),
-          Case(3, 0, 39, "x", true), Case(3, 0, 40, "x", false)}) {
-        vel_object &o = make_white(type, 20, 30, 200, 100);
-        o.font_choice = font_choice; // the object's own font is none
-        o.number_of_lines = 45;
-        o.scroll_y = 0 - number * height();
-        set_text(1, text);
-        std::fill_n(&buffers[1][0], 2 * VEL_TEXT_BUFFER_SIZE, '\0');
-        std::strcpy(line(1, number), "line");
-        EXPECT_EQ(differs_from(shows ? "line" : " ", 20, 30), "") << type << " " << number;
-    }
-}
-
 TEST_F(Paint, border_styles_place_their_lines_over_body_and_text) {
     vel_object &o = make(8, VEL_TYPE_LABEL, 100, 100, 50, 14);
     set_label(o, "WWWWWWWWWW");
