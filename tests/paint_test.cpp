@@ -169,14 +169,14 @@ TEST_F(Paint, border_styles_place_their_lines_over_body_and_text) {
 // The master admits 100 to 105 and 50 to 54. At top level screen_rect limits, exclusively.
 TEST_F(Paint, border_lines_end_at_their_limits) {
     make(8, VEL_TYPE_LABEL, 100, 50, 6, 5);
-    ctx.screen_rect = {10, 10, 20, 20};
+    ctx.screen_rect = {10, 9, 20, 20};
     const std::tuple<uint32_t, int, int, uint32_t, uint32_t, const char *> cases[] = {
         {8, 101, 48, 3, 5, "101,50 103,50 101,51 103,51 101,52 102,52 103,52"}, // no top line
         {8, 99, 51, 3, 2, "100,51 101,51 100,52 101,52"},                       // no left line
         {8, 104, 49, 9, 9, "104,50 104,51 104,52 104,53 104,54"}, // left line only, across
         {8, 90, 52, 50, 9, "100,52 101,52 102,52 103,52 104,52 105,52"},
-        {0, 10, 27, 4, 4, "11,27 12,27 13,27 13,28"},
-        {0, 27, 9, 4, 4, "27,11 27,12 28,12"}};
+        {0, 10, 26, 4, 4, "11,26 12,26 13,26 13,27"},
+        {0, 27, 9, 4, 4, "27,10 27,11 27,12 28,12"}};
     for (const auto &[master, x, y, width, height, shown] : cases) {
         clear();
         vel_object &o = make(9, VEL_TYPE_PICTURE_UNLOADED, x, y, width, height);

@@ -102,7 +102,7 @@ TEST_F(Scene, marks_move_windows_that_are_too_close_to_the_corner) {
           Case(vel_draw_selected_lines, 1, 11, 1, 11, 1),
           Case(vel_draw_selected_box, 2, -3, 1, 11, 2),
           Case(vel_undraw_selected_box, 1, 5, 10, 11, 25),
-          Case(vel_undraw_object, 2, 0, 0, 0, 0)}) {
+          Case(vel_undraw_object, 1, 0, 0, 11, 25)}) {
         make(8, type, x, y, 20, 20);
         mark(&ctx, 8);
         EXPECT_EQ(std::pair(objects[8].x, objects[8].y),
