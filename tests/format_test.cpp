@@ -30,7 +30,8 @@ TEST_F(Format, words_and_blanks_go_to_the_next_line_where_they_do_not_fit) {
           Case("one two three", width_of("one two "), {"one two ", "three"}),
           Case("one two three", width_of("one two ") - 1, {"one two", " three"}),
           Case("one two", width_of("one two") - 1, {"one ", "two"}),
-          Case("one  one", width_of("one "), {"one ", " one"}), Case("mmmmmm", m4, {"mmmm", "mm"}),
+          Case("one  one", width_of("one "), {"one ", " one"}),
+          Case("i mm", width_of("mm"), {"i ", "mm"}), Case("mmmmmm", m4, {"mmmm", "mm"}),
           Case("mmmmmm i", m4, {"mmmm", "mm m", "mmmm", "mi"}),
           Case("mmmmmm\ni", m4, {"mmmm", "mm", "i"})})
         EXPECT_EQ(format(text, width), lines) << width;

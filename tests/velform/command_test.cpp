@@ -133,7 +133,6 @@ TEST(Command, ends_with_the_status_that_fits) {
         {"fields", 0, "| `label` |"},
         {"fields --into @/faulty.toml", 3, "marks"},
         {"compile @/a.toml", 0, ""},
-        {"render @/a.form @/a.text -o @/b.png --background red", 2, "'red'"},
         {"render @/a.form @/a.text -o @/b.png --activate nobody", 2, "'nobody'"},
         {"render @/a.form @/a.text -o @/b.png --activate inner", 2, "'inner'"},
         {"render @/a.form @/a.text -o @/b.png --font @/none.ttf", 3, "none.ttf"},
