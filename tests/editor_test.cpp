@@ -204,7 +204,7 @@ TEST_F(Editor, texts_end_with_999_characters_and_line_39) {
     for (const auto &[before, code, after] :
          {Case(full + "|", 'x', full + "|"), Case(room + "|", 'x', room + "x|"),
           Case("|" + room, enter, "\n|" + room), Case(feeds + "\nz|", enter, feeds + "\nz|"),
-          Case(feeds + "z|", enter, feeds + "z\n|"),
+          Case(feeds + "\nz|", 'x', feeds + "\nzx|"), Case(feeds + "z|", enter, feeds + "z\n|"),
           Case("\n|\n" + feeds, enter, "\n|\n" + feeds)}) {
         edit_text(before);
         key(code);
