@@ -5,7 +5,7 @@
 
 namespace velumo {
 
-// Load what the objects from first on want (0 stands for 1). Return 1 or -1 as the last one did or
+// Load what the objects from first on want (0 means 1). Return 1 or -1 as the last one did or
 // did not load; 0 when none wanted anything.
 i32 load_images(vel_context &ctx, u32 first);
 
