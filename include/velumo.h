@@ -106,17 +106,56 @@ enum vel_frame_mode {
     VEL_MODE_SCROLL = 1  /**< They scroll its contents; the marks have colour set B. */
 };
 
-/** Control keys (vel_context::key_code, vel_context::final_key). */
+/** Control keys (vel_context::key_code, vel_context::final_key). Those from VEL_KEY_HOME on, and
+ * the modifiers, exist with VEL_COMFORT_TYPING only. */
 enum vel_key_code {
-    VEL_KEY_NONE = 0,      /**< No key. */
-    VEL_KEY_BACKSPACE = 8, /**< Deletes the character before the cursor. */
-    VEL_KEY_DELETE = 127,  /**< Deletes the character at the cursor. */
-    VEL_KEY_ENTER = 271,   /**< Starts a new line. */
-    VEL_KEY_UP = 273,      /**< Moves one line up. */
-    VEL_KEY_DOWN = 274,    /**< Moves one line down. */
-    VEL_KEY_RIGHT = 275,   /**< Moves one character right. */
-    VEL_KEY_LEFT = 276,    /**< Moves one character left. */
-    VEL_KEY_INSERT = 277   /**< Toggles between inserting and overwriting. */
+    VEL_KEY_NONE = 0,         /**< No key. */
+    VEL_KEY_BACKSPACE = 8,    /**< Deletes the character before the cursor. */
+    VEL_KEY_DELETE = 127,     /**< Deletes the character at the cursor. */
+    VEL_KEY_ENTER = 271,      /**< Starts a new line. */
+    VEL_KEY_UP = 273,         /**< Moves one line up. */
+    VEL_KEY_DOWN = 274,       /**< Moves one line down. */
+    VEL_KEY_RIGHT = 275,      /**< Moves one character right. */
+    VEL_KEY_LEFT = 276,       /**< Moves one character left. */
+    VEL_KEY_INSERT = 277,     /**< Toggles between inserting and overwriting. */
+    VEL_KEY_HOME = 278,       /**< Moves to the start of the line. */
+    VEL_KEY_END = 279,        /**< Moves to the end of the line. */
+    VEL_KEY_PAGE_UP = 280,    /**< Moves up by the lines that are in sight. */
+    VEL_KEY_PAGE_DOWN = 281,  /**< Moves down by the lines that are in sight. */
+    VEL_KEY_SHIFT = 0x10000,  /**< Added to a key: Shift was held. Selects, with keys that move. */
+    VEL_KEY_CONTROL = 0x20000 /**< Added to a key, or to a small letter: Ctrl was held. */
+};
+
+/** Comforts that a program switches on (vel_context::comfort). 0 = none: everything as it always
+ * was. */
+enum vel_comfort {
+    VEL_COMFORT_TYPING = 1, /**< Characters come from the layout of the user's keyboard; moving by
+                                 words and pages, selecting, undoing; a clipboard. */
+    VEL_COMFORT_CLIPBOARD = 2, /**< That clipboard is shared with other programs. */
+    VEL_COMFORT_KEYBOARD = 4,  /**< Answers, menus and frame buttons are reached by keys. */
+    VEL_COMFORT_STATES = 8,    /**< Objects show that they are focused, under the pointer or
+                                    pressed. */
+    VEL_COMFORT_WHEEL = 16,    /**< The wheel scrolls what is under the pointer. */
+    VEL_COMFORT_ALL = 31       /**< All of these. */
+};
+
+/** Why something that was typed or pasted was refused (vel_last_refusal()). */
+enum vel_refusal {
+    VEL_REFUSED_NOTHING = 0,   /**< Nothing was refused yet. */
+    VEL_REFUSED_CHARACTER = 1, /**< ISO 8859-1 does not have the character. */
+    VEL_REFUSED_DIGIT = 2,     /**< A number field takes digits only. */
+    VEL_REFUSED_FULL = 3,      /**< The field or text is full. */
+    VEL_REFUSED_LINES = 4,     /**< The text would have more than 40 lines. */
+    VEL_REFUSED_READ_ONLY = 5, /**< The text cannot be changed. */
+    VEL_REFUSED_SECRET = 6     /**< A password is not copied. */
+};
+
+/** What an object is to the keyboard (vel_set_answer()). */
+enum vel_answer {
+    VEL_ANSWER_NONE = 0,    /**< Tab passes it over. */
+    VEL_ANSWER_PLAIN = 1,   /**< Tab reaches it, Space and Enter press it. */
+    VEL_ANSWER_DEFAULT = 2, /**< The same, and Enter presses it from elsewhere in its window. */
+    VEL_ANSWER_CANCEL = 3   /**< The same, and Escape presses it from elsewhere in its window. */
 };
 
 /** Verdicts of an event filter (vel_context::event_filter). */
@@ -352,6 +391,9 @@ typedef struct vel_context {
     struct vel_state *state;        /**< Private to the library. What it keeps for itself; made when
                                          it is first needed, released by vel_close(). Default
                                          null. */
+    uint32_t comfort; /**< Read-write. Sum of flags of vel_comfort; default 0, none. To
+                           be set before loading, so that what the form says beyond
+                           its records counts. */
 } vel_context;
 
 /** \name Start-up and shutdown */

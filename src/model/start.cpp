@@ -37,6 +37,7 @@ void hand_over(Tables &tables, vel_context &ctx, vel_state &state) {
     ctx.object_count = tables.object_count;
     state.lists.clear();
     state.folders.clear();
+    state.traits.clear();
     state.object_records = tables.object_records;
     ctx.text_recs = tables.texts.release();
     ctx.text_bufs = tables.buffers.release();

@@ -4,8 +4,21 @@
 #include <chrono>
 #include <cstdint>
 #include <map>
+#include <string>
 
 #include "model/lists.h"
+
+namespace velumo {
+
+// What a form says of an object beyond its record.
+struct Traits {
+    bool disabled = false;
+    bool password = false;                  // a field shows dots
+    std::uint32_t answer = VEL_ANSWER_NONE; // one of vel_answer
+    char key = '\0'; // with Alt it reaches the object; a small letter or digit
+};
+
+} // namespace velumo
 
 struct vel_state {
     // Records of the tables, record 0 and the spare ones included; 0 = not known, as in tables that
@@ -15,6 +28,8 @@ struct vel_state {
     std::chrono::milliseconds last_event{0};
     std::map<std::uint32_t, velumo::List> lists; // by the number of the list object
     std::map<std::uint32_t, std::vector<velumo::ListedName>> folders;
+    std::map<std::uint32_t, velumo::Traits> traits; // by the number of the object
+    std::string clipboard, primary; // what the program itself has copied and selected, in UTF-8
 };
 
 namespace velumo {
