@@ -955,7 +955,8 @@ VEL_API uint32_t vel_in_object(const vel_context *ctx, uint32_t object, int32_t 
 /**@}*/
 
 /** \name Keys and text editing
- * A key is translated when it is pressed and applied when any key is released. */
+ * A key is translated when it is pressed and applied when any key is released. With
+ * VEL_COMFORT_TYPING it is both when it is pressed. */
 /**@{*/
 
 /**
@@ -964,10 +965,15 @@ VEL_API uint32_t vel_in_object(const vel_context *ctx, uint32_t object, int32_t 
  * Sets key_code and key_printable and marks the event as used. Nothing happens without a cursor
  * object, for other events and for keys without a code; but with a number field as cursor object,
  * every key sets key_printable.
+ *
+ * With VEL_COMFORT_TYPING the layout of the user's keyboard counts, and final_key is set at once. A
+ * key that the editor has no use for is left: Tab, Escape, in a field Enter. SDL must translate
+ * keys (SDL_EnableUNICODE(1)); the loops of the library switch that on.
  */
 VEL_API void vel_getfirstkeyinformation(vel_context *ctx) VEL_NOTHROW;
 
-/** Moves key_code to final_key if the context's event is a key-up event. */
+/** Moves key_code to final_key if the context's event is a key-up event. With VEL_COMFORT_TYPING
+ * there is nothing to move. */
 VEL_API void vel_getfinalkeyinformation(vel_context *ctx) VEL_NOTHROW;
 
 /**
@@ -986,6 +992,42 @@ VEL_API void vel_get_position_in_stream(vel_context *ctx) VEL_NOTHROW;
 /** Sets cursor_line and cursor_column of the cursor object from cursor_index of its text. An index
  * beyond the formatted lines changes nothing. */
 VEL_API void vel_get_column_row(vel_context *ctx) VEL_NOTHROW;
+
+/**
+ * Says where the caret of a text is and what is selected: the characters between the two indexes.
+ *
+ * \param object a field, an object with a text, or a chain; 0 = where something is selected
+ * \param anchor where selecting began, in characters from the start of the text or stream; may be
+ *               null. The caret's index if nothing is selected
+ * \param caret  where the caret is; may be null
+ * \returns the number of the object, the head for a chain; 0 if it has no text, or if nothing is
+ *          selected and object is 0. Then nothing is written
+ */
+VEL_API uint32_t vel_get_selection(const vel_context *ctx, uint32_t object, uint32_t *anchor,
+                                   uint32_t *caret) VEL_NOTHROW;
+
+/**
+ * Selects the characters between two indexes and scrolls the text so that the caret is in sight.
+ * There is one selection at a time. It shows, at the next redraw, while the caret is in that text,
+ * or always if the text cannot be edited. cursor_object stays.
+ *
+ * \param object a field, an object with a text, or a chain
+ * \param anchor where selecting begins; indexes beyond the text count as its end
+ * \param caret  where the caret goes; the same as anchor selects nothing
+ * \returns VEL_OK; VEL_ERROR_ARGUMENT if the object has no text; VEL_ERROR_MEMORY
+ */
+VEL_API int32_t vel_set_selection(vel_context *ctx, uint32_t object, uint32_t anchor,
+                                  uint32_t caret) VEL_NOTHROW;
+
+/**
+ * Says what comfortable typing refused last. A refused key or character changes nothing, and lets
+ * the caret flash once in mark_colour; of a text that is pasted, only what is refused is left out.
+ *
+ * \param character the character, as in Unicode, or the first one that was left out; 0 if it was
+ *                  no character. May be null
+ * \returns one of vel_refusal; VEL_REFUSED_NOTHING before the first refusal
+ */
+VEL_API uint32_t vel_last_refusal(const vel_context *ctx, uint32_t *character) VEL_NOTHROW;
 /**@}*/
 
 /** \name Windows */

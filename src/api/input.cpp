@@ -3,6 +3,7 @@
 #include "input/hit_test.h"
 #include "input/keys.h"
 #include "input/selection.h"
+#include "input/text_cursor.h"
 #include "input/text_position.h"
 
 using namespace velumo;
@@ -37,3 +38,25 @@ void vel_get_text(vel_context *ctx) noexcept { edit_text(*ctx); }
 void vel_get_position_in_stream(vel_context *ctx) noexcept { find_cursor_index(*ctx); }
 
 void vel_get_column_row(vel_context *ctx) noexcept { find_cursor_line(*ctx); }
+
+uint32_t vel_get_selection(const vel_context *ctx, uint32_t object, uint32_t *anchor,
+                           uint32_t *caret) noexcept {
+    if (ctx == nullptr) return 0;
+    const Selection found = selection_in(*ctx, object);
+    if (found.owner == 0) return 0;
+    if (anchor != nullptr) *anchor = found.anchor;
+    if (caret != nullptr) *caret = found.caret;
+    return found.owner;
+}
+
+int32_t vel_set_selection(vel_context *ctx, uint32_t object, uint32_t anchor,
+                          uint32_t caret) noexcept {
+    return ctx == nullptr ? i32{VEL_ERROR_ARGUMENT} : select_text(*ctx, object, anchor, caret);
+}
+
+uint32_t vel_last_refusal(const vel_context *ctx, uint32_t *character) noexcept {
+    const bool has_state = ctx != nullptr && ctx->state != nullptr;
+    const Refusal last = has_state ? ctx->state->refusal : Refusal{};
+    if (character != nullptr) *character = last.character;
+    return last.reason;
+}

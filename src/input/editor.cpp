@@ -4,6 +4,8 @@
 
 #include "input/edited_text.h"
 #include "input/text_view.h"
+#include "input/typing.h"
+#include "model/traits.h"
 #include "model/types.h"
 #include "render/scene.h"
 
@@ -138,6 +140,10 @@ void apply_key(vel_context &ctx, EditedText &&text) {
 } // namespace
 
 void edit_text(vel_context &ctx) {
+    if (has_comfort(ctx, VEL_COMFORT_TYPING)) {
+        type_key(ctx);
+        return;
+    }
     if (ctx.final_key == VEL_KEY_NONE || ctx.cursor_object == 0) return;
     const vel_object &o = object_at(ctx, ctx.cursor_object);
     if (is_field(o)) {

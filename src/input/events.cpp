@@ -4,8 +4,12 @@
 #include <new>
 #include <poll.h>
 
+#include "input/caret.h"
 #include "input/editor.h"
+#include "input/keyboard.h"
 #include "input/keys.h"
+#include "input/text_cursor.h"
+#include "model/traits.h"
 #include "render/display.h"
 
 namespace velumo {
@@ -56,12 +60,8 @@ milliseconds nap_length(const vel_context &ctx) {
 
 } // namespace
 
-milliseconds now() {
-    return std::chrono::duration_cast<milliseconds>(
-        std::chrono::steady_clock::now().time_since_epoch());
-}
-
 Polled poll_event(vel_context &ctx) {
+    if (has_comfort(ctx, VEL_COMFORT_TYPING)) use_layout();
     if (SDL_PollEvent(&ctx.event) == 0) return Polled::nothing;
     note_event(ctx);
     if (ctx.event.type == SDL_VIDEOEXPOSE) show_again(ctx);
@@ -72,6 +72,7 @@ Polled poll_event(vel_context &ctx) {
 }
 
 void rest(vel_context &ctx, milliseconds longest) {
+    if (end_flash(ctx)) show_object(ctx, ctx.cursor_object);
     if (ctx.idle_hook != nullptr) {
         ctx.idle_hook(&ctx);
         // Drawing in the hook may have read events from the connection already.
@@ -94,6 +95,7 @@ void handle_key_event(vel_context &ctx) {
     switch (ctx.event.type) {
     case SDL_KEYDOWN:
         translate_key_press(ctx);
+        if (has_comfort(ctx, VEL_COMFORT_TYPING)) edit_text(ctx);
         break;
     case SDL_KEYUP:
         deliver_key(ctx);

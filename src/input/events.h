@@ -1,8 +1,7 @@
 // Polling of events and resting when there are none. For every loop of the library.
 #pragma once
 
-#include <chrono>
-
+#include "model/clock.h"
 #include "model/objects.h"
 
 namespace velumo {
@@ -17,8 +16,6 @@ Polled poll_event(vel_context &ctx);
 // longer than the time given.
 inline constexpr std::chrono::milliseconds longest_rest{50};
 void rest(vel_context &ctx, std::chrono::milliseconds longest = longest_rest);
-
-std::chrono::milliseconds now();
 
 inline void consume_event(vel_context &ctx) { ctx.event.type = SDL_NOEVENT; }
 

@@ -1,5 +1,8 @@
 #include "input/keys.h"
 
+#include "input/keyboard.h"
+#include "model/traits.h"
+
 namespace velumo {
 namespace {
 
@@ -84,6 +87,10 @@ bool is_digit_key(u32 symbol) { return symbol >= SDLK_0 && symbol <= SDLK_9; }
 } // namespace
 
 void translate_key_press(vel_context &ctx) {
+    if (has_comfort(ctx, VEL_COMFORT_TYPING)) {
+        translate_by_layout(ctx);
+        return;
+    }
     if (ctx.cursor_object == 0 || ctx.event.type != SDL_KEYDOWN) return;
     SDL_keysym &keysym = ctx.event.key.keysym;
     const auto symbol = static_cast<u32>(keysym.sym);

@@ -38,6 +38,8 @@ void hand_over(Tables &tables, vel_context &ctx, vel_state &state) {
     state.lists.clear();
     state.folders.clear();
     state.traits.clear();
+    state.histories.clear();
+    state.selection = {};
     state.object_records = tables.object_records;
     ctx.text_recs = tables.texts.release();
     ctx.text_bufs = tables.buffers.release();

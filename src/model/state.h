@@ -7,6 +7,7 @@
 #include <string>
 
 #include "model/lists.h"
+#include "model/typing.h"
 
 namespace velumo {
 
@@ -28,7 +29,10 @@ struct vel_state {
     std::chrono::milliseconds last_event{0};
     std::map<std::uint32_t, velumo::List> lists; // by the number of the list object
     std::map<std::uint32_t, std::vector<velumo::ListedName>> folders;
-    std::map<std::uint32_t, velumo::Traits> traits; // by the number of the object
+    velumo::Selection selection;
+    velumo::Refusal refusal;
+    std::map<std::uint32_t, velumo::History> histories; // by the number of the object
+    std::map<std::uint32_t, velumo::Traits> traits;     // by the number of the object
     std::string clipboard, primary; // what the program itself has copied and selected, in UTF-8
 };
 

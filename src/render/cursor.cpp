@@ -1,10 +1,20 @@
 #include "render/cursor.h"
 
+#include "model/clock.h"
 #include "render/geometry.h"
 #include "render/surface.h"
 #include "text/measure.h"
 
 namespace velumo {
+namespace {
+
+// It flashes after a key that was refused.
+vel_colour cursor_colour(const vel_context &ctx, const vel_object &o) {
+    const bool flashes = ctx.state != nullptr && now() < ctx.state->refusal.flash_ends;
+    return flashes ? ctx.mark_colour : colour_of(o.text_r, o.text_g, o.text_b);
+}
+
+} // namespace
 
 void draw_cursor(vel_context &ctx, u32 number) {
     const vel_object &o = object_at(ctx, number);
@@ -23,8 +33,7 @@ void draw_cursor(vel_context &ctx, u32 number) {
     if (!starts_inside && ends_inside && as_signed(bottom) <= as_signed(above)) return;
     // On purpose: without the lock, which the caller takes where the screen needs it.
     draw_line(ctx, {o.cursor_x, starts_inside ? o.cursor_y : above + 1},
-              {o.cursor_x, ends_inside ? bottom : below - 1},
-              colour_of(o.text_r, o.text_g, o.text_b));
+              {o.cursor_x, ends_inside ? bottom : below - 1}, cursor_colour(ctx, o));
 }
 
 } // namespace velumo

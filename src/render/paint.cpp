@@ -1,11 +1,14 @@
 #include "render/paint.h"
 
+#include "model/traits.h"
 #include "model/types.h"
 #include "render/borders.h"
 #include "render/geometry.h"
+#include "render/selected_text.h"
 #include "render/surface.h"
 #include "text/lines.h"
 #include "text/measure.h"
+#include "text/shown_line.h"
 
 namespace velumo {
 namespace {
@@ -81,16 +84,12 @@ bool has_text(const vel_context &ctx, const vel_object &o) {
     return false;
 }
 
-bool centres_lines(const vel_object &o) {
-    return o.type == VEL_TYPE_WINDOW && o.window_kind == VEL_WINDOW_REDUCED && o.centred == 1;
-}
-
 // Paints the lines of one object's text inside its limits.
 class LinePainter {
 public:
-    LinePainter(vel_context &ctx, vel_object &object, const Limits &limits, TTF_Font *font)
-        : ctx_(ctx), object_(object), limits_(limits), font_(font),
-          pitch_(line_pitch(font, object)) {}
+    LinePainter(vel_context &ctx, u32 number, const Limits &limits, TTF_Font *font)
+        : ctx_(ctx), number_(number), object_(object_at(ctx, number)), limits_(limits), font_(font),
+          pitch_(line_pitch(font, object_)), selected_(ctx, number) {}
 
     void paint() {
         u32 top = object_.y + object_.margin_top + object_.scroll_y;
@@ -99,7 +98,7 @@ public:
         for (u32 line = 0;
              line <= object_.number_of_lines && line <= last_line && as_signed(top) < limits_.y.end;
              ++line) {
-            const bool painted = paint_line(text_at(line), stretch(top, bottom));
+            const bool painted = paint_line(line, stretch(top, bottom));
             // On purpose: a caption is tried at each line's place and painted at the first that
             // shows.
             if (painted && has_caption(object_)) return;
@@ -109,18 +108,16 @@ public:
     }
 
 private:
-    const char *text_at(u32 line) const {
-        return has_caption(object_) ? object_.label : line_of(ctx_, buffer_of(ctx_, object_), line);
-    }
-
-    bool paint_line(const char *text, Span rows) {
-        const u32 width = text_width(font_, text);
-        if (centres_lines(object_)) centre(width);
+    bool paint_line(u32 line, Span rows) {
+        const ShownLine shown(ctx_, number_, line);
+        const u32 width = text_width(font_, shown.text());
+        // The offset stays in the record.
+        centre_line(ctx_, object_, limits_, width, object_.scroll_x);
         const u32 left = object_.x + object_.margin_left + object_.scroll_x;
         const Piece y = visible_piece(limits_.y, rows, pitch_);
         // On purpose: a line ends one pixel after its last.
         Piece x = visible_piece(limits_.x, stretch(left, left + width), width);
-        if (x.cut == Piece::Cut::both) {
+        if (x.cut == Piece::Cut::both && !has_comfort(ctx_, VEL_COMFORT_TYPING)) {
             // On purpose: here the visible part is one pixel narrower than the limits allow, and
             // it starts where that of an earlier line did.
             x.length = room_in({limits_.x.begin + 1, limits_.x.end});
@@ -128,14 +125,18 @@ private:
         } else if (x.cut != Piece::Cut::hidden) {
             source_x_ = x.from;
         }
-        return show(text, x, y);
+        show_selected(selected_.in_line(shown, line), left, rows);
+        return show(shown.text(), x, y);
     }
 
-    // The offset stays in the record.
-    void centre(u32 width) {
-        if (cut_size(ctx_, object_, horizontal) <= width) return;
-        const i32 free = as_signed(as_field(limits_.x.end - limits_.x.begin - width));
-        object_.scroll_x = as_field(free / 2);
+    // Before the characters, within what the object shows of its text.
+    void show_selected(Span part, u32 left, Span rows) {
+        const i64 start = std::max(as_signed(left) + part.begin, limits_.x.begin);
+        const i64 end = std::min(as_signed(left) + part.end, limits_.x.end);
+        const i64 top = std::max(rows.begin, limits_.y.begin);
+        const i64 bottom = std::min(rows.begin + pitch_, limits_.y.end);
+        if (start >= end || top >= bottom) return;
+        draw_box(ctx_, {start, top, end - start, bottom - top}, selection_colour(object_));
     }
 
     bool show(const char *text, const Piece &x, const Piece &y) {
@@ -149,10 +150,12 @@ private:
     }
 
     vel_context &ctx_;
+    const u32 number_;
     vel_object &object_;
     const Limits limits_;
     TTF_Font *font_;
     const u32 pitch_;
+    const SelectedText selected_;
     i64 source_x_ = 0;
 };
 
@@ -162,7 +165,7 @@ void paint_text(vel_context &ctx, u32 number, vel_object &o, Size size) {
     const Limits limits = o.master == 0 ? Limits{inside_margins(o, size.width, horizontal),
                                                  inside_margins(o, size.height, vertical)}
                                         : text_limits(ctx, number);
-    LinePainter(ctx, o, limits, font).paint();
+    LinePainter(ctx, number, limits, font).paint();
 }
 
 } // namespace

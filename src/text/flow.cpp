@@ -92,7 +92,8 @@ private:
     bool copy_what_fits() {
         // On purpose: the word's NUL is copied like a character, and what is added to its line
         // later comes after it, unmeasured and unseen.
-        for (u32 k = 0; k <= word_.length && at_.place.column < last_column;) {
+        const u32 count = shows_each_character_once(ctx_) ? word_.length : word_.length + 1;
+        for (u32 k = 0; k < count && at_.place.column < last_column;) {
             const bool fits =
                 try_character(ctx_, object_at(ctx_, at_.member), at_.place, word_.characters[k]);
             if (fits) {

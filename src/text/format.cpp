@@ -26,7 +26,7 @@ struct ObjectLines {
         case Placed::whole:
             return Remains::nothing;
         case Placed::split:
-            return Remains::the_word;
+            return shows_each_character_once(ctx) ? Remains::nothing : Remains::the_word;
         case Placed::out_of_lines:
             break;
         }

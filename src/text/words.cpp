@@ -66,6 +66,7 @@ Placed place_word(vel_context &ctx, vel_object &object, Word word, Place &place,
     const Fit fit = fit_of(ctx, object, word, place);
     if (fit == Fit::only_split) return split_word(ctx, object, word, place);
     if (fit == Fit::on_next_line) {
+        if (place.line >= last_line && shows_each_character_once(ctx)) return Placed::out_of_lines;
         // On purpose: after line 39 this is line slot 40, the first line of the next text.
         end_line(ctx, place);
         next_line(place);

@@ -1,6 +1,7 @@
 // Places in the line buffers and the placing of single characters and words. For text layout.
 #pragma once
 
+#include "model/traits.h"
 #include "text/lines.h"
 #include "text/measure.h"
 
@@ -15,6 +16,11 @@ struct Word {
     const char *characters; // ended by a NUL
     u32 length;
 };
+
+// A text that can be typed in comfortably has to show what it holds, each character at one place.
+inline bool shows_each_character_once(const vel_context &ctx) {
+    return has_comfort(ctx, VEL_COMFORT_TYPING);
+}
 
 inline void next_line(Place &place) {
     ++place.line;

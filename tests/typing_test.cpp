@@ -1,0 +1,185 @@
+// Comfortable typing: what keys do to caret, selection and text, and what is refused.
+#include "support.h"
+
+#include <map>
+#include <random>
+#include <sstream>
+
+namespace {
+
+using test::Names;
+
+// Object 8 has the caret, in a field or in a text whose lines take "mm m". In a case a bar is the
+// caret and a bracket where selecting began; keys are separated by blanks, and S- and C- are Shift
+// and Ctrl.
+class Typing : public test::Form {
+protected:
+    Typing() {
+        ctx.comfort = VEL_COMFORT_TYPING;
+        ctx.cursor_object = 8;
+        make_window(9, 20, 30, 250, 150);
+        open(9);
+    }
+    enum Where { field, lines };
+
+    vel_object &edit(Where where, const std::string &marked) {
+        std::string text;
+        uint32_t caret = 0, anchor = 0xFFFF;
+        for (const char c : marked) {
+            if (c == '|')
+                caret = test::u32(static_cast<int>(text.size()));
+            else if (c == '[')
+                anchor = test::u32(static_cast<int>(text.size()));
+            else
+                text += c;
+        }
+        objects[9].dep_objs[0] = 0;
+        objects[8] = {};
+        vel_object &o =
+            where == lines ? make_text(8, text, 200) : make(8, VEL_TYPE_ENTRY, 20, 30, 200, 30);
+        set_label(o, where == lines ? "" : text);
+        o.line_width = width_of("mm m");
+        o.max_chars = where == lines ? 0 : 64;
+        o.master = 9;
+        o.editable = 1;
+        objects[9].dep_objs[0] = ctx.cursor_object = 8;
+        vel_format_object_text(&ctx, 8);
+        EXPECT_EQ(vel_set_selection(&ctx, 8, anchor == 0xFFFF ? caret : anchor, caret), VEL_OK);
+        return o;
+    }
+    std::string text() const {
+        return objects[8].type == VEL_TYPE_TEXT ? texts[1].text : objects[8].label;
+    }
+    std::string marked() const {
+        uint32_t anchor = 0, caret = 0;
+        EXPECT_EQ(vel_get_selection(&ctx, 8, &anchor, &caret), 8U);
+        std::string result = text();
+        if (anchor >= caret && anchor != caret) result.insert(anchor, "[");
+        result.insert(caret, "|");
+        if (anchor < caret) result.insert(anchor, "[");
+        return result;
+    }
+    void keys(const std::string &names) {
+        static const std::map<std::string, uint32_t> codes = {
+            {"Left", VEL_KEY_LEFT},      {"Right", VEL_KEY_RIGHT},
+            {"Up", VEL_KEY_UP},          {"Down", VEL_KEY_DOWN},
+            {"Home", VEL_KEY_HOME},      {"End", VEL_KEY_END},
+            {"PageUp", VEL_KEY_PAGE_UP}, {"PageDown", VEL_KEY_PAGE_DOWN},
+            {"Enter", VEL_KEY_ENTER},    {"Backspace", VEL_KEY_BACKSPACE},
+            {"Delete", VEL_KEY_DELETE},  {"Insert", VEL_KEY_INSERT}};
+        std::istringstream all(names);
+        for (std::string name; all >> name;) {
+            uint32_t modifiers = 0;
+            for (; name.size() > 2 && name[1] == '-'; name.erase(0, 2))
+                modifiers |= name[0] == 'S' ? VEL_KEY_SHIFT : VEL_KEY_CONTROL;
+            const auto code = codes.find(name);
+            const bool is_character = code == codes.end() && modifiers == 0;
+            ctx.final_key = modifiers | (code == codes.end()
+                                             ? static_cast<uint8_t>(name[0] == '_' ? ' ' : name[0])
+                                             : code->second);
+            ctx.key_printable = is_character ? 1 : 0;
+            vel_get_text(&ctx);
+        }
+    }
+};
+
+// Lines that are broken between words take "mm m", so "mm " and "mm ". After each key the caret is
+// at its character, in sight.
+TEST_F(Typing, keys_move_select_and_change) {
+    struct Case {
+        Where where;
+        const char *keys;
+        Names changes;
+    };
+    const Case cases[] = {
+        {field, "x", {"a|b > ax|b", "| > x|", "a[bc|d > ax|d", "a|bc[d > ax|d", "[abc| > x|"}},
+        {field, "Left", {"a|b > |ab", "|ab > |ab", "a[bc|d > a|bcd", "a|bc[d > a|bcd"}},
+        {field, "Right", {"a|b > ab|", "ab| > ab|", "a[bc|d > abc|d", "a|bc[d > abc|d"}},
+        {field, "S-Left", {"ab| > a|b[", "a[b| > a|b", "|ab > |ab", "a|b[ > |ab["}},
+        {field, "S-Right", {"|ab > [a|b", "a|b[ > ab|", "[ab| > [ab|"}},
+        {field, "Home", {"ab| > |ab", "a[b| > |ab"}},
+        {field, "End", {"a|b > ab|", "|ab[ > ab|"}},
+        {field, "S-Home", {"ab| > |ab[", "a[b| > |a[b"}},
+        {field, "S-End", {"a|b > a[b|"}},
+        {field,
+         "C-Left",
+         {"ab, cd| > ab, |cd", "ab, |cd > ab|, cd", "ab|, cd > |ab, cd", "  | > |  "}},
+        {field,
+         "C-Right",
+         {"|ab, cd > ab|, cd", "ab|, cd > ab, |cd", "ab, c|d > ab, cd|", "|\xE4 b > \xE4 |b"}},
+        {field, "C-S-Right", {"|ab cd > [ab |cd"}},
+        {field, "C-S-Left", {"ab cd| > ab |cd["}},
+        {field, "Backspace", {"ab| > a|", "|ab > |ab", "a[b|c > a|c", "a|b[c > a|c"}},
+        {field, "S-Backspace", {"ab| > a|"}},
+        {field, "C-Backspace", {"ab cd| > ab |", "ab c[d|e > ab c|e"}},
+        {field, "Delete", {"|ab > |b", "ab| > ab|", "a[b|c > a|c"}},
+        {field, "C-Delete", {"|ab cd > |cd", "ab |cd > ab |"}},
+        {field, "C-a", {"a|b > [ab|", "| > |"}},
+        {field, "C-a x", {"a|b > x|"}},
+        {field, "Insert x Insert", {"a|b > ax|", "ab| > abx|", "[a|bc > x|bc"}},
+        {field, "Enter", {"a|b > a|b"}},
+        {field, "C-c End C-v", {"[ab|c > abcab|"}},
+        {field, "C-x End C-v", {"[ab|c > cab|"}},
+        {field, "C-Insert End S-Insert", {"[ab|c > abcab|"}},
+        {field, "S-Delete End S-Insert", {"[ab|c > cab|"}},
+        {field, "S-Delete", {"a|b > a|b"}},
+        {field, "S-Left C-c C-v C-v", {"ab| > abb|"}},
+        {field, "x y _ z C-z", {"| > xy |"}},
+        {field, "x y _ z C-z C-z", {"| > |", "[ab| > [ab|"}},
+        {field, "x Home y C-z", {"a| > |ax"}},
+        {field, "Backspace C-z", {"ab| > ab|", "a[b|c > a[b|c", "a|b[c > a|b[c"}},
+        {field, "Backspace C-z C-y", {"ab| > a|", "a[b|c > a|c"}},
+        {field, "x C-z C-S-z", {"a| > ax|"}},
+        {field, "x C-z y C-y", {"a| > ay|"}},
+        {field, "C-z", {"a| > a|"}},
+        {field, "Insert x y Insert C-z", {"|ab > |ab"}},
+        {lines, "x", {"a|b > ax|b", "a[\nb|c > ax|c"}},
+        {lines, "Enter", {"a|b > a\n|b", "a[b|c > a\n|c", "ab| > ab\n|"}},
+        {lines, "S-Enter", {"a|b > a\n|b"}},
+        {lines, "Left", {"a\n|b > a|\nb", "mm |mm > mm| mm"}},
+        {lines, "Right", {"a|\nb > a\n|b", "a|b > ab|", "|\na > \n|a", "mm| mm > mm |mm"}},
+        {lines,
+         "Up",
+         {"ab\nc|d > a|b\ncd", "a|b > a|b", "a\nmm| > a|\nmm", "\na| > |\na", "mm mm| > mm| mm"}},
+        {lines,
+         "Down",
+         {"a|b\ncd > ab\nc|d", "ab\nc|d > ab\nc|d", "mm|\na > mm\na|", "|mm mm > mm |mm"}},
+        {lines, "Down Down", {"mm|\na\nmm > mm\na\nmm|"}},
+        {lines, "Down Home Down", {"mm|\na\nmm > mm\na\n|mm"}},
+        {lines, "S-Down", {"a|b\ncd > a[b\nc|d"}},
+        {lines, "S-Up", {"ab\nc|d > a|b\nc[d"}},
+        {lines, "Home", {"a\nb|c > a\n|bc", "mm m|m > mm |mm"}},
+        {lines, "End", {"a\n|bc\nd > a\nbc|\nd", "|mm mm > mm| mm"}},
+        {lines, "End x", {"|mmmmmmm > mmmx|mmmm"}},
+        {lines, "C-Home", {"a\nb| > |a\nb"}},
+        {lines, "C-End", {"|a\nb > a\nb|"}},
+        {lines, "C-S-End", {"a|\nb > a[\nb|"}},
+        {lines, "C-Left", {"a\n|b > |a\nb"}},
+        {lines, "C-Right", {"|a\nb > a\n|b"}},
+        {lines, "PageDown", {"|a\nb\nc\nd\ne\nf\ng > a\nb\nc\nd\n|e\nf\ng"}},
+        {lines, "PageUp", {"a\nb\nc\nd\ne\nf\n|g > a\nb\n|c\nd\ne\nf\ng"}},
+        {lines, "S-PageDown", {"|a\nb > [a\n|b"}},
+        {lines, "Backspace", {"a\n|b > a|b", "mm |mm > mm|mm"}},
+        {lines, "Delete", {"a|\nb > a|b"}},
+        {lines, "C-Backspace", {"a b\n|c > a |c"}},
+        {lines, "C-a Delete", {"a|\nb > |"}},
+        {lines, "C-a C-x C-v C-v", {"a|\nb > a\nba\nb|"}},
+        {lines, "Enter x C-z C-z", {"a|b > a|b"}},
+        {lines, "Enter C-z C-y", {"a|b > a\n|b"}},
+        {lines, "C-a x C-z", {"a|\nb > [a\nb|"}},
+    };
+    for (const Case &c : cases) {
+        for (const std::string &change : c.changes) {
+            const std::size_t arrow = change.find(" > ");
+            const vel_object &o = edit(c.where, change.substr(0, arrow));
+            keys(c.keys);
+            EXPECT_EQ(marked(), change.substr(arrow + 3)) << c.keys << ": " << change;
+            const std::string line = c.where == lines ? this->line(1, o.cursor_line) : o.label;
+            EXPECT_EQ(o.cursor_x, 20 + o.scroll_x + width_of(line.substr(0, o.cursor_column)));
+            EXPECT_EQ(o.cursor_y, 30 + o.scroll_y + o.cursor_line * height());
+            EXPECT_LE(o.cursor_y + height(), 130U);
+        }
+    }
+}
+
+} // namespace
