@@ -582,6 +582,45 @@ VEL_API int32_t vel_transform_num_to_str(const uint32_t *value, char *destinatio
 VEL_API uint32_t vel_zehnerpotenz(uint32_t exponent) VEL_NOTHROW;
 /**@}*/
 
+/** \name Characters
+ * They take no context. Forms show ISO 8859-1; most files, command lines and libraries have UTF-8.
+ * Nothing is turned into another character: what has no place is left out, counted and found. */
+/**@{*/
+
+/**
+ * Converts UTF-8 to ISO 8859-1.
+ *
+ * Left out are characters beyond U+00FF, bytes that are no UTF-8 (a sequence that is cut short, is
+ * longer than necessary, stands for a surrogate or is beyond U+10FFFF counts as one character) and,
+ * once the room is used up, everything else.
+ *
+ * \param utf8       null counts as ""
+ * \param latin1     ends with a NUL unless size is 0; may be null, which counts as a size of 0, and
+ *                   may be utf8 itself
+ * \param size       bytes of latin1, including the NUL; the length of utf8 and one are enough
+ * \param first_lost set to the byte in utf8 at which the first character begins that was left out,
+ *                   or to the length of utf8; may be null
+ * \returns characters left out; 0 = all are there
+ */
+VEL_API size_t vel_from_utf8(const char *utf8, char *latin1, size_t size,
+                             size_t *first_lost) VEL_NOTHROW;
+
+/**
+ * Converts ISO 8859-1 to UTF-8, in which the characters from 128 on have two bytes. Left out are
+ * the first character that has no room and all after it.
+ *
+ * \param latin1     null counts as ""
+ * \param utf8       ends with a NUL unless size is 0; may be null, which counts as a size of 0;
+ *                   must not overlap latin1
+ * \param size       bytes of utf8, including the NUL; twice the length of latin1 and one are enough
+ * \param first_lost set to the byte in latin1 of the first character that was left out, or to the
+ *                   length of latin1; may be null
+ * \returns characters left out; 0 = all are there
+ */
+VEL_API size_t vel_to_utf8(const char *latin1, char *utf8, size_t size,
+                           size_t *first_lost) VEL_NOTHROW;
+/**@}*/
+
 /** \name Surface primitives
  * Colours are mapped to the screen's pixel format. Whatever lies outside the surface is dropped.
  * Drawing works on surfaces of 8, 16 and 32 bits. At other depths only filled boxes work; anything

@@ -1,4 +1,4 @@
-// String and number helpers at their edges.
+// String and number helpers, and conversions of characters, at their edges.
 #include "support.h"
 
 namespace {
@@ -72,6 +72,64 @@ TEST(Numbers, powers_of_ten_wrap_and_begin_with_ten) {
     for (const auto &[exponent, power] :
          {std::pair{0U, 10U}, {1U, 10U}, {2U, 100U}, {10U, 1410065408U}, {4000000000U, 0U}})
         EXPECT_EQ(vel_zehnerpotenz(exponent), power) << exponent;
+}
+
+struct Conversion {
+    const char *from;
+    size_t size;
+    const char *to;
+    size_t lost, first_lost;
+};
+
+using Converter = size_t(const char *, char *, size_t, size_t *);
+
+void expect_conversions(Converter &convert, const std::vector<Conversion> &cases) {
+    for (const Conversion &c : cases) {
+        const std::string untouched = "########";
+        std::string to = untouched;
+        size_t first_lost = 99;
+        EXPECT_EQ(convert(c.from, to.data(), c.size, &first_lost), c.lost) << c.from;
+        EXPECT_EQ(first_lost, c.first_lost) << c.from;
+        const std::string written = c.size == 0 ? "" : std::string(c.to) + '\0';
+        EXPECT_EQ(to, written + untouched.substr(written.size())) << c.from;
+    }
+    char to[] = "ab";
+    EXPECT_EQ(convert("\x41", nullptr, 8, nullptr), 1U);
+    EXPECT_EQ(convert(nullptr, to, 3, nullptr), 0U);
+    EXPECT_STREQ(to, "");
+}
+
+TEST(Characters, beyond_latin1_malformed_or_without_room_are_left_out_and_counted) {
+    expect_conversions(
+        vel_from_utf8,
+        {
+            {"a\n\x7F\xC2\x80\xC3\xBF", 8, "a\n\x7F\x80\xFF", 0, 7},
+            {"\xC3\xBF\xC4\x80z", 8, "\xFFz", 1, 2}, // U+0100, the first beyond
+            {"\xE2\x82\xAC-\xF0\x9F\x98\x80-\xF4\x8F\xBF\xBF", 8, "--", 3, 0},
+            {"a\xC1\xBF\xE0\x9F\xBF\xF0\x8F\xBF\xBFz", 8, "az", 3, 1}, // longer than necessary
+            {"\xED\x9F\xBF\xED\xA0\x80\xED\xBF\xBFz", 8, "z", 3, 0},   // surrogates
+            {"a\xF4\x90\x80\x80\xF9\x80\x80\x80z", 8, "az", 2, 1},     // beyond all planes
+            {"ab\xC3z\xE2\x82z\xF0\x9F\x98", 8, "abzz", 3, 2},         // cut short
+            {"\x80\xBFz", 8, "z", 2, 0},                               // without a beginning
+            {"", 1, "", 0, 0},
+            {"ab", 0, "", 2, 0},
+            {"ab", 1, "", 2, 0},
+            {"a\xC3\xA4z", 3, "a\xE4", 1, 3},
+            {"a\xC3\xA4\xE2\x82\xAC", 3, "a\xE4", 1, 3},
+        });
+    char in_place[] = "\xC3\xA4\xE2\x82\xACz";
+    EXPECT_EQ(vel_from_utf8(in_place, in_place, sizeof in_place, nullptr), 1U);
+    EXPECT_STREQ(in_place, "\xE4z");
+}
+
+TEST(Characters, of_latin1_are_never_cut_in_half) {
+    expect_conversions(vel_to_utf8, {
+                                        {"a\x7F\x80\xFF", 8, "a\x7F\xC2\x80\xC3\xBF", 0, 4},
+                                        {"\xBF\xC0z", 5, "\xC2\xBF\xC3\x80", 1, 2},
+                                        {"a\xE4z", 3, "a", 2, 1}, // room for z alone
+                                        {"a\xE4", 1, "", 2, 0},
+                                        {"ab", 0, "", 2, 0},
+                                    });
 }
 
 } // namespace

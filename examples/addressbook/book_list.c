@@ -4,7 +4,6 @@
 #include <string.h>
 
 #include "app.h"
-#include "text.h"
 
 static const vel_colour row_fills[] = {{0xff, 0xff, 0xff}, {0xd6, 0xe4, 0xfb}};
 
@@ -48,7 +47,7 @@ int scroll_list(App *app, int64_t rows) {
 void search_list(App *app) {
     char words[2 * VEL_STRING_SIZE], footer[60];
     memcpy(app->query, app->context.objects[ADDRESSBOOK_SEARCH].label, sizeof app->query);
-    to_utf8(app->query, words, sizeof words);
+    vel_to_utf8(app->query, words, sizeof words, NULL);
     if (!store_search(&app->store, words, &app->found)) app->found = 0;
     snprintf(footer, sizeof footer, "Found: %lld", (long long)app->found);
     set_label(app, ADDRESSBOOK_FOUND, footer);

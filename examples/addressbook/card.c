@@ -5,7 +5,6 @@
 #include <sys/stat.h>
 
 #include "app.h"
-#include "text.h"
 
 static const uint32_t entries[] = {
     [NAME] = ADDRESSBOOK_NAME,           [STREET] = ADDRESSBOOK_STREET,
@@ -69,9 +68,9 @@ static Contact read_card(App *app) {
     const vel_object *const notes = &ctx->objects[ADDRESSBOOK_NOTES];
     Contact contact = {app->card.id, {""}};
     for (int k = 0; k < ENTRIES; ++k) {
-        to_utf8(ctx->objects[entries[k]].label, contact.field[k], FIELD_SIZE);
+        vel_to_utf8(ctx->objects[entries[k]].label, contact.field[k], FIELD_SIZE, NULL);
     }
-    to_utf8(ctx->text_recs[notes->text_index].text, contact.field[NOTES], FIELD_SIZE);
+    vel_to_utf8(ctx->text_recs[notes->text_index].text, contact.field[NOTES], FIELD_SIZE, NULL);
     memcpy(contact.field[PICTURE], app->picture, FIELD_SIZE);
     return contact;
 }

@@ -4,7 +4,6 @@
 #include <string.h>
 
 #include "app.h"
-#include "text.h"
 
 const char *start_display(vel_context *ctx) {
     const char *const driver = getenv("SDL_VIDEODRIVER");
@@ -35,14 +34,14 @@ void draw(App *app) {
 
 void set_label(App *app, uint32_t object, const char *text) {
     vel_object *const o = &app->context.objects[object];
-    to_latin1(text, o->label, sizeof o->label);
+    vel_from_utf8(text, o->label, sizeof o->label, NULL);
     o->scroll_x = o->scroll_y = 0;
     vel_reset_textobject(&app->context, 0, object);
 }
 
 void set_text(App *app, uint32_t object, const char *text) {
     char latin1[VEL_TEXT_SIZE];
-    to_latin1(text, latin1, sizeof latin1);
+    vel_from_utf8(text, latin1, sizeof latin1, NULL);
     vel_load_window_text(&app->context, object, latin1);
     app->context.objects[object].scroll_y = 0;
     vel_reset_textobject(&app->context, 1, object);

@@ -3,30 +3,6 @@
 #include <stdlib.h>
 #include <string.h>
 
-void to_latin1(const char *utf8, char *latin1, size_t size) {
-    const unsigned char *from = (const unsigned char *)utf8;
-    char *const last = latin1 + size - 1;
-    while (*from != 0 && latin1 < last) {
-        unsigned code = *from++;
-        if (code >= 0x80) {
-            code = code == 0xc2 || code == 0xc3 ? (code & 3) << 6 | (*from & 0x3f) : '?';
-            while ((*from & 0xc0) == 0x80) ++from;
-        }
-        *latin1++ = (char)code;
-    }
-    *latin1 = 0;
-}
-
-void to_utf8(const char *latin1, char *utf8, size_t size) {
-    const unsigned char *from = (const unsigned char *)latin1;
-    char *const last = utf8 + size - 1;
-    for (; *from != 0 && utf8 + (*from >= 0x80) < last; ++from) {
-        if (*from >= 0x80) *utf8++ = (char)(0xc0 | *from >> 6);
-        *utf8++ = (char)(*from < 0x80 ? *from : 0x80 | (*from & 0x3f));
-    }
-    *utf8 = 0;
-}
-
 /* What À to ß sort as, and à to ÿ but for the last; × and ÷ are blanks. */
 static const char *const accented[] = {
     "a", "a", "a", "a", "ae", "a", "ae", "c", "e", "e", "e", "e", "i",  "i", "i",  "i",

@@ -1,11 +1,33 @@
-// The exported functions of text layout and of putting texts into objects.
+// The exported functions of characters, of text layout and of putting texts into objects.
 #include "model/file.h"
 #include "model/strings.h"
+#include "text/encoding.h"
 #include "text/flow.h"
 #include "text/format.h"
 #include "text/loading.h"
 
 using namespace velumo;
+
+namespace {
+
+std::string_view view_of(const char *string) { return string == nullptr ? "" : string; }
+
+std::span<char> room_at(char *bytes, size_t size) { return {bytes, bytes == nullptr ? 0 : size}; }
+
+size_t report(Lost lost, size_t *first_lost) {
+    if (first_lost != nullptr) *first_lost = lost.first;
+    return lost.characters;
+}
+
+} // namespace
+
+size_t vel_from_utf8(const char *utf8, char *latin1, size_t size, size_t *first_lost) noexcept {
+    return report(copy_as_latin1(view_of(utf8), room_at(latin1, size)), first_lost);
+}
+
+size_t vel_to_utf8(const char *latin1, char *utf8, size_t size, size_t *first_lost) noexcept {
+    return report(copy_as_utf8(view_of(latin1), room_at(utf8, size)), first_lost);
+}
 
 uint32_t vel_format_object_text(vel_context *ctx, uint32_t object) noexcept {
     return format_text(*ctx, object);

@@ -1,57 +1,57 @@
 #include "latin1.h"
 
+#include <algorithm>
 #include <cstdint>
 
 #include <fmt/format.h>
+#include <velumo.h>
 
 namespace velform {
 namespace {
 
-// Takes one character from the front. The parser lets only valid UTF-8 through, so a sequence that
-// is cut short merely must not be read beyond its end.
-std::uint32_t take_character(std::string_view &utf8) {
-    const auto take_byte = [&utf8] {
-        const auto byte = static_cast<std::uint8_t>(utf8.front());
-        utf8.remove_prefix(1);
-        return std::uint32_t{byte};
-    };
-    const std::uint32_t first = take_byte();
-    if (first < 0x80) return first;
-    const int more = first >= 0xF0 ? 3 : first >= 0xE0 ? 2 : 1;
-    std::uint32_t character = first & (0x3FU >> more);
-    for (int k = 0; k < more && !utf8.empty(); ++k)
-        character = character << 6 | (take_byte() & 0x3F);
-    return character;
+std::uint8_t byte_of(char c) { return static_cast<std::uint8_t>(c); }
+bool continues(char c) { return (byte_of(c) & 0xC0) == 0x80; }
+bool is_control(char c) { return byte_of(c) < 0x20 || (byte_of(c) >= 0x7F && byte_of(c) < 0xA0); }
+
+std::string with_short_line_ends(std::string_view utf8) {
+    std::string text;
+    for (std::size_t k = 0; k < utf8.size(); ++k) {
+        if (!utf8.substr(k).starts_with("\r\n")) text += utf8[k];
+    }
+    return text;
 }
 
-bool is_control(std::uint32_t c) { return c < 0x20 || (c >= 0x7F && c < 0xA0); }
-
-std::string fault_of(std::uint32_t c, std::string_view bytes, LineFeeds line_feeds) {
-    if (c == '\n' && line_feeds == LineFeeds::allowed) return {};
+std::string control_fault(char c) {
     if (c == '\n') return "a line feed, and this is one line; use a space";
-    if (is_control(c)) return fmt::format("the control character U+{:04X}; take it out", c);
-    if (c <= 0xFF) return {};
+    return fmt::format("the control character U+{:04X}; take it out", byte_of(c));
+}
+
+// The fault of the character at the front, which ISO 8859-1 does not have or which is a NUL.
+std::string fault_at(std::string_view utf8) {
+    if (utf8.front() == '\0') return control_fault('\0');
+    const auto end = std::find_if_not(utf8.begin() + 1, utf8.end(), continues);
+    const std::string_view bytes(utf8.begin(), end);
+    std::uint32_t character = byte_of(bytes.front()) & (0x7FU >> bytes.size());
+    for (const char c : bytes.substr(1)) character = character << 6 | (byte_of(c) & 0x3F);
     return fmt::format("'{}' (U+{:04X}), which ISO 8859-1 does not have; use another character",
-                       bytes, c);
+                       bytes, character);
 }
 
 } // namespace
 
 Latin1 to_latin1(std::string_view utf8, LineFeeds line_feeds) {
-    Latin1 result;
-    while (!utf8.empty()) {
-        if (utf8.starts_with("\r\n")) utf8.remove_prefix(1);
-        const std::string_view rest = utf8;
-        const std::uint32_t c = take_character(utf8);
-        const std::string_view bytes = rest.substr(0, rest.size() - utf8.size());
-        std::string fault = fault_of(c, bytes, line_feeds);
-        if (fault.empty()) {
-            result.text += static_cast<char>(c);
-        } else if (result.fault.empty()) {
-            result.fault = std::move(fault);
-        }
-    }
-    return result;
+    const std::string source = with_short_line_ends(utf8);
+    std::string text(source.size() + 1, '\0');
+    std::size_t lost = 0;
+    vel_from_utf8(source.c_str(), text.data(), text.size(), &lost);
+    const std::string_view before = std::string_view(source).substr(0, lost);
+    text.resize(before.size() - static_cast<std::size_t>(std::ranges::count_if(before, continues)));
+    const auto control = std::ranges::find_if(text, [line_feeds](char c) {
+        return is_control(c) && !(c == '\n' && line_feeds == LineFeeds::allowed);
+    });
+    if (control != text.end()) return {{}, control_fault(*control)};
+    if (lost < source.size()) return {{}, fault_at(std::string_view(source).substr(lost))};
+    return {std::move(text), {}};
 }
 
 } // namespace velform

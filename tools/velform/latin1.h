@@ -9,7 +9,7 @@ namespace velform {
 enum class LineFeeds { allowed, refused };
 
 struct Latin1 {
-    std::string text;  // what could be converted
+    std::string text;  // empty when there is a fault
     std::string fault; // names the first character that has no place; empty when all have one
 };
 
