@@ -2,9 +2,9 @@
 #include "input/editor.h"
 #include "input/hit_test.h"
 #include "input/keys.h"
-#include "input/selection.h"
 #include "input/text_cursor.h"
 #include "input/text_position.h"
+#include "window/selection.h"
 
 using namespace velumo;
 

@@ -211,7 +211,24 @@ private:
     }
     void paste_clipboard() { insert(latin1_for_paste(Board::clipboard), Joins::never); }
 
-    std::string latin1_for_paste(Board board) { return latin1_of(offered(ctx_, board)); }
+    // With line feeds in place of other line ends.
+    std::string latin1_for_paste(Board board) {
+        const std::string text = offered(ctx_, board);
+        std::string latin1;
+        for (std::string_view rest = text; !rest.empty();) {
+            const std::string_view before = rest;
+            const std::optional<char> character = take_character(rest);
+            const bool is_half_a_line_end = character == '\r' && rest.starts_with('\n');
+            if (is_half_a_line_end) continue;
+            if (character) {
+                latin1 += character == '\r' ? '\n' : *character;
+            } else {
+                const auto sequence = before.substr(0, before.size() - rest.size());
+                refuse(ctx_, VEL_REFUSED_CHARACTER, code_point_of(sequence));
+            }
+        }
+        return latin1;
+    }
 
     vel_context &ctx_;
     const vel_object &o_;

@@ -68,6 +68,17 @@ std::optional<char> take_character(std::string_view &utf8) {
     return static_cast<char>((first & 3U) << 6 | (last & 0x3FU));
 }
 
+u32 code_point_of(std::string_view character) {
+    constexpr u32 no_character = 0xFFFD;
+    const u8 first = static_cast<u8>(character.front());
+    const std::size_t more = bytes_after(first);
+    const bool is_whole = character.size() == more + 1 && (first < 0x80 || more != 0);
+    if (!is_whole) return no_character;
+    u32 code = more == 0 ? first : first & (0x3FU >> more);
+    for (const char byte : character.substr(1)) code = code << 6 | (static_cast<u8>(byte) & 0x3FU);
+    return code;
+}
+
 Lost copy_as_latin1(std::string_view utf8, std::span<char> latin1) {
     Writing writing(latin1, utf8.size());
     for (std::string_view rest = utf8; !rest.empty();) {

@@ -15,6 +15,9 @@ namespace velumo {
 // have it, or when the bytes are none.
 std::optional<char> take_character(std::string_view &utf8);
 
+// The number that Unicode gives to the character of these bytes; U+FFFD when they are none.
+u32 code_point_of(std::string_view utf8_character);
+
 // Characters of a text that had no place, and where in it the first of them is: at its end when
 // there is none. Bytes that are no character count as one.
 struct Lost {

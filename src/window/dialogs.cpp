@@ -1,8 +1,8 @@
 #include "window/dialogs.h"
 
-#include "input/selection.h"
 #include "render/scene.h"
 #include "window/activation.h"
+#include "window/selection.h"
 
 namespace velumo {
 

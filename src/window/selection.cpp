@@ -1,4 +1,4 @@
-#include "input/selection.h"
+#include "window/selection.h"
 
 #include "input/events.h"
 #include "input/hit_test.h"
