@@ -182,4 +182,69 @@ TEST_F(Typing, keys_move_select_and_change) {
     }
 }
 
+// Back through every state that there was, and forward again; a text that the program changes
+// begins again.
+TEST_F(Typing, undo_and_redo_come_back_to_every_state) {
+    const char *const names[] = {"a",    "_",    "Enter", "Backspace", "Delete", "C-Backspace",
+                                 "Left", "S-Up", "Home",  "S-Left",    "End",    "C-Left",
+                                 "C-v",  "C-x",  "C-a",   "Insert"};
+    std::mt19937 random(1);
+    edit(lines, "one two\nthree|");
+    for (int round = 0; round < 60; ++round) {
+        Names states{text()};
+        while (states.size() < 15) {
+            keys(names[random() % std::size(names)]);
+            if (text() != states.back()) states.push_back(text());
+            keys("S-Right S-Left"); // what is typed next is no longer the same word
+        }
+        for (std::size_t k = states.size(); k-- > 0;) {
+            ASSERT_EQ(text(), states[k]);
+            if (k != 0) keys("C-z");
+        }
+        for (const std::string &state : states) {
+            ASSERT_EQ(text(), state);
+            keys("C-y");
+        }
+    }
+    set_text(1, "other");
+    vel_format_object_text(&ctx, 8);
+    keys("C-z");
+    EXPECT_EQ(text(), "other");
+    ctx.insert_mode = 0;
+    keys("Home");
+    for (int k = 0; k < 300; ++k) keys("x Home");
+    for (int k = 0; k < 250; ++k) keys("C-z");
+    EXPECT_EQ(text(), std::string(50, 'x') + "other");
+}
+
+// What is refused, and that nothing else has changed by it; the caret is in mark colour then.
+TEST_F(Typing, limits_hold_and_are_said) {
+    const std::string i63(63, 'i'), feeds(38, '\n');
+    const std::tuple<Where, std::string, const char *, std::string, uint32_t, uint32_t> cases[] = {
+        {field, i63 + "|", "x", i63 + "x|", VEL_REFUSED_CHARACTER, 1},
+        {field, i63 + "i|", "x", i63 + "i|", VEL_REFUSED_FULL, 'x'},
+        {field, "[" + i63 + "i|", "x", "x|", VEL_REFUSED_CHARACTER, 1},
+        {field, i63 + "[i|", "C-c C-v C-v", i63 + "i|", VEL_REFUSED_FULL, 'i'},
+        {lines, feeds + "|", "Enter", feeds + "\n|", VEL_REFUSED_CHARACTER, 1},
+        {lines, feeds + "\n|", "Enter", feeds + "\n|", VEL_REFUSED_LINES, '\n'},
+        {lines, "|\n" + feeds, "Enter", "|\n" + feeds, VEL_REFUSED_LINES, '\n'},
+        {lines, feeds + "\nmm |", "m m m", feeds + "\nmm m|", VEL_REFUSED_LINES, 'm'},
+        {lines, feeds + "[a\nb|", "C-c C-v C-v", feeds + "a\nba|", VEL_REFUSED_LINES, '\n'},
+        {lines, "|" + feeds + "\n\n\nx", "x", "|" + feeds + "\n\n\nx", VEL_REFUSED_LINES, 'x'},
+        {lines, "|" + feeds + "\n\nx", "Delete", "|" + feeds.substr(1) + "\n\nx",
+         VEL_REFUSED_CHARACTER, 1},
+        {field, "[ab|", "Insert", "[ab|", VEL_REFUSED_CHARACTER, 1}};
+    for (const auto &[where, before, pressed, after, reason, character] : cases) {
+        edit(where, before);
+        keys("\1"); // a control character is refused before
+        keys(pressed);
+        uint32_t refused = 0;
+        EXPECT_EQ(marked(), after);
+        EXPECT_EQ(vel_last_refusal(&ctx, &refused), reason) << pressed << " " << after;
+        EXPECT_EQ(refused, character);
+        const vel_object &o = objects[8];
+        EXPECT_EQ(at(static_cast<int>(o.cursor_x), static_cast<int>(o.cursor_y)), test::green);
+    }
+}
+
 } // namespace

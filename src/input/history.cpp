@@ -53,6 +53,7 @@ History &history_of(vel_context &ctx, u32 object, std::string_view text) {
 }
 
 void keep_step(History &history, Step step, Joins joins, std::string_view text) {
+    if (step.removed == step.inserted) return;
     forget_undone(history);
     history.bytes += bytes_of(step);
     if (joins == Joins::typed_character && can_join(history, step)) {

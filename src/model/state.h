@@ -30,6 +30,7 @@ struct vel_state {
     std::map<std::uint32_t, velumo::List> lists; // by the number of the list object
     std::map<std::uint32_t, std::vector<velumo::ListedName>> folders;
     velumo::Selection selection;
+    velumo::Presses presses;
     velumo::Refusal refusal;
     std::map<std::uint32_t, velumo::History> histories; // by the number of the object
     std::map<std::uint32_t, velumo::Traits> traits;     // by the number of the object

@@ -42,6 +42,12 @@ struct History {
     bool is_open = false;  // the next character that is typed may join the last step
 };
 
+// Presses of the mouse at one place of a text.
+struct Presses {
+    std::chrono::milliseconds time{0};
+    std::uint32_t owner = 0, index = 0, count = 0;
+};
+
 struct Refusal {
     std::uint32_t reason = VEL_REFUSED_NOTHING;
     std::uint32_t character = 0;
