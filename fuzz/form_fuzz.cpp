@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "model/form_check.h"
+#include "model/traits.h"
 
 namespace {
 
@@ -105,8 +106,13 @@ void use(vel_context &ctx) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size) {
     static const Stage stage;
     Input input(data, size);
+    const bool is_comfortable = input.byte() % 2 != 0;
     Tables tables = load(input);
     vel_context ctx{};
+    if (is_comfortable) {
+        ctx.comfort = VEL_COMFORT_ALL;
+        state_of(ctx).traits = read_traits(tables);
+    }
     ctx.screen = stage.screen;
     ctx.font = stage.font;
     ctx.screen_width = 160;

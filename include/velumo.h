@@ -478,6 +478,58 @@ VEL_API int32_t vel_load_object_fonts(vel_context *ctx, uint32_t first) VEL_NOTH
 VEL_API void vel_close(vel_context *ctx) VEL_NOTHROW;
 /**@}*/
 
+/** \name Traits
+ * What an object is beyond its record: enabled or not, a password, an answer, its access key. With
+ * comfort not 0, loading sets them as the form source says; else all objects start without, and a
+ * form loads as if it said nothing. These functions work in either case, and also for spare objects
+ * and tables that a program filled by hand; what they set shows when the object is drawn again.
+ * Loading another form forgets them all. */
+/**@{*/
+
+/**
+ * Enables or disables an object. All objects are enabled unless the form says otherwise.
+ *
+ * \param enabled 0 = disabled; any other value = enabled
+ * \returns VEL_OK; VEL_ERROR_ARGUMENT if ctx is null, or object is 0 or beyond the table;
+ *          VEL_ERROR_MEMORY. After an error nothing has changed
+ */
+VEL_API int32_t vel_set_enabled(vel_context *ctx, uint32_t object, uint32_t enabled) VEL_NOTHROW;
+
+/**
+ * Says whether an object is enabled.
+ *
+ * \returns 1 if it is; 0 if it is disabled, if ctx is null, or if object is 0 or beyond the table
+ */
+VEL_API uint32_t vel_is_enabled(const vel_context *ctx, uint32_t object) VEL_NOTHROW;
+
+/**
+ * Makes an entry or number field show dots for its characters, or the characters again. The label
+ * of the field holds the characters in either case. For objects of other types it means nothing.
+ *
+ * \param password 0 = characters; any other value = dots
+ * \returns as vel_set_enabled()
+ */
+VEL_API int32_t vel_set_password(vel_context *ctx, uint32_t object, uint32_t password) VEL_NOTHROW;
+
+/**
+ * Says what a label or a picture is to the keyboard; for objects of other types it means nothing.
+ * If several objects of a window are its default answer, or its cancel answer, the first one in
+ * drawing order counts.
+ *
+ * \param answer one of vel_answer
+ * \returns as vel_set_enabled(); VEL_ERROR_ARGUMENT also for any other answer
+ */
+VEL_API int32_t vel_set_answer(vel_context *ctx, uint32_t object, uint32_t answer) VEL_NOTHROW;
+
+/**
+ * Gives an object the key that presses or reaches it together with Alt.
+ *
+ * \param key a letter from A to Z or a digit; capitals count as small letters. 0 = none
+ * \returns as vel_set_enabled(); VEL_ERROR_ARGUMENT also for any other character
+ */
+VEL_API int32_t vel_set_access_key(vel_context *ctx, uint32_t object, char key) VEL_NOTHROW;
+/**@}*/
+
 /** \name Strings and numbers
  * They take no context. Their edge cases differ from the standard library's: read before use. */
 /**@{*/

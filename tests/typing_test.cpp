@@ -212,9 +212,9 @@ TEST_F(Typing, undo_and_redo_come_back_to_every_state) {
     EXPECT_EQ(text(), "other");
     ctx.insert_mode = 0;
     keys("Home");
-    for (int k = 0; k < 300; ++k) keys("x Home");
+    for (int k = 0; k < 300; ++k) keys("i Home");
     for (int k = 0; k < 250; ++k) keys("C-z");
-    EXPECT_EQ(text(), std::string(50, 'x') + "other");
+    EXPECT_EQ(text(), std::string(50, 'i') + "other");
 }
 
 // What is refused, and that nothing else has changed by it; the caret is in mark colour then.

@@ -4,6 +4,7 @@
 #include <new>
 
 #include "model/form_check.h"
+#include "model/traits.h"
 
 namespace velumo {
 namespace {
@@ -32,12 +33,12 @@ i32 read_tables(const Form &form, Tables &tables) {
     return read_texts(texts.bytes(), form.spare_texts, tables) ? VEL_OK : VEL_ERROR_MEMORY;
 }
 
-void hand_over(Tables &tables, vel_context &ctx, vel_state &state) {
+void hand_over(Tables &tables, std::map<u32, Traits> traits, vel_context &ctx, vel_state &state) {
     ctx.objects = tables.objects.release();
     ctx.object_count = tables.object_count;
     state.lists.clear();
     state.folders.clear();
-    state.traits.clear();
+    state.traits = std::move(traits);
     state.histories.clear();
     state.selection = {};
     state.object_records = tables.object_records;
@@ -59,7 +60,9 @@ i32 load(vel_context &ctx, const Form &form) try {
     const i32 result = read_tables(form, tables);
     if (result != VEL_OK) return result;
     remove_dangling_references(tables, form.form_path);
-    hand_over(tables, ctx, state_of(ctx));
+    std::map<u32, Traits> traits;
+    if (ctx.comfort != 0) traits = read_traits(tables);
+    hand_over(tables, std::move(traits), ctx, state_of(ctx));
     load_images(ctx, 1);
     load_fonts(ctx, 1, form.font_messages);
     set_mark_colour(ctx);

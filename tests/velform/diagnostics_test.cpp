@@ -92,6 +92,14 @@ TEST(Faults, point_at_the_place_and_say_what_is_wrong) {
         {"[styles.a]\nstyle = 'b'\n[styles.b]\nstyle = 'a'", "4:9", "includes itself"},
         {"[[object]]\ntype = 'chain'\n[[object.object]]\ntype = 'chain'\ntext = 't'", "5:8",
          "from its head"},
+        {label("key = 'sh'"), "4:7", "one letter from A to Z or one digit"},
+        {label("key = 'ß'"), "4:7", "one letter"},
+        {label("disabled = 'no'"), "4:12", "true or false"},
+        {label("default = true\ncancel = true"), "5:10", "not both"},
+        {"[[window]]\nobjects = [\n{ type = 'label', default = true },\n"
+         "{ type = 'picture', picture = 'p', default = true },\n]",
+         "4:46", "see line 3"},
+        {"[frame.move]\ntype = 'text'\n" + label("focus = true"), "1:1", "first frame button"},
     });
 }
 
@@ -109,6 +117,9 @@ TEST(Warnings, say_what_will_not_show_and_let_the_form_pass) {
         {window + "[[window.window]]\n" + area + "hidden = true", "5:10", "starts visible"},
         {window + "[[window.object]]\ntype = 'chain'\n" + area, "4:8", "head"},
         {chain + "[[object.object]]\ntype = 'menu'\n" + area, "5:8", "is no chain"},
+        {label("password = true"), "4:12", "nothing for a label"},
+        {label("key = 'a'") + label("key = 'A'"), "8:7", "see line 4"},
+        {"[frame.close]\nkey = 'a'", "2:7", "nothing for a frame button"},
     };
     expect_messages(warnings, "warning");
 }
@@ -127,6 +138,13 @@ TEST(Warnings, and_faults_are_not_given_without_reason) {
         window + "text = \"\\\"" + deep + "\"",
         window + "text = '''\n'" + deep + "'''",
         "prefix = 'a' # '" + deep,
+        // Each window has answers and keys of its own.
+        label("key = 'a'") + window +
+            "objects = [{ style = 's', type = 'label', default = true, "
+            "key = 'a' }]\n" +
+            window +
+            "objects = [{ style = 's', type = 'label', default = true, key = 'a' }]\n"
+            "[styles.s]\nwidth = 1\nheight = 1",
     };
     for (const std::string &source : sources) EXPECT_EQ(Compiled(source).messages, "") << source;
 }

@@ -7,6 +7,7 @@
 #include <fmt/format.h>
 #include <velumo.h>
 
+#include "identifier.h"
 #include "latin1.h"
 #include "suggestion.h"
 #include "toml_text.h"
@@ -86,6 +87,15 @@ Reading flag_in(Range range, const toml::node &node) {
     return {0, fmt::format("must be true or false, not {}", kind_of(node))};
 }
 
+Reading letter_in(const toml::node &node) {
+    const auto *string = node.as_string();
+    const std::string_view text = string == nullptr ? std::string_view{} : string->get();
+    if (text.size() == 1 && (is_letter(text[0]) || is_digit(text[0]))) {
+        return {lower_case(text), {}};
+    }
+    return {std::string{}, "must be one letter from A to Z or one digit, as in \"s\""};
+}
+
 Reading code_in(Range range, std::span<const Name> names, const toml::node &node) {
     if (node.is_integer()) return number_in(range, node);
     std::vector<std::string_view> known(names.size());
@@ -107,6 +117,8 @@ Reading read(const RecordField &field, const toml::node &node) {
         return colour_in(node);
     case Kind::flag:
         return flag_in(field.range, node);
+    case Kind::letter:
+        return letter_in(node);
     case Kind::code:
         return code_in(field.range, field.names, node);
     default:

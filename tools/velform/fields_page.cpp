@@ -31,6 +31,8 @@ std::string values_of(const RecordField &row) {
         return "`true` 1, `false` 0";
     case Kind::code:
         return codes_of(row);
+    case Kind::letter:
+        return "letter or digit, as in `\"s\"`";
     case Kind::object:
         return "`id` of an object";
     case Kind::path:
@@ -52,9 +54,11 @@ std::string written(const RecordField &row, std::int64_t value) {
 
 std::string default_of(const RecordField &row) {
     if (row.kind == Kind::caption || row.kind == Kind::path) return "empty";
-    if (row.kind == Kind::text || row.kind == Kind::object || row.field == Field::type) {
+    if (row.kind == Kind::text || row.kind == Kind::object || row.kind == Kind::letter ||
+        row.field == Field::type) {
         return "none";
     }
+    if (row.field == Field::focus) return "`true` for buttons";
     std::vector<std::string> parts{written(row, row.standard)};
     for (const TypeStandard &standard : type_standards()) {
         if (standard.field != row.field) continue;
@@ -78,7 +82,7 @@ std::string users_of(const RecordField &row) {
 
 std::string key_rows() {
     std::string rows;
-    for (const RecordField &row : record_table()) {
+    for (const RecordField &row : whole_table()) {
         if (row.key.empty()) continue;
         rows += fmt::format("| `{}` | {} | {} | {} | {} |\n", row.key, values_of(row),
                             default_of(row), users_of(row), row.meaning);

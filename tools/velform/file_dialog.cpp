@@ -223,6 +223,7 @@ private:
         const bool is_main = suffix == "_ok";
         ObjectSource object = part(suffix, VEL_TYPE_LABEL, {x, y, button_width, button_height});
         object.own[Field::label] = Setting{std::move(text), {}};
+        set(object.own, is_main ? Field::default_answer : Field::cancel_answer, 1);
         dress(object, dialog_.button_style,
               {{Field::fill, is_main ? accent : paper},
                {Field::text_colour, is_main ? paper : ink},

@@ -6,6 +6,7 @@
 
 #include "styles.h"
 #include "suggestion.h"
+#include "traits.h"
 
 namespace velform {
 namespace {
@@ -68,6 +69,7 @@ public:
             add_text(object);
             link_menu(object);
         }
+        add_traits();
         return std::move(form_);
     }
 
@@ -132,6 +134,21 @@ private:
         if (!means_something(record_field(Field::text), object.type())) return false;
         if (object.settings[Field::text].has_value()) return true;
         return object.type() != VEL_TYPE_CHAIN && object.value(Field::editable) != 0;
+    }
+
+    // After the texts of all objects, whose numbers are the same whether there are traits or not.
+    void add_traits() {
+        const std::vector<std::string> texts = trait_texts(form_);
+        if (texts.empty()) return;
+        FormObject &first = form_.objects.front();
+        if (means_something(record_field(Field::text), first.type())) {
+            diagnostics_.error(first.source->where,
+                               "the form keeps what it says of keys and answers in the text of the "
+                               "first frame button, which must be a label or a picture for it");
+            return;
+        }
+        first.text = static_cast<std::uint32_t>(form_.texts.size() + 1);
+        form_.texts.insert(form_.texts.end(), texts.begin(), texts.end());
     }
 
     void note_ids() {

@@ -4,6 +4,8 @@
 
 #include <fmt/format.h>
 
+#include "trait_check.h"
+
 namespace velform {
 namespace {
 
@@ -52,7 +54,7 @@ private:
     // Styles are shared by objects of many types, so only what the object says itself counts.
     void check_own_keys() {
         if (is_faulty(Field::type)) return;
-        for (const RecordField &row : record_table()) {
+        for (const RecordField &row : whole_table()) {
             const std::optional<Setting> &own = object_.source->own[row.field];
             if (!own || means_something(row, object_.type())) continue;
             std::string message = fmt::format("`{}` means nothing for {}", row.key, a_type());
@@ -164,6 +166,7 @@ private:
 
 void check_form(const Form &form, Diagnostics &diagnostics) {
     for (const FormObject &object : form.objects) ObjectCheck(form, object, diagnostics).run();
+    check_traits(form, diagnostics);
 }
 
 } // namespace velform

@@ -38,7 +38,7 @@ Keys keys_of_lists() {
 
 Keys keys_of_blocks() {
     Keys keys{"style"};
-    for (const RecordField &field : record_table()) {
+    for (const RecordField &field : whole_table()) {
         if (!field.key.empty()) keys.push_back(field.key);
     }
     for (const Shorthand &shorthand : shorthands()) keys.push_back(shorthand.key);
@@ -250,10 +250,16 @@ private:
         refuse_unknown_keys(table, keys_of_file_dialogs(), "a file dialog");
         FileDialog dialog;
         dialog.where = position_of(table);
-        Block place;
-        read_block(table, place);
-        dialog.place = place.own;
-        dialog.style = place.styles;
+        const Shorthand &rect = *find_shorthand("rect");
+        for (const Field field : rect.fields) {
+            dialog.place[field] = read_as(record_field(field), record_field(field).key, table);
+        }
+        if (const toml::node *node = table.get(rect.key)) {
+            read_shorthand(rect, *node, dialog.place, diagnostics_);
+        }
+        if (const toml::node *style = table.get("style")) {
+            read_style_uses("style", *style, dialog.style);
+        }
         RecordField rows = record_field(Field::height);
         rows.range = {1, VEL_MAX_DEPENDENTS};
         dialog.rows = read_as(rows, "rows", table);

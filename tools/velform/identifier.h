@@ -25,4 +25,12 @@ inline std::string upper_case(std::string_view name) {
     return result;
 }
 
+inline std::string lower_case(std::string_view name) {
+    std::string result(name);
+    for (char &c : result) {
+        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+    }
+    return result;
+}
+
 } // namespace velform

@@ -87,7 +87,17 @@ constexpr std::array<RecordField, field_count> table{{
 #define UNREAD(field, byte) ROW(field, reserved, byte, number_size, #field, {})
 #include "model/record.inc"
 #undef ROW
+#define TRAIT(field, kind, key, types, meaning)                                                    \
+    {Field::field, Kind::kind, 0, 0, {}, key, meaning, types, 0, {0, 1}},
+#define ANSWER(field, key, word, code, types, meaning) TRAIT(field, flag, key, types, meaning)
+#define LETTER(field, key, word, member, types, meaning) TRAIT(field, letter, key, types, meaning)
+#define MARK(field, key, word, member, types, meaning) TRAIT(field, flag, key, types, meaning)
+#include "model/traits.inc"
+#undef TRAIT
 }};
+
+constexpr std::span<const RecordField, record_field_count> record_rows =
+    std::span(table).first<record_field_count>();
 
 // Rows that mean something for different types may share their bytes.
 constexpr bool share_bytes(const RecordField &a, const RecordField &b) {
@@ -96,10 +106,10 @@ constexpr bool share_bytes(const RecordField &a, const RecordField &b) {
 
 constexpr bool table_is_gapless() {
     std::uint32_t place = 0;
-    for (std::size_t row = 0; row < table.size(); ++row) {
-        if (row != 0 && share_bytes(table[row - 1], table[row])) continue;
-        if (table[row].offset != place) return false;
-        place += table[row].size;
+    for (std::size_t row = 0; row < record_rows.size(); ++row) {
+        if (row != 0 && share_bytes(record_rows[row - 1], record_rows[row])) continue;
+        if (record_rows[row].offset != place) return false;
+        place += record_rows[row].size;
     }
     return place == sizeof(vel_object_file_rec);
 }
@@ -125,7 +135,11 @@ constexpr Shorthand shorthand_table[] = {
 
 } // namespace
 
-std::span<const RecordField, field_count> record_table() { return table; }
+std::span<const RecordField, record_field_count> record_table() { return record_rows; }
+std::span<const RecordField> trait_table() {
+    return std::span(table).subspan<record_field_count>();
+}
+std::span<const RecordField, field_count> whole_table() { return table; }
 std::span<const TypeStandard> type_standards() { return standards; }
 std::span<const Shorthand> shorthands() { return shorthand_table; }
 

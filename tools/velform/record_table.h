@@ -1,6 +1,7 @@
-// The record of the form description file as a table, made from the one that the library reads by:
-// what is at which byte, under which key a form source gives it, which values it takes. The
-// compiler and the pages docs/form-source.md and docs/file-formats.md follow it.
+// The record of the form description file, and what a form says of an object beyond it, as a table
+// made from those that the library reads by: what is at which byte, under which key a form source
+// gives it, which values it takes. The compiler and the pages docs/form-source.md and
+// docs/file-formats.md follow it.
 #pragma once
 
 #include <array>
@@ -11,7 +12,7 @@
 
 namespace velform {
 
-// The rows of the table, in the order of the record.
+// The rows of the table: those of the record in its order, then the traits.
 enum class Field : std::uint8_t {
 #define NUMBER(field, ...) field,
 #define FLAG NUMBER
@@ -24,9 +25,16 @@ enum class Field : std::uint8_t {
 #define LIST NUMBER
 #define UNREAD NUMBER
 #include "model/record.inc"
+    record_count,
+    last_of_record = record_count - 1, // so that the first trait follows it
+#define ANSWER(field, ...) field,
+#define LETTER ANSWER
+#define MARK ANSWER
+#include "model/traits.inc"
     count
 };
 
+inline constexpr std::size_t record_field_count = static_cast<std::size_t>(Field::record_count);
 inline constexpr std::size_t field_count = static_cast<std::size_t>(Field::count);
 
 enum class Kind : std::uint8_t {
@@ -36,6 +44,7 @@ enum class Kind : std::uint8_t {
     path,     // the name of a file, its bytes kept as they are
     text,     // a text of many lines; the record holds its number
     flag,     // true or false, or a number
+    letter,   // one letter or digit
     code,     // a name, or a number
     object,   // the id of another object; the record holds its number
     computed, // has no key: follows from the rest of the source
@@ -82,7 +91,9 @@ struct Shorthand {
     std::string_view meaning;
 };
 
-std::span<const RecordField, field_count> record_table();
+std::span<const RecordField, record_field_count> record_table();
+std::span<const RecordField> trait_table(); // their rows have no bytes of the record
+std::span<const RecordField, field_count> whole_table();
 std::span<const TypeStandard> type_standards();
 std::span<const Shorthand> shorthands();
 

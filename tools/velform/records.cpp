@@ -59,6 +59,7 @@ void put_field(std::string &record, const RecordField &row, const FormObject &ob
     case Kind::computed:
         put_computed(record, row, object);
         break;
+    case Kind::letter: // only traits have one
     case Kind::reserved:
         break;
     }

@@ -1,0 +1,153 @@
+// What a source says beyond the records, as the library reads it from the two files.
+#include "forms.h"
+
+#include "model/state.h"
+
+namespace {
+
+using test::Compiled;
+
+// As in "8 default; 9 key=s disabled"; objects of which nothing is said are left out.
+std::string shown(const vel_context &ctx) {
+    constexpr const char *answers[] = {"", " plain", " default", " cancel"};
+    std::string all;
+    for (const auto &[number, traits] : ctx.state->traits) {
+        std::string words = answers[traits.answer];
+        if (traits.key != '\0') words += std::string(" key=") + traits.key;
+        if (traits.disabled) words += " disabled";
+        if (traits.password) words += " password";
+        EXPECT_EQ(vel_is_enabled(&ctx, number), traits.disabled ? 0U : 1U);
+        if (!words.empty()) all += (all.empty() ? "" : "; ") + std::to_string(number) + words;
+    }
+    return all;
+}
+
+// What a context has after loading. A text that the form shows must be the same with comfort.
+std::string loaded(const std::string &form, const std::string &texts, std::uint32_t comfort) {
+    const test::Folder folder;
+    vel_context ctx{};
+    ctx.comfort = comfort;
+    ctx.texts_loaded = 1;
+    const auto f = folder.write("f", form), t = folder.write("t", texts);
+    EXPECT_EQ(vel_load_forms(&ctx, 1, 1, f.c_str(), t.c_str()), VEL_OK);
+    const std::string result = shown(ctx);
+    vel_close(&ctx);
+    return result;
+}
+
+std::string made_of(const std::string &source, std::uint32_t comfort = VEL_COMFORT_ALL) {
+    const Compiled c(source);
+    EXPECT_TRUE(c.is_good) << c.messages;
+    return loaded(c.form, c.texts, comfort);
+}
+
+std::string object(const std::string &type, const std::string &keys) {
+    return "[[object]]\ntype = '" + type + "'\n" + keys + "\n";
+}
+
+TEST(Traits, of_a_source_reach_the_library_where_they_mean_something) {
+    const std::string menu = object("menu", "id = 'm'\nobjects = [{ type = 'label', "
+                                            "border = 'shadow', key = 'a', disabled = true }]");
+    const std::string style = "[styles.s]\ndefault = true\npassword = true\nkey = '7'\n";
+    const std::pair<std::string, const char *> cases[] = {
+        {object("label", "label = 'plain'") + object("entry", ""), ""},
+        {object("label", "border = 'shadow'"), "8 plain"},
+        {object("picture", "picture = 'p'\nborder = 'frame'"), "8 plain"},
+        {object("label", "border = 'shadow_fitted'") + object("entry", "border = 'frame'"), ""},
+        {object("label", "border = 'shadow'\nobjects = [{ type = 'label' }]"), ""},
+        {object("label", "border = 'shadow'\nfocus = false\nkey = 'S'"), "8 key=s"},
+        {object("label", "focus = true") + object("label", "key = 'x'"), "8 plain; 9 plain key=x"},
+        {object("label", "default = true\nfocus = false") + object("label", "cancel = true"),
+         "8 default; 9 cancel"},
+        {object("label", "border = 'shadow'\nkey = 'f'\nmenu = 'm'") + menu,
+         "8 key=f; 10 key=a disabled"},
+        {object("number", "password = true\nkey = '0'"), "8 key=0 password"},
+        {style + object("entry", "style = 's'") + object("label", "style = 's'"),
+         "8 key=7 password; 9 default key=7"},
+        {"[frame.close]\ndisabled = true", "7 disabled"},
+        {"[[file_dialog]]\nid = 'd'\nrows = 1\ncancel = 'No'", "13 default; 14 cancel"},
+    };
+    for (const auto &[source, traits] : cases) {
+        EXPECT_EQ(made_of(source), traits) << source;
+        EXPECT_EQ(made_of(source, 0), "") << source;
+    }
+}
+
+TEST(Traits, of_many_objects_go_on_in_further_texts_after_those_of_the_form) {
+    std::string source = "[[window]]\ntext = 'own'\n", traits;
+    for (int k = 9; k < 209; ++k) {
+        source += object("label", "border = 'shadow'");
+        traits += (k == 9 ? "" : "; ") + std::to_string(k) + " plain";
+    }
+    const Compiled c(source);
+    EXPECT_EQ(c.text(1), "own");
+    EXPECT_EQ(c.word(1, test::place_of("text_index")), 2U);
+    EXPECT_EQ(loaded(c.form, c.texts, VEL_COMFORT_TYPING), traits);
+    const Compiled none("[[window]]\ntext = 'own'");
+    EXPECT_EQ(none.texts.size() + none.word(1, test::place_of("text_index")), sizeof(vel_text_rec));
+}
+
+TEST(Traits, that_nobody_can_have_meant_do_no_harm) {
+    // Nine objects, the first of which names text 2.
+    std::string form = Compiled(object("label", "") + object("label", "")).form;
+    form[test::place_of("text_index")] = 2;
+    const std::string good = "velumo traits 1\n8 default\n";
+    const std::pair<test::Names, const char *> cases[] = {
+        {{"", good, "velumo traits 1\n9 cancel", "8 disabled", good}, "8 default; 9 cancel"},
+        {{good}, ""},
+        {{good, ""}, ""},
+        {{"", "velumo traits 12\n8 default"}, ""},
+        {{"", "velumo traits 1 8 default"}, ""},
+        {{"", "velumo traits 1\n\n \n8 shiny default  disabled\n9 key= key=ab key=\xFC\n9key=s"},
+         "8 default disabled"},
+        {{"", "velumo traits 1\n0 default\n10 default\n-8 default\n99999999999 default\ndefault\n"
+              "8x default\n9 disabled"},
+         "9 disabled"},
+        {{"", "velumo traits 1\n8 " + std::string(2000, '8')}, ""},
+        {{"", "velumo traits 1" + std::string(978, '\n') + "8 disabled"}, ""},
+    };
+    for (const auto &[texts, traits] : cases) {
+        std::string bytes;
+        for (const std::string &text : texts) {
+            std::string record = std::string(8, '\0') + text;
+            record.resize(sizeof(vel_text_rec));
+            bytes += record;
+        }
+        EXPECT_EQ(loaded(form, bytes, VEL_COMFORT_ALL), traits) << bytes.substr(1016, 60);
+    }
+}
+
+TEST(Traits, are_set_by_a_program_whatever_its_comfort_and_only_where_there_are_objects) {
+    vel_object objects[10]{};
+    vel_context ctx{};
+    ctx.objects = objects;
+    ctx.object_count = 9;
+    EXPECT_EQ(vel_is_enabled(&ctx, 9), 1U);
+    const auto set_all = [](vel_context *c, std::uint32_t number) {
+        return std::vector{vel_set_enabled(c, number, 0), vel_set_password(c, number, 5),
+                           vel_set_answer(c, number, VEL_ANSWER_CANCEL),
+                           vel_set_access_key(c, number, 'Z')};
+    };
+    EXPECT_EQ(set_all(&ctx, 9), std::vector(4, std::int32_t{VEL_OK}));
+    EXPECT_EQ(vel_set_access_key(&ctx, 8, '0'), VEL_OK);
+    const std::vector refused(4, std::int32_t{VEL_ERROR_ARGUMENT});
+    for (const std::uint32_t number : {0U, 10U, ~0U}) {
+        EXPECT_EQ(set_all(&ctx, number), refused) << number;
+        EXPECT_EQ(vel_is_enabled(&ctx, number), 0U) << number;
+    }
+    EXPECT_EQ(set_all(nullptr, 9), refused);
+    EXPECT_EQ(vel_is_enabled(nullptr, 9), 0U);
+    EXPECT_EQ(vel_set_answer(&ctx, 9, 4), VEL_ERROR_ARGUMENT);
+    for (const char key : {' ', '\xE4', '{', '@'}) {
+        EXPECT_EQ(vel_set_access_key(&ctx, 9, key), VEL_ERROR_ARGUMENT) << key;
+    }
+    EXPECT_EQ(shown(ctx), "8 key=0; 9 cancel key=z disabled password");
+    vel_set_enabled(&ctx, 9, 2), vel_set_password(&ctx, 9, 0), vel_set_access_key(&ctx, 9, '\0');
+    vel_set_answer(&ctx, 9, VEL_ANSWER_NONE);
+    EXPECT_EQ(shown(ctx), "8 key=0");
+    ctx.objects = nullptr; // vel_close() would free them
+    ctx.object_count = 0;
+    vel_close(&ctx);
+}
+
+} // namespace

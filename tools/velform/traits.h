@@ -1,0 +1,17 @@
+// What a form says of its objects beyond their records, and the texts that say it to the library.
+#pragma once
+
+#include "form.h"
+
+namespace velform {
+
+// Whether the source, or a style, sets a flag that means something for the object.
+bool is_set(const FormObject &object, Field flag);
+
+// The key that reaches it together with Alt; empty when there is none.
+std::string access_key(const FormObject &object);
+
+// In the order of their objects; none when nothing is said. See model/traits.inc.
+std::vector<std::string> trait_texts(const Form &form);
+
+} // namespace velform
