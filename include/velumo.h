@@ -1017,6 +1017,18 @@ VEL_API uint32_t vel_get_mono_mouse_selection(vel_context *ctx, int32_t stop) VE
 VEL_API uint32_t vel_wait_for_object(vel_context *ctx) VEL_NOTHROW;
 
 /**
+ * Says whether the user has closed the program (SDL_QUIT) in the loop of the library that began
+ * last, and so ended it. With VEL_COMFORT_KEYBOARD this ends every loop: selections, dialogs and
+ * menus with 0, a move with the window where it is. All of them but vel_wait_for_object() put the
+ * event back into SDL's queue, so that the loop around them and the program's own see it, too; the
+ * event filter sees it each time.
+ *
+ * \returns 1 if so; 0 if not, before the first loop, without VEL_COMFORT_KEYBOARD and for a null
+ *          context
+ */
+VEL_API uint32_t vel_quit_requested(const vel_context *ctx) VEL_NOTHROW;
+
+/**
  * Finds the object under a point. The first hit of these counts: frame buttons, the active window
  * and its dependents, other windows from the highest number down, top-level objects from the lowest
  * number up and their dependents.

@@ -9,11 +9,11 @@
 using namespace velumo;
 
 uint32_t vel_get_mouse_selection(vel_context *ctx, int32_t stop_a, int32_t stop_b) noexcept {
-    return select_either(*ctx, as_field(stop_a), as_field(stop_b));
+    return select_either(*ctx, reach_of_selection(as_field(stop_a), as_field(stop_b), false));
 }
 
 uint32_t vel_get_mono_mouse_selection(vel_context *ctx, int32_t stop) noexcept {
-    return select_either(*ctx, as_field(stop), as_field(stop));
+    return select_either(*ctx, reach_of_selection(as_field(stop), as_field(stop), false));
 }
 
 uint32_t vel_test_all_objects(const vel_context *ctx, uint32_t x, uint32_t y) noexcept {

@@ -1,4 +1,5 @@
 // The exported functions of windows: activation, dialogs, frame actions and the waiting loop.
+#include "input/events.h"
 #include "window/activation.h"
 #include "window/button_actions.h"
 #include "window/cursor_start.h"
@@ -28,6 +29,10 @@ void vel_notice_window(vel_context *ctx, uint32_t window, uint32_t object) noexc
 }
 
 uint32_t vel_wait_for_object(vel_context *ctx) noexcept { return wait_for_object(*ctx); }
+
+uint32_t vel_quit_requested(const vel_context *ctx) noexcept {
+    return ctx != nullptr && was_quit_requested(*ctx) ? 1 : 0;
+}
 
 void vel_initiate_cursor_win(vel_context *ctx, uint32_t window) noexcept {
     start_cursors(*ctx, window);

@@ -65,10 +65,18 @@ Polled poll_event(vel_context &ctx) {
     if (SDL_PollEvent(&ctx.event) == 0) return Polled::nothing;
     note_event(ctx);
     if (ctx.event.type == SDL_VIDEOEXPOSE) show_again(ctx);
-    if (ctx.event_filter == nullptr) return Polled::event;
-    const u32 verdict = ctx.event_filter(&ctx, &ctx.event);
+    u32 verdict = VEL_FILTER_PASS;
+    if (ctx.event_filter != nullptr) verdict = ctx.event_filter(&ctx, &ctx.event);
     if (verdict != VEL_FILTER_PASS) consume_event(ctx);
-    return verdict == VEL_FILTER_END_LOOP ? Polled::end_of_loop : Polled::event;
+    if (verdict == VEL_FILTER_END_LOOP) return Polled::end_of_loop;
+    if (ctx.event.type != SDL_QUIT || !has_comfort(ctx, VEL_COMFORT_KEYBOARD)) return Polled::event;
+    if (ctx.state != nullptr) ctx.state->quit_requested = true;
+    return Polled::quit;
+}
+
+void put_quit_back(vel_context &ctx) {
+    SDL_PushEvent(&ctx.event);
+    consume_event(ctx);
 }
 
 void rest(vel_context &ctx, milliseconds longest) {

@@ -6,11 +6,24 @@
 
 namespace velumo {
 
-enum class Polled { event, nothing, end_of_loop };
+enum class Polled { event, nothing, end_of_loop, quit };
 
 // Fetches the next event into the context's event and shows it to the event filter. When none is
-// waiting, the event stays as it was; selection loops and menus then handle it again.
+// waiting, the event stays as it was; selection loops and menus then handle it again. With
+// VEL_COMFORT_KEYBOARD every loop ends when the user closes the program.
 Polled poll_event(vel_context &ctx);
+
+// For a loop that was ended by that: the one around it, and the program's own, see the event, too.
+void put_quit_back(vel_context &ctx);
+
+// A loop begins that the user has not closed the program in.
+inline void begin_loop(vel_context &ctx) {
+    if (ctx.state != nullptr) ctx.state->quit_requested = false;
+}
+
+inline bool was_quit_requested(const vel_context &ctx) {
+    return ctx.state != nullptr && ctx.state->quit_requested;
+}
 
 // For a loop whose poll found nothing: calls the idle hook and waits for the next event, but no
 // longer than the time given.

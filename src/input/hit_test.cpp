@@ -1,5 +1,6 @@
 #include "input/hit_test.h"
 
+#include "model/traits.h"
 #include "model/types.h"
 #include "render/geometry.h"
 
@@ -15,7 +16,8 @@ u32 innermost_hit(const vel_context &ctx, u32 number, i64 x, i64 y) {
 u32 hit_dependent(const vel_context &ctx, u32 number, i64 x, i64 y) {
     for (const u32 dependent : dependents_of(object_at(ctx, number))) {
         const vel_object &o = object_at(ctx, dependent);
-        if (is_drawable(o) && !border_of(o).lets_clicks_through && is_hit(ctx, dependent, x, y)) {
+        if (is_drawable(o) && is_enabled(ctx, dependent) && !border_of(o).lets_clicks_through &&
+            is_hit(ctx, dependent, x, y)) {
             return dependent;
         }
     }
@@ -26,7 +28,10 @@ u32 hit_frame_button(const vel_context &ctx, i64 x, i64 y) {
     // On purpose: only loaded buttons are hit, also where a table made by hand shows more.
     const u32 count = std::min<u32>(VEL_FRAME_BUTTONS, ctx.object_count);
     for (u32 number = 1; number <= count; ++number) {
-        if (object_at(ctx, number).hidden == 0 && is_hit(ctx, number, x, y)) return number;
+        if (object_at(ctx, number).hidden == 0 && is_enabled(ctx, number) &&
+            is_hit(ctx, number, x, y)) {
+            return number;
+        }
     }
     return 0;
 }
@@ -46,7 +51,7 @@ u32 hit_free_standing(const vel_context &ctx, i64 x, i64 y) {
     for (u32 number = VEL_FRAME_BUTTONS + 1; number <= ctx.object_count; ++number) {
         const vel_object &o = object_at(ctx, number);
         if (o.hidden == 0 && o.type != VEL_TYPE_WINDOW && o.master == 0 &&
-            is_hit(ctx, number, x, y)) {
+            is_enabled(ctx, number) && is_hit(ctx, number, x, y)) {
             return innermost_hit(ctx, number, x, y);
         }
     }

@@ -3,6 +3,7 @@
 #include "model/types.h"
 #include "render/scene.h"
 #include "window/cursor_start.h"
+#include "window/focus.h"
 #include "window/frame_buttons.h"
 #include "window/stack.h"
 
@@ -31,6 +32,7 @@ void place_cursor_in(vel_context &ctx, u32 window) {
     switch (object_at(ctx, window).editable) {
     case 0:
         ctx.cursor_object = first_cursor_stop(ctx, window);
+        if (has_comfort(ctx, VEL_COMFORT_KEYBOARD)) focus_answer(ctx, {});
         break;
     case 1:
         ctx.cursor_object = window;

@@ -66,4 +66,13 @@ void release_frame_button(vel_context &ctx, u32 button) {
     }
 }
 
+void use_frame_button(vel_context &ctx, u32 button) {
+    press_frame_button(ctx, button);
+    if (button == VEL_BUTTON_MOVE)
+        move_window_by_keys(ctx);
+    else
+        release_frame_button(ctx, button);
+    if (ctx.cursor_object == button && object_at(ctx, button).hidden != 0) ctx.cursor_object = 0;
+}
+
 } // namespace velumo

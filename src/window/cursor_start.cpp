@@ -1,5 +1,6 @@
 #include "window/cursor_start.h"
 
+#include "model/traits.h"
 #include "model/walk.h"
 
 namespace velumo {
@@ -34,7 +35,7 @@ u32 first_cursor_stop(const vel_context &ctx, u32 master) {
     u32 found = 0;
     walk_dependents(ctx, master, [&ctx, &found](u32 number) {
         const vel_object &o = object_at(ctx, number);
-        if (!has_area(o)) return Walk::skip;
+        if (!has_area(o) || !is_enabled(ctx, number)) return Walk::skip;
         if (o.editable == 1) {
             found = number;
             return Walk::stop;

@@ -2,14 +2,17 @@
 
 #include "render/scene.h"
 #include "window/activation.h"
+#include "window/focus.h"
 #include "window/selection.h"
 
 namespace velumo {
 
 u32 ask_in_window(vel_context &ctx, u32 window, u32 answer_a, u32 answer_b) {
+    const Reach reach = reach_of_selection(answer_a, answer_b, true);
     activate(ctx, window);
+    if (has_comfort(ctx, VEL_COMFORT_KEYBOARD)) focus_answer(ctx, reach);
     show_all(ctx);
-    const u32 answer = select_either(ctx, answer_a, answer_b);
+    const u32 answer = select_either(ctx, reach);
     close_window(ctx, 0);
     return answer;
 }

@@ -1,5 +1,7 @@
 #include "window/frame_actions.h"
 
+#include <optional>
+
 #include "input/events.h"
 #include "render/marks.h"
 #include "render/scene.h"
@@ -15,21 +17,40 @@ constexpr u32 resize_step = 4;
 constexpr u32 no_shrinking_from = 20;
 constexpr u32 screen_margin = 50;
 constexpr u32 screens_to_scroll = 5;
+constexpr i64 key_step = 8;
+constexpr i64 small_key_step = 1;
+constexpr i64 corner_in_sight = 20; // pixels of a window that keys leave on the screen
 
-// Drops all events up to the next press of the left button. False when the filter ends the loop.
-bool wait_for_press(vel_context &ctx) {
+// Drops all events up to the one wanted. False when the filter or the user's closing the program
+// ends the loop.
+template <class Wanted> bool wait_for(vel_context &ctx, Wanted is_wanted) {
     for (;;) {
         switch (poll_event(ctx)) {
         case Polled::end_of_loop:
+            return false;
+        case Polled::quit:
+            put_quit_back(ctx);
             return false;
         case Polled::nothing:
             rest(ctx);
             break;
         case Polled::event:
-            if (is_left_button(ctx.event, Button::pressed)) return true;
+            if (is_wanted(ctx.event)) return true;
             break;
         }
     }
+}
+
+bool wait_for_press(vel_context &ctx) {
+    return wait_for(ctx,
+                    [](const SDL_Event &event) { return is_left_button(event, Button::pressed); });
+}
+
+std::optional<SDL_keysym> wait_for_key(vel_context &ctx) {
+    if (!wait_for(ctx, [](const SDL_Event &event) { return event.type == SDL_KEYDOWN; })) return {};
+    const SDL_keysym key = ctx.event.key.keysym;
+    consume_event(ctx);
+    return key;
 }
 
 void move_to(vel_context &ctx, u32 x, u32 y) {
@@ -39,6 +60,48 @@ void move_to(vel_context &ctx, u32 x, u32 y) {
     shift_object(o, by);
     if (o.editable == 1) shift_cursor(o, by);
     follow_move(ctx, ctx.active_window, by);
+}
+
+// Moves the window to a place and redraws it there.
+void show_moved(vel_context &ctx, u32 x, u32 y) {
+    erase_object(ctx, ctx.active_window);
+    erase_frame_before_move(ctx, ctx.active_window);
+    move_to(ctx, x, y);
+    place_frame_buttons(ctx);
+    show_all(ctx);
+}
+
+struct Steps {
+    i64 x, y;
+};
+
+Steps steps_of(const SDL_keysym &key) {
+    const i64 step = (key.mod & KMOD_SHIFT) != 0 ? small_key_step : key_step;
+    switch (key.sym) {
+    case SDLK_LEFT:
+        return {-step, 0};
+    case SDLK_RIGHT:
+        return {step, 0};
+    case SDLK_UP:
+        return {0, -step};
+    case SDLK_DOWN:
+        return {0, step};
+    default:
+        return {0, 0};
+    }
+}
+
+u32 place_after(const vel_context &ctx, const vel_object &o, i64 step, const Axis &axis) {
+    const i64 last = std::max<i64>(i64{ctx.*axis.screen_size} - corner_in_sight, axis.window_start);
+    return as_field(std::clamp<i64>(as_signed(o.*axis.position) + step, axis.window_start, last));
+}
+
+void move_by_key(vel_context &ctx, const SDL_keysym &key) {
+    const vel_object &o = object_at(ctx, ctx.active_window);
+    const Steps steps = steps_of(key);
+    if (steps.x == 0 && steps.y == 0) return;
+    show_moved(ctx, place_after(ctx, o, steps.x, horizontal),
+               place_after(ctx, o, steps.y, vertical));
 }
 
 struct Scroll {
@@ -93,14 +156,26 @@ void resize_window(vel_context &ctx, const Axis &axis, Change change) {
 }
 
 void move_window(vel_context &ctx) {
+    begin_loop(ctx);
     if (ctx.active_window == 0 || !wait_for_press(ctx)) return;
     const u32 x = ctx.event.button.x;
     const u32 y = ctx.event.button.y;
-    erase_object(ctx, ctx.active_window);
-    erase_frame_before_move(ctx, ctx.active_window);
-    move_to(ctx, x, y);
-    place_frame_buttons(ctx);
-    show_all(ctx);
+    show_moved(ctx, x, y);
+}
+
+void move_window_by_keys(vel_context &ctx) {
+    if (ctx.active_window == 0) return;
+    const u32 x = object_at(ctx, ctx.active_window).x;
+    const u32 y = object_at(ctx, ctx.active_window).y;
+    begin_loop(ctx);
+    while (const auto key = wait_for_key(ctx)) {
+        if (key->sym == SDLK_RETURN || key->sym == SDLK_KP_ENTER) return;
+        if (key->sym == SDLK_ESCAPE) {
+            show_moved(ctx, x, y);
+            return;
+        }
+        move_by_key(ctx, *key);
+    }
 }
 
 void scroll_window(vel_context &ctx, Towards towards) {

@@ -2,13 +2,25 @@
 
 #include "input/events.h"
 #include "input/hit_test.h"
+#include "window/key_meaning.h"
 
 namespace velumo {
 namespace {
 
+// What a key gives; what was picked before, for other events.
+u32 follow_key(vel_context &ctx, const Reach &reach, u32 picked) {
+    const KeyMeaning meaning = meaning_of_key(ctx, reach);
+    if (meaning.kind == KeyMeaning::Kind::none) {
+        edit_by_key(ctx);
+        return picked;
+    }
+    consume_event(ctx);
+    return meaning.object != 0 ? meaning.object : picked;
+}
+
 // The number under a release of the left button; what was picked before, for other events.
-u32 dispatch(vel_context &ctx, u32 picked) {
-    handle_key_event(ctx);
+u32 dispatch(vel_context &ctx, const Reach &reach, u32 picked) {
+    picked = follow_key(ctx, reach, picked);
     if (!is_left_button(ctx.event, Button::released)) return picked;
     picked = object_under(ctx, ctx.event.button.x, ctx.event.button.y);
     consume_event(ctx);
@@ -18,16 +30,21 @@ u32 dispatch(vel_context &ctx, u32 picked) {
 } // namespace
 
 // On purpose: a stop number of 0 ends the loop at once.
-u32 select_either(vel_context &ctx, u32 stop_a, u32 stop_b) {
-    const auto is_over = [=](u32 picked) {
-        return picked == VEL_BUTTON_CLOSE || picked == stop_a || picked == stop_b;
+u32 select_either(vel_context &ctx, const Reach &reach) {
+    const auto is_over = [&](u32 picked) {
+        return picked == VEL_BUTTON_CLOSE || ends_loop(ctx, reach, picked);
     };
+    begin_loop(ctx);
     u32 picked = 0;
     while (!is_over(picked)) {
         const Polled polled = poll_event(ctx);
         if (polled == Polled::end_of_loop) return VEL_BUTTON_CLOSE;
+        if (polled == Polled::quit) {
+            put_quit_back(ctx);
+            return 0;
+        }
         // Without a new event the last one is handled again.
-        picked = dispatch(ctx, picked);
+        picked = dispatch(ctx, reach, picked);
         if (polled == Polled::nothing && !is_over(picked)) rest(ctx);
     }
     return picked;

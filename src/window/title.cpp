@@ -1,7 +1,10 @@
 #include "window/title.h"
 
+#include <new>
+
 #include "input/hit_test.h"
 #include "model/types.h"
+#include "render/geometry.h"
 #include "render/scene.h"
 #include "window/following.h"
 
@@ -26,6 +29,26 @@ bool was_clicked(const vel_context &ctx, u32 title, const MenuEnd &end) {
            object_under(ctx, end.at.x, end.at.y) == title;
 }
 
+// The title before or after one, round the window or the desktop that it is on; without memory for
+// the list of titles it is the title itself.
+u32 neighbour_of(const vel_context &ctx, u32 title, const Reach &reach, bool backwards) try {
+    const u32 root = root_of(ctx, title);
+    const bool is_in_window = root != 0 && root == ctx.active_window;
+    std::vector<u32> titles;
+    walk_everywhere(ctx, reach, [&](u32 number) {
+        const u32 top = root_of(ctx, number);
+        const bool fits = is_in_window == (top != 0 && top == ctx.active_window);
+        if (fits && menu_of_title(ctx, number) != 0) titles.push_back(number);
+        return false;
+    });
+    const auto here = std::find(titles.begin(), titles.end(), title);
+    if (here == titles.end()) return title;
+    const auto place = static_cast<std::size_t>(here - titles.begin());
+    return titles[(place + (backwards ? titles.size() - 1 : 1)) % titles.size()];
+} catch (const std::bad_alloc &) {
+    return title;
+}
+
 } // namespace
 
 u32 menu_of_title(const vel_context &ctx, u32 title) {
@@ -34,14 +57,31 @@ u32 menu_of_title(const vel_context &ctx, u32 title) {
     return object_at(ctx, o.max_chars).type == VEL_TYPE_MENU ? o.max_chars : 0;
 }
 
-MenuEnd open_menu_of_title(vel_context &ctx, u32 title) {
-    const u32 menu = menu_of_title(ctx, title);
-    hang_below(ctx, object_at(ctx, title), menu);
-    MenuEnd end = run_menu(ctx, menu, Hanging::below_title);
-    // The release of the click that opened the menu does not close it, that of the next one does.
-    if (was_clicked(ctx, title, end)) end = run_menu(ctx, menu, Hanging::below_title);
-    show_all(ctx);
-    return end;
+u32 first_title(const vel_context &ctx, const Reach &reach) {
+    u32 found = 0;
+    walk_everywhere(ctx, reach, [&](u32 number) {
+        if (menu_of_title(ctx, number) != 0) found = number;
+        return found != 0;
+    });
+    return found;
+}
+
+MenuEnd open_menu_of_title(vel_context &ctx, u32 title, const Reach &reach, Opened opened) {
+    for (;;) {
+        const u32 menu = menu_of_title(ctx, title);
+        const bool has_neighbours = has_comfort(ctx, VEL_COMFORT_KEYBOARD);
+        hang_below(ctx, object_at(ctx, title), menu);
+        MenuEnd end = run_menu(ctx, menu, {Hanging::below_title, opened, has_neighbours});
+        // The release of the click that opened the menu does not close it, that of the next one
+        // does.
+        if (opened == Opened::by_pointer && was_clicked(ctx, title, end))
+            end = run_menu(ctx, menu, {Hanging::below_title, opened, has_neighbours});
+        show_all(ctx);
+        const bool goes_back = end.cause == MenuEnd::Cause::previous_title;
+        if (!goes_back && end.cause != MenuEnd::Cause::next_title) return end;
+        title = neighbour_of(ctx, title, reach, goes_back);
+        opened = Opened::by_key;
+    }
 }
 
 } // namespace velumo

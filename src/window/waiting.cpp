@@ -1,16 +1,14 @@
 #include "window/waiting.h"
 
-#include <new>
 #include <optional>
 
 #include "input/events.h"
 #include "input/hit_test.h"
 #include "model/types.h"
-#include "model/walk.h"
 #include "render/geometry.h"
-#include "render/scene.h"
 #include "window/activation.h"
 #include "window/button_actions.h"
+#include "window/key_meaning.h"
 #include "window/title.h"
 
 namespace velumo {
@@ -21,75 +19,19 @@ using std::chrono::milliseconds;
 constexpr milliseconds repeat_after{400};
 constexpr milliseconds repeat_every{50};
 
-// --- Tab
-
-// The visible objects of the active window that take the cursor: itself, then depth first.
-std::vector<u32> cursor_stops(const vel_context &ctx) {
-    std::vector<u32> stops;
-    const u32 window = ctx.active_window;
-    if (window == 0) return stops;
-    if (is_editable(object_at(ctx, window))) stops.push_back(window);
-    walk_dependents(ctx, window, [&](u32 number) {
-        const vel_object &o = object_at(ctx, number);
-        if (!is_drawable(o)) return Walk::skip;
-        if (is_editable(o)) stops.push_back(number);
-        return Walk::descend;
-    });
-    return stops;
-}
-
-// Without memory for the list of stops, the cursor stays.
-void move_cursor(vel_context &ctx, bool backwards) try {
-    const std::vector<u32> stops = cursor_stops(ctx);
-    if (stops.empty()) return;
-    const auto here = std::find(stops.begin(), stops.end(), ctx.cursor_object);
-    const auto place = static_cast<std::size_t>(here - stops.begin());
-    std::size_t next = place + 1;
-    if (here == stops.end())
-        next = backwards ? stops.size() - 1 : 0;
-    else if (backwards)
-        next = place + stops.size() - 1;
-    ctx.cursor_object = stops[next % stops.size()];
-    show_active_window(ctx);
-} catch (const std::bad_alloc &) {
-}
-
-bool is_press_of(const SDL_Event &event, SDLKey key) {
-    return event.type == SDL_KEYDOWN && event.key.keysym.sym == key;
-}
-bool is_enter(const SDL_Event &event) {
-    return is_press_of(event, SDLK_RETURN) || is_press_of(event, SDLK_KP_ENTER);
-}
-
-// --- Objects
-
-bool is_frame_button(u32 number) { return number != 0 && number <= VEL_FRAME_BUTTONS; }
-
-bool is_answer(const vel_object &o) {
-    switch (type_of(o).answer) {
-    case Answer::always:
-        return true;
-    case Answer::unless_editable:
-        return o.editable == 0;
-    case Answer::at_top_level:
-        return o.master == 0;
-    case Answer::never:
-        break;
-    }
-    return false;
-}
-
-// --- The loop
-
 class FormLoop {
 public:
-    FormLoop(vel_context &ctx, const Dialog &dialog) : ctx_(ctx), dialog_(dialog) {}
+    FormLoop(vel_context &ctx, const Dialog &dialog)
+        : ctx_(ctx), dialog_(dialog), reach_{.is_dialog = dialog.window != 0,
+                                             .on_enter = dialog.on_enter,
+                                             .on_escape = dialog.on_escape} {}
 
     u32 run() {
+        begin_loop(ctx_);
         for (;;) {
             if (is_closed()) return VEL_BUTTON_CLOSE;
             const Polled polled = poll_event(ctx_);
-            if (polled == Polled::end_of_loop) return 0;
+            if (polled == Polled::end_of_loop || polled == Polled::quit) return 0;
             if (polled == Polled::event) {
                 if (const auto result = handle_event()) return *result;
             }
@@ -102,31 +44,40 @@ private:
     // What the loop returns, if the event ends it.
     std::optional<u32> handle_event() {
         if (ctx_.event.type == SDL_QUIT) return 0;
-        if (const u32 answer = answer_of_key()) {
-            consume_event(ctx_);
-            return answer;
+        if (is_left_button(ctx_.event, Button::pressed)) return press();
+        if (is_left_button(ctx_.event, Button::released)) return release();
+        const KeyMeaning meaning = meaning_of_key(ctx_, reach_);
+        if (meaning.kind == KeyMeaning::Kind::none) {
+            edit_by_key(ctx_);
+            return {};
         }
-        if (is_press_of(ctx_.event, SDLK_TAB)) {
-            move_cursor(ctx_, (ctx_.event.key.keysym.mod & KMOD_SHIFT) != 0);
-            consume_event(ctx_);
-        } else if (is_left_button(ctx_.event, Button::pressed)) {
-            return press();
-        } else if (is_left_button(ctx_.event, Button::released)) {
-            return release();
-        } else {
-            handle_key_event(ctx_);
+        consume_event(ctx_);
+        return act_on_key(meaning);
+    }
+
+    std::optional<u32> act_on_key(const KeyMeaning &meaning) {
+        switch (meaning.kind) {
+        case KeyMeaning::Kind::answer:
+            return meaning.object;
+        case KeyMeaning::Kind::menu:
+            return open_menu(meaning.object, Opened::by_key);
+        case KeyMeaning::Kind::frame_button:
+            return use_button(meaning.object);
+        default:
+            return {};
         }
+    }
+
+    // A key does what the pointer does by pressing and releasing the button.
+    std::optional<u32> use_button(u32 number) {
+        ctx_.window_to_activate = number;
+        use_frame_button(ctx_, number);
+        if (number == VEL_BUTTON_CLOSE && ctx_.active_window == 0) return number;
         return {};
     }
 
     bool is_dialog() const { return dialog_.window != 0; }
     bool is_closed() const { return is_dialog() && object_at(ctx_, dialog_.window).hidden != 0; }
-
-    // The answer that a key gives in a dialog; 0 for none.
-    u32 answer_of_key() const {
-        if (is_enter(ctx_.event)) return dialog_.on_enter;
-        return is_press_of(ctx_.event, SDLK_ESCAPE) ? dialog_.on_escape : 0;
-    }
 
     u32 object_under_pointer() const {
         const u32 number = object_under(ctx_, ctx_.event.button.x, ctx_.event.button.y);
@@ -140,7 +91,7 @@ private:
         if (is_frame_button(number)) {
             hold(number);
         } else if (menu_of_title(ctx_, number) != 0) {
-            return open_menu(number);
+            return open_menu(number, Opened::by_pointer);
         }
         return {};
     }
@@ -151,8 +102,8 @@ private:
         press_held_button();
     }
 
-    std::optional<u32> open_menu(u32 title) {
-        const MenuEnd end = open_menu_of_title(ctx_, title);
+    std::optional<u32> open_menu(u32 title, Opened opened) {
+        const MenuEnd end = open_menu_of_title(ctx_, title, reach_, opened);
         consume_event(ctx_);
         if (end.cause == MenuEnd::Cause::filter) return 0;
         if (end.entry != 0) return end.entry;
@@ -188,7 +139,7 @@ private:
             select_wanted_object(ctx_);
             return {};
         }
-        if (is_answer(o)) return number;
+        if (ends_loop(ctx_, reach_, number)) return number;
         return {};
     }
 
@@ -202,7 +153,8 @@ private:
 
     vel_context &ctx_;
     const Dialog dialog_; // without a window for the whole form
-    u32 held_ = 0;        // frame button under the pressed mouse button
+    const Reach reach_;
+    u32 held_ = 0; // frame button under the pressed mouse button
     milliseconds next_press_{0};
     bool is_placing_ = false; // the release of the press that placed a window is still to come
 };

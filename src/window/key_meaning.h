@@ -1,0 +1,27 @@
+// What a key that was pressed means to a loop, apart from editing. For the loops.
+#pragma once
+
+#include "window/reach.h"
+
+namespace velumo {
+
+struct KeyMeaning {
+    enum class Kind {
+        none,        // left to the editor
+        done,        // the focus has moved, or a window was raised
+        answer,      // the object is pressed
+        menu,        // the menu of the title is to be opened
+        frame_button // the button is pressed and released
+    };
+    Kind kind = Kind::none;
+    u32 object = 0;
+};
+
+// Looks at the context's event, which must be the press of a key, and moves the focus where it says
+// so. Without VEL_COMFORT_KEYBOARD only Tab means anything.
+KeyMeaning meaning_of_key(vel_context &ctx, const Reach &reach);
+
+// For keys that mean nothing else: hands them to the editor, unless the focus is on an answer.
+void edit_by_key(vel_context &ctx);
+
+} // namespace velumo
