@@ -99,6 +99,10 @@ bool is_left_button(const SDL_Event &event, Button state) {
            event.button.state == (pressed ? SDL_PRESSED : SDL_RELEASED);
 }
 
+bool is_middle_press(const SDL_Event &event) {
+    return event.type == SDL_MOUSEBUTTONDOWN && event.button.button == SDL_BUTTON_MIDDLE;
+}
+
 void handle_key_event(vel_context &ctx) {
     switch (ctx.event.type) {
     case SDL_KEYDOWN:

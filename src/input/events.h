@@ -34,6 +34,7 @@ inline void consume_event(vel_context &ctx) { ctx.event.type = SDL_NOEVENT; }
 
 enum class Button { pressed, released };
 bool is_left_button(const SDL_Event &event, Button state);
+bool is_middle_press(const SDL_Event &event);
 
 // Hands the context's event to key translation and editor when it comes from the keyboard.
 void handle_key_event(vel_context &ctx);

@@ -47,8 +47,8 @@ public:
         for (;;) {
             const Polled polled = poll_event(ctx_);
             if (polled == Polled::end_of_loop) return TextPress::end_of_loop;
+            if (ctx_.event.type == SDL_QUIT) return quit();
             if (polled == Polled::event) {
-                if (ctx_.event.type == SDL_QUIT) return quit();
                 if (is_left_button(ctx_.event, Button::released)) return release();
                 if (ctx_.event.type == SDL_MOUSEMOTION) move_to(ctx_.event.motion);
                 consume_event(ctx_);
@@ -114,8 +114,7 @@ private:
     }
 
     TextPress quit() {
-        SDL_PushEvent(&ctx_.event);
-        consume_event(ctx_);
+        put_quit_back(ctx_);
         return TextPress::quit;
     }
 

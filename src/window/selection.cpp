@@ -2,6 +2,7 @@
 
 #include "input/events.h"
 #include "input/hit_test.h"
+#include "input/text_mouse.h"
 #include "window/key_meaning.h"
 
 namespace velumo {
@@ -18,9 +19,22 @@ u32 follow_key(vel_context &ctx, const Reach &reach, u32 picked) {
     return meaning.object != 0 ? meaning.object : picked;
 }
 
+// In a text. A release that selects nothing is then the context's event.
+TextPress follow_press(vel_context &ctx) {
+    if (!has_comfort(ctx, VEL_COMFORT_TYPING)) return TextPress::elsewhere;
+    const bool is_left = is_left_button(ctx.event, Button::pressed);
+    if (!is_left && !is_middle_press(ctx.event)) return TextPress::elsewhere;
+    const u32 under = object_under(ctx, ctx.event.button.x, ctx.event.button.y);
+    consume_event(ctx);
+    if (is_left) return press_in_text(ctx, under);
+    paste_in_text(ctx, under);
+    return TextPress::elsewhere;
+}
+
 // The number under a release of the left button; what was picked before, for other events.
 u32 dispatch(vel_context &ctx, const Reach &reach, u32 picked) {
     picked = follow_key(ctx, reach, picked);
+    if (follow_press(ctx) == TextPress::end_of_loop) return VEL_BUTTON_CLOSE;
     if (!is_left_button(ctx.event, Button::released)) return picked;
     picked = object_under(ctx, ctx.event.button.x, ctx.event.button.y);
     consume_event(ctx);

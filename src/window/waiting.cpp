@@ -4,6 +4,7 @@
 
 #include "input/events.h"
 #include "input/hit_test.h"
+#include "input/text_mouse.h"
 #include "model/types.h"
 #include "render/geometry.h"
 #include "window/activation.h"
@@ -46,6 +47,10 @@ private:
         if (ctx_.event.type == SDL_QUIT) return 0;
         if (is_left_button(ctx_.event, Button::pressed)) return press();
         if (is_left_button(ctx_.event, Button::released)) return release();
+        if (is_middle_press(ctx_.event)) {
+            paste_in_text(ctx_, object_under_pointer());
+            return {};
+        }
         const KeyMeaning meaning = meaning_of_key(ctx_, reach_);
         if (meaning.kind == KeyMeaning::Kind::none) {
             edit_by_key(ctx_);
@@ -92,8 +97,22 @@ private:
             hold(number);
         } else if (menu_of_title(ctx_, number) != 0) {
             return open_menu(number, Opened::by_pointer);
+        } else {
+            return press_text(number);
         }
         return {};
+    }
+
+    std::optional<u32> press_text(u32 number) {
+        switch (press_in_text(ctx_, number)) {
+        case TextPress::clicked:
+            return release();
+        case TextPress::quit:
+        case TextPress::end_of_loop:
+            return 0;
+        default:
+            return {};
+        }
     }
 
     void hold(u32 frame_button) {
