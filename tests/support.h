@@ -223,6 +223,13 @@ protected:
     }
     static void press(int x, int y) { push_mouse(true, x, y); }
     static void release(int x, int y) { push_mouse(false, x, y); }
+    static void move_pointer(int x, int y) {
+        SDL_Event event{};
+        event.type = SDL_MOUSEMOTION;
+        event.motion.x = static_cast<Uint16>(x);
+        event.motion.y = static_cast<Uint16>(y);
+        push(event);
+    }
     static void point(int x, int y) {
         SDL_WarpMouse(static_cast<Uint16>(x), static_cast<Uint16>(y));
     }

@@ -247,4 +247,95 @@ TEST_F(Typing, limits_hold_and_are_said) {
     }
 }
 
+// The pointer is on the left half of a character, given by its line and column, of a text that is
+// scrolled. A second press selects a word and a third a line.
+TEST_F(Typing, the_mouse_places_the_caret_and_selects) {
+    using Point = std::pair<uint32_t, uint32_t>;
+    const std::string ten = "a\nb\nc\nd\ne\nf\ng\nh\nab cd\nj|",
+                      i40 = std::string(60, 'i') + "mmm|";
+    const std::string to_line_8 = "a\nb\nc\nd\ne\nf\ng\nh\n", i60(60, 'i');
+    const std::tuple<Where, std::string, Point, Point, int, std::string> cases[] = {
+        {field, "abc|", {0, 1}, {0, 1}, 1, "a|bc"},
+        {field, "abc|", {0, 1}, {0, 2}, 1, "a[b|c"},
+        {field, "abc|", {0, 2}, {0, 0}, 1, "|ab[c"},
+        {field, "|abc", {0, 3}, {0, 3}, 1, "abc|"},
+        {field, i40, {0, 61}, {0, 61}, 1, i60 + "m|mm"},
+        {field, "ab cd|", {0, 1}, {0, 1}, 2, "[ab| cd"},
+        {field, "ab cd|", {0, 4}, {0, 4}, 3, "[ab cd|"},
+        {lines, ten, {8, 4}, {8, 4}, 1, to_line_8 + "ab c|d\nj"},
+        {lines, ten, {8, 4}, {9, 1}, 1, to_line_8 + "ab c[d\nj|"},
+        {lines, ten, {8, 1}, {8, 1}, 2, to_line_8 + "[ab| cd\nj"},
+        {lines, ten, {8, 1}, {8, 1}, 3, to_line_8 + "[ab cd|\nj"},
+        {lines, "|a\nb", {4, 0}, {4, 0}, 1, "a\n|b"}};
+    for (const auto &[where, before, from, to, presses, after] : cases) {
+        const vel_object &o = edit(where, before);
+        const bool is_text = where == lines;
+        const auto x = [&](const Point &p) {
+            const std::string line = is_text ? this->line(1, p.first) : o.label;
+            return static_cast<int>(20 + o.scroll_x + width_of(line.substr(0, p.second))) + 1;
+        };
+        const auto y = [&](const Point &p) {
+            return static_cast<int>(30 + o.scroll_y + p.first * height()) + 4;
+        };
+        const int x1 = x(from), y1 = y(from), x2 = x(to), y2 = y(to);
+        test::Steps steps{[] { press(300, 190); }, [] { release(300, 190); }}; // ends a series
+        for (int k = 0; k < presses; ++k) {
+            steps.push_back([=] { press(x1, y1); });
+            if (presses == 1) steps.push_back([=] { move_pointer(x2, y2); });
+            steps.push_back([=] { release(x2, y2); });
+        }
+        steps.push_back([] { push_type(SDL_QUIT); });
+        set_steps(steps);
+        EXPECT_EQ(vel_wait_for_object(&ctx), 0U);
+        EXPECT_EQ(marked(), after);
+    }
+    // Below the text, while the button is held, it scrolls by itself.
+    edit(lines, "|a\nb\nc\nd\ne\nf\ng\nh\ni\nj");
+    set_steps({[] { press(22, 35); }, [] { move_pointer(22, 131); }, [] {}, [] {}, [] {}, [] {},
+               [] { release(22, 131); }, [] { push_type(SDL_QUIT); }});
+    vel_wait_for_object(&ctx);
+    EXPECT_GT(marked().find('|'), std::string("[a\nb\nc\nd\ne\nf\n").size());
+}
+
+// A press as SDL translates it by the layout: its symbol, its modifiers and its character.
+TEST_F(Typing, keys_come_from_the_layout) {
+    const std::tuple<int, int, int, const char *, uint32_t> cases[] = {
+        {SDLK_2, KMOD_SHIFT, '@', "a@|b", 0},
+        {SDLK_q, KMOD_MODE, '@', "a@|b", 0},
+        {SDLK_q, KMOD_RALT, '@', "a@|b", 0},
+        {SDLK_q, KMOD_RALT, 'q', "a|b", 0},
+        {SDLK_q, KMOD_LALT, 'q', "a|b", 0},
+        {SDLK_z, KMOD_NUM | KMOD_CAPS, 'Z', "aZ|b", 0},
+        {0, 0, 0xE9, "a\xE9|b", 0}, // composed
+        {SDLK_e, KMOD_MODE, 0x20AC, "a|b", VEL_REFUSED_CHARACTER},
+        {SDLK_a, KMOD_CTRL, 1, "[ab|", 0},
+        {SDLK_q, KMOD_CTRL, 17, "a|b", 0},
+        {SDLK_ESCAPE, 0, 27, "a|b", 0},
+        {SDLK_F5, 0, 0, "a|b", 0},
+        {SDLK_KP7, KMOD_NUM, '7', "a7|b", 0},
+        {SDLK_KP7, 0, 0, "|ab", 0},
+        {SDLK_KP4, KMOD_LSHIFT, 0, "|a[b", 0},
+        {SDLK_BACKSPACE, 0, 8, "|b", 0},
+        {SDLK_DELETE, 0, 127, "a|", 0},
+        {SDLK_7, 0, '7', "a7|b", 0},
+        {SDLK_7, KMOD_SHIFT, '/', "a|b", VEL_REFUSED_DIGIT}}; // in a field for digits
+    for (const auto &[symbol, modifiers, character, after, reason] : cases) {
+        edit(field, "a|b").type = symbol == SDLK_7 ? VEL_TYPE_NUMBER : VEL_TYPE_ENTRY;
+        keys("\1");
+        SDL_Event &event = ctx.event = {};
+        event.type = SDL_KEYDOWN;
+        event.key.keysym.sym = static_cast<SDLKey>(symbol);
+        event.key.keysym.mod = static_cast<SDLMod>(modifiers);
+        event.key.keysym.unicode = static_cast<Uint16>(character);
+        vel_getfirstkeyinformation(&ctx);
+        vel_get_text(&ctx);
+        EXPECT_EQ(marked(), after) << symbol;
+        uint32_t refused = 0;
+        EXPECT_EQ(vel_last_refusal(&ctx, &refused), reason == 0 ? 1U : reason);
+        EXPECT_EQ(refused, reason == 0 ? 1U : static_cast<uint32_t>(character));
+        const bool is_used = std::string(after) != "a|b" || reason != 0;
+        EXPECT_EQ(event.type, is_used ? SDL_NOEVENT : SDL_KEYDOWN) << symbol;
+    }
+}
+
 } // namespace

@@ -130,7 +130,9 @@ private:
 
 // Without memory for its rows, a text is none that could be selected.
 TextPress press_in_text(vel_context &ctx, u32 object) try {
-    return is_selectable(ctx, object) ? TextDrag(ctx, object).run() : TextPress::elsewhere;
+    if (is_selectable(ctx, object)) return TextDrag(ctx, object).run();
+    if (ctx.state != nullptr) ctx.state->presses = {};
+    return TextPress::elsewhere;
 } catch (const std::bad_alloc &) {
     return TextPress::elsewhere;
 }
