@@ -5,10 +5,9 @@
 #include <string>
 
 #include "model/objects.h"
+#include "model/shared_clipboard.h"
 
 namespace velumo {
-
-enum class Board { clipboard, primary };
 
 // Texts are UTF-8. Throw std::bad_alloc.
 void offer(vel_context &ctx, Board board, std::string text);

@@ -4,6 +4,7 @@
 #include <new>
 #include <poll.h>
 
+#include "clipboard/clipboard.h"
 #include "input/caret.h"
 #include "input/editor.h"
 #include "input/keyboard.h"
@@ -62,6 +63,7 @@ milliseconds nap_length(const vel_context &ctx) {
 
 Polled poll_event(vel_context &ctx) {
     if (has_comfort(ctx, VEL_COMFORT_TYPING)) use_layout();
+    serve_clipboard(ctx);
     if (SDL_PollEvent(&ctx.event) == 0) return Polled::nothing;
     note_event(ctx);
     if (ctx.event.type == SDL_VIDEOEXPOSE) show_again(ctx);
@@ -86,10 +88,12 @@ void rest(vel_context &ctx, milliseconds longest) {
         // Drawing in the hook may have read events from the connection already.
         if (event_is_waiting()) return;
     }
-    pollfd connection{x_connection(), POLLIN, 0};
-    const bool has_connection = connection.fd >= 0;
+    // Those that are -1 are left out.
+    pollfd connections[] = {{x_connection(), POLLIN, 0}, {clipboard_connection(ctx), POLLIN, 0}};
+    const bool has_connection = connections[0].fd >= 0;
     const milliseconds length = std::min(has_connection ? longest_rest : nap_length(ctx), longest);
-    ::poll(&connection, has_connection ? 1 : 0, static_cast<int>(length.count()));
+    ::poll(connections, std::size(connections), static_cast<int>(length.count()));
+    serve_clipboard(ctx);
 }
 
 bool is_left_button(const SDL_Event &event, Button state) {

@@ -4,9 +4,11 @@
 #include <chrono>
 #include <cstdint>
 #include <map>
+#include <memory>
 #include <string>
 
 #include "model/lists.h"
+#include "model/shared_clipboard.h"
 #include "model/typing.h"
 
 namespace velumo {
@@ -37,6 +39,7 @@ struct vel_state {
     bool quit_requested = false; // the loop that ended last was ended by the user's closing
     std::uint32_t focus_before_frame = 0; // where it goes back to from the frame buttons
     std::string clipboard, primary; // what the program itself has copied and selected, in UTF-8
+    std::unique_ptr<velumo::SharedClipboard> shared_clipboard; // null until it is needed
 };
 
 namespace velumo {
