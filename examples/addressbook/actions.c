@@ -44,7 +44,8 @@ static int choose_picture(App *app) {
 
 static int remove_picture(App *app) { return show_picture(app, ""); }
 
-/* The page lies on the desk, beneath all windows, so the book closes until the next click. */
+/* The page lies on the desk, beneath all windows, so the book closes until the next click or key.
+ */
 static int show_help(App *app) {
     vel_context *const ctx = &app->context;
     vel_object *const page = &ctx->objects[ADDRESSBOOK_HELP_PAGE];
@@ -68,7 +69,7 @@ static int show_help(App *app) {
 }
 
 static int show_about(App *app) {
-    vel_notice_window(&app->context, ADDRESSBOOK_ABOUT_BOX, ADDRESSBOOK_ABOUT_OK);
+    show(app, ADDRESSBOOK_ABOUT_BOX, ADDRESSBOOK_ABOUT_OK);
     return 1;
 }
 

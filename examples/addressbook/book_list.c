@@ -16,6 +16,7 @@ static int add_row(void *receiver, int count, char **values, char **names) {
     for (int k = 0; k < 2; ++k) {
         vel_object *const o = &app->context.objects[cells[k]];
         o->fill_r = fill.r, o->fill_g = fill.g, o->fill_b = fill.b;
+        vel_set_enabled(&app->context, cells[k], id != 0); /* Tab passes empty rows over */
         set_label(app, cells[k], count == 0 ? "" : values[k + 1]);
     }
     return 0;

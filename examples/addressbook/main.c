@@ -8,27 +8,45 @@
 
 #include "app.h"
 
+/* Escape closes a menu or leaves the frame buttons; it must not close the book. */
+static int would_close_book(const vel_context *ctx) {
+    static const uint32_t menus[] = {ADDRESSBOOK_FILE_MENU, ADDRESSBOOK_CONTACT_MENU,
+                                     ADDRESSBOOK_HELP_MENU};
+    for (int k = 0; k < 3; ++k) {
+        if (!ctx->objects[menus[k]].hidden) return 0;
+    }
+    return ctx->cursor_object == 0 || ctx->cursor_object > VEL_FRAME_BUTTONS;
+}
+
+/* The list is no text, so it is scrolled by the program: by the wheel and by pages. */
+static int rows_to_scroll(const vel_context *ctx, const SDL_Event *event) {
+    const vel_object *const notes = &ctx->objects[ADDRESSBOOK_NOTES];
+    const SDL_MouseButtonEvent *const b = &event->button;
+    const SDLKey key = event->type == SDL_KEYDOWN ? event->key.keysym.sym : SDLK_UNKNOWN;
+    const int button = event->type == SDL_MOUSEBUTTONDOWN ? b->button : 0;
+    const int is_on_notes = b->x >= notes->x && b->x < notes->x + notes->width &&
+                            b->y >= notes->y && b->y < notes->y + notes->height;
+    const int is_in_notes = ctx->cursor_object == ADDRESSBOOK_NOTES;
+    if (button == SDL_BUTTON_WHEELUP && !is_on_notes) return -3;
+    if (button == SDL_BUTTON_WHEELDOWN && !is_on_notes) return 3;
+    if (key == SDLK_PAGEUP && !is_in_notes) return -ROWS;
+    if (key == SDLK_PAGEDOWN && !is_in_notes) return ROWS;
+    return 0;
+}
+
 static uint32_t filter(vel_context *ctx, SDL_Event *event) {
     App *const app = ctx->application_a[0];
-    const int is_in_front = ctx->active_window == ADDRESSBOOK_BOOK;
-    const SDLKey key = event->type == SDL_KEYDOWN ? event->key.keysym.sym : SDLK_UNKNOWN;
-    const int button = event->type == SDL_MOUSEBUTTONDOWN ? event->button.button : 0;
-    /* Num Lock and Caps Lock would switch Shift off. */
-    if (key != SDLK_UNKNOWN) event->key.keysym.mod &= KMOD_SHIFT | KMOD_CTRL | KMOD_ALT;
+    const int is_key = event->type == SDL_KEYDOWN;
     if (event->type == SDL_QUIT) return app->is_ending = 1, VEL_FILTER_END_LOOP;
-    /* Only the help shows without a window; any click closes it. */
-    if (ctx->active_window == 0 && event->type == SDL_MOUSEBUTTONUP) return VEL_FILTER_END_LOOP;
-    /* The text cursor stays where it is while a dialog asks, so keys must not get there. */
-    const int is_asking = !is_in_front && ctx->active_window != ADDRESSBOOK_OPEN;
-    if (key == SDLK_ESCAPE) return is_in_front ? VEL_FILTER_DROP : VEL_FILTER_END_LOOP;
-    if (is_asking && (event->type == SDL_KEYDOWN || event->type == SDL_KEYUP)) {
-        return VEL_FILTER_DROP;
+    /* Only the help shows without a window; any click or key closes it. */
+    if (ctx->active_window == 0 && (is_key || event->type == SDL_MOUSEBUTTONUP)) {
+        return VEL_FILTER_END_LOOP;
     }
-    if (is_in_front && button == SDL_BUTTON_WHEELUP) scroll_list(app, -3);
-    if (is_in_front && button == SDL_BUTTON_WHEELDOWN) scroll_list(app, 3);
-    if (is_in_front && key == SDLK_PAGEUP) scroll_list(app, -ROWS);
-    if (is_in_front && key == SDLK_PAGEDOWN) scroll_list(app, ROWS);
-    return VEL_FILTER_PASS;
+    if (ctx->active_window != ADDRESSBOOK_BOOK) return VEL_FILTER_PASS;
+    const int rows = rows_to_scroll(ctx, event);
+    if (rows != 0) return scroll_list(app, rows), VEL_FILTER_DROP;
+    const int is_escape = is_key && event->key.keysym.sym == SDLK_ESCAPE;
+    return is_escape && would_close_book(ctx) ? VEL_FILTER_DROP : VEL_FILTER_PASS;
 }
 
 /* Searches as the user types: whatever key it was, the field holds other words then. */

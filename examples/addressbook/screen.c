@@ -19,6 +19,7 @@ const char *start_display(vel_context *ctx) {
     ctx->background_colour = (vel_colour){0xe3, 0xe9, 0xf0};
     ctx->mark_colour_a = ctx->mark_colour_b = (vel_colour){0x2f, 0x6f, 0xde};
     ctx->texts_loaded = 1;
+    ctx->comfort = VEL_COMFORT_ALL;
     const int32_t result = vel_load_forms(ctx, 0, 0, "addressbook.form", "addressbook.text");
     if (result != VEL_OK) return vel_error_text(result);
     vel_draw_all_objects(ctx, 1, 0); /* centres the captions; the rows are still empty */
@@ -47,11 +48,23 @@ void set_text(App *app, uint32_t object, const char *text) {
     vel_reset_textobject(&app->context, 1, object);
 }
 
+/* A dialog has keys of its own; afterwards they go to where they went before. */
+static uint32_t decide(App *app, uint32_t window, uint32_t first, uint32_t last) {
+    vel_context *const ctx = &app->context;
+    const uint32_t cursor = ctx->cursor_object;
+    ctx->cursor_object = 0;
+    const uint32_t answer = vel_decide_window(ctx, window, first, last);
+    ctx->cursor_object = cursor;
+    draw(app);
+    return answer;
+}
+
+void show(App *app, uint32_t window, uint32_t ok) { decide(app, window, ok, ok); }
+
 int tell(App *app, const char *text) {
     printf("notice 0 %s\n", text);
     set_text(app, ADDRESSBOOK_NOTICE, text);
-    vel_notice_window(&app->context, ADDRESSBOOK_NOTICE, ADDRESSBOOK_NOTICE_OK);
-    draw(app);
+    show(app, ADDRESSBOOK_NOTICE, ADDRESSBOOK_NOTICE_OK);
     return 0;
 }
 
@@ -62,9 +75,9 @@ int ask(App *app, const char *text, const char *yes, const char *no) {
     set_label(app, ADDRESSBOOK_NO, no);
     vel_format_small_obj(ctx, ADDRESSBOOK_YES);
     vel_format_small_obj(ctx, ADDRESSBOOK_NO);
-    const uint32_t answer =
-        vel_decide_window(ctx, ADDRESSBOOK_QUESTION, ADDRESSBOOK_YES, ADDRESSBOOK_NO);
-    draw(app);
+    vel_set_access_key(ctx, ADDRESSBOOK_YES, *yes);
+    vel_set_access_key(ctx, ADDRESSBOOK_NO, *no);
+    const uint32_t answer = decide(app, ADDRESSBOOK_QUESTION, ADDRESSBOOK_YES, ADDRESSBOOK_NO);
     return answer == ADDRESSBOOK_YES ? 1 : answer == ADDRESSBOOK_NO ? 0 : -1;
 }
 

@@ -63,6 +63,7 @@ static void fill_context(vel_context *ctx) {
     ctx->mark_colour_b = orange;
     ctx->scroll_step = SCROLL_STEP;
     ctx->texts_loaded = 1;
+    ctx->comfort = VEL_COMFORT_ALL;
 }
 
 static char *text_of(vel_context *ctx, uint32_t object) {
@@ -180,7 +181,7 @@ static void on_idle(vel_context *ctx) {
 static uint32_t on_event(vel_context *ctx, SDL_Event *event) {
     (void)ctx;
     if (event->type == SDL_KEYDOWN) {
-        event->key.keysym.mod &= KMOD_SHIFT | KMOD_CTRL | KMOD_ALT;
+        event->key.keysym.mod &= KMOD_SHIFT | KMOD_CTRL | KMOD_ALT | KMOD_META;
     }
     return VEL_FILTER_PASS;
 }

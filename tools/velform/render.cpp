@@ -58,6 +58,7 @@ class Stage {
 public:
     Stage(const RenderOptions &options, Size size) {
         ctx_.texts_loaded = 1;
+        ctx_.comfort = VEL_COMFORT_ALL;
         ctx_.mark_colour_a = ctx_.mark_colour_b = mark_colour;
         ctx_.background_colour = colour_in(options.background);
         if (TTF_Init() != 0) throw FileProblem(fmt::format("no fonts: {}", TTF_GetError()));
