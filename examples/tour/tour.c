@@ -177,15 +177,6 @@ static void on_idle(vel_context *ctx) {
     show_time(ctx);
 }
 
-/* Num Lock and Caps Lock would switch Shift off. */
-static uint32_t on_event(vel_context *ctx, SDL_Event *event) {
-    (void)ctx;
-    if (event->type == SDL_KEYDOWN) {
-        event->key.keysym.mod &= KMOD_SHIFT | KMOD_CTRL | KMOD_ALT | KMOD_META;
-    }
-    return VEL_FILTER_PASS;
-}
-
 /* ---- The tour ---- */
 
 /* Does what the user asked for; returns 0 when the tour ends. */
@@ -239,7 +230,6 @@ int main(void) {
     }
     ctx.application_a[0] = &tour;
     ctx.idle_hook = on_idle;
-    ctx.event_filter = on_event;
     ctx.objects[TOUR_NOTES].stream = text_of(&ctx, TOUR_NOTES);
     keep_sample(&ctx);
     show_total(&ctx);
