@@ -93,8 +93,6 @@ TEST(Faults, point_at_the_place_and_say_what_is_wrong) {
         {"[[object]]\ntype = 'chain'\n[[object.object]]\ntype = 'chain'\ntext = 't'", "5:8",
          "from its head"},
         {label("key = 'sh'"), "4:7", "one letter from A to Z or one digit"},
-        {label("key = 'ß'"), "4:7", "one letter"},
-        {label("disabled = 'no'"), "4:12", "true or false"},
         {label("default = true\ncancel = true"), "5:10", "not both"},
         {"[[window]]\nobjects = [\n{ type = 'label', default = true },\n"
          "{ type = 'picture', picture = 'p', default = true },\n]",
@@ -139,12 +137,8 @@ TEST(Warnings, and_faults_are_not_given_without_reason) {
         window + "text = '''\n'" + deep + "'''",
         "prefix = 'a' # '" + deep,
         // Each window has answers and keys of its own.
-        label("key = 'a'") + window +
-            "objects = [{ style = 's', type = 'label', default = true, "
-            "key = 'a' }]\n" +
-            window +
-            "objects = [{ style = 's', type = 'label', default = true, key = 'a' }]\n"
-            "[styles.s]\nwidth = 1\nheight = 1",
+        window + "objects = [{ style = 's' }]\n" + window + "objects = [{ style = 's' }]\n" +
+            "[styles.s]\ntype = 'label'\nrect = [0, 0, 1, 1]\ndefault = true\nkey = 'a'",
     };
     for (const std::string &source : sources) EXPECT_EQ(Compiled(source).messages, "") << source;
 }
