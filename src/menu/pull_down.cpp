@@ -2,12 +2,12 @@
 
 #include "input/events.h"
 #include "input/hit_test.h"
-#include "input/letters.h"
 #include "model/traits.h"
 #include "render/display.h"
 #include "render/geometry.h"
 #include "render/paint.h"
 #include "render/scene.h"
+#include "text/letters.h"
 
 namespace velumo {
 namespace {

@@ -37,7 +37,8 @@ struct vel_state {
     std::map<std::uint32_t, velumo::History> histories; // by the number of the object
     std::map<std::uint32_t, velumo::Traits> traits;     // by the number of the object
     bool quit_requested = false; // the loop that ended last was ended by the user's closing
-    std::uint32_t focus_before_frame = 0; // where it goes back to from the frame buttons
+    std::uint32_t focus_before_frame = 0;   // where it goes back to from the frame buttons
+    std::uint32_t hovered = 0, pressed = 0; // answers that the pointer is on, while a loop runs
     std::string clipboard, primary; // what the program itself has copied and selected, in UTF-8
     std::unique_ptr<velumo::SharedClipboard> shared_clipboard; // null until it is needed
 };

@@ -5,6 +5,7 @@
 #include "render/borders.h"
 #include "render/geometry.h"
 #include "render/selected_text.h"
+#include "render/states.h"
 #include "render/surface.h"
 #include "text/lines.h"
 #include "text/measure.h"
@@ -176,6 +177,7 @@ void paint_object(vel_context &ctx, u32 number) {
     // On purpose: the size is taken before the window is moved.
     const Size size = top_level_size(ctx, number, o);
     leave_room_for_frame(o);
+    const StateColours colours(ctx, number);
     if (o.master == 0) {
         paint_top_level_body(ctx, o, size);
     } else {
@@ -183,6 +185,7 @@ void paint_object(vel_context &ctx, u32 number) {
     }
     paint_text(ctx, number, o, size);
     paint_border(ctx, number);
+    paint_state(ctx, number);
 }
 
 } // namespace velumo

@@ -1,6 +1,7 @@
 #include "window/activation.h"
 
 #include "model/types.h"
+#include "render/geometry.h"
 #include "render/scene.h"
 #include "window/cursor_start.h"
 #include "window/focus.h"
@@ -42,6 +43,11 @@ void place_cursor_in(vel_context &ctx, u32 window) {
     }
 }
 
+// What closes under the pointer is not under it when it opens again.
+void forget_pointer_in(vel_context &ctx, u32 window) {
+    if (ctx.state != nullptr && root_of(ctx, ctx.state->hovered) == window) ctx.state->hovered = 0;
+}
+
 } // namespace
 
 void activate_wanted_window(vel_context &ctx) {
@@ -77,6 +83,7 @@ void close_window(vel_context &ctx, u32 window) {
     remove_entry(ctx, *entry);
     if (ctx.window_count != 0) --ctx.window_count;
     o.hidden = 1;
+    forget_pointer_in(ctx, window);
     erase_object(ctx, window);
     if (window != ctx.active_window) return;
     remove_frame(ctx, window);

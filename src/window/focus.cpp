@@ -45,6 +45,14 @@ bool is_in_active_window(const vel_context &ctx, u32 number) {
     return window != 0 && (number == window || root_of(ctx, number) == window);
 }
 
+// A picture need not cover what was drawn on it before.
+void erase_what_keeps_states(vel_context &ctx, u32 number) {
+    const vel_object &o = object_at(ctx, number);
+    const Body body = type_of(o).body;
+    const bool covers_itself = body != Body::picture && body != Body::none;
+    if (number != 0 && o.master == 0 && is_drawable(o) && !covers_itself) erase_object(ctx, number);
+}
+
 // The first answer to keys that fits; 0 for none.
 template <class Fits> u32 find_answer(const vel_context &ctx, const Reach &reach, Fits fits) {
     u32 found = 0;
@@ -81,12 +89,20 @@ void move_focus(vel_context &ctx, const Reach &reach, bool backwards) try {
 void set_focus(vel_context &ctx, u32 number) {
     const u32 before = ctx.cursor_object;
     ctx.cursor_object = number;
-    const bool all_in_window =
-        is_in_active_window(ctx, number) && (before == 0 || is_in_active_window(ctx, before));
-    if (all_in_window || !has_comfort(ctx, VEL_COMFORT_KEYBOARD))
-        show_active_window(ctx);
+    if (has_comfort(ctx, VEL_COMFORT_KEYBOARD))
+        show_changed(ctx, before, number);
     else
-        show_all(ctx);
+        show_active_window(ctx);
+}
+
+void show_changed(vel_context &ctx, u32 a, u32 b) {
+    if ((a == 0 || is_in_active_window(ctx, a)) && (b == 0 || is_in_active_window(ctx, b))) {
+        show_active_window(ctx);
+        return;
+    }
+    erase_what_keeps_states(ctx, a);
+    erase_what_keeps_states(ctx, b);
+    show_all(ctx);
 }
 
 void focus_answer(vel_context &ctx, const Reach &reach) {

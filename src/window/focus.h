@@ -13,6 +13,9 @@ void move_focus(vel_context &ctx, const Reach &reach, bool backwards);
 // Gives the focus to an object and shows it there.
 void set_focus(vel_context &ctx, u32 number);
 
+// Shows two objects that have changed, or one and 0.
+void show_changed(vel_context &ctx, u32 a, u32 b);
+
 // When there is no focus in the active window: its default answer gets it, or its first answer.
 void focus_answer(vel_context &ctx, const Reach &reach);
 

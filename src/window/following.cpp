@@ -4,16 +4,13 @@
 #include "model/walk.h"
 
 namespace velumo {
-namespace {
 
 // On purpose: a dependent that shows on its master's whole frame stays where it is in a top-level
 // master.
-bool scrolls(const vel_context &ctx, const vel_object &o) {
+bool scrolls_with_master(const vel_context &ctx, const vel_object &o) {
     return o.clip_mode == VEL_CLIP_MARGINS ||
            (o.clip_mode == VEL_CLIP_FRAME && object_at(ctx, o.master).master != 0);
 }
-
-} // namespace
 
 void step(u32 &coordinate, Direction direction, u32 distance) {
     if (direction == Direction::forward) coordinate += distance;
@@ -52,7 +49,7 @@ void shift_for_program(vel_context &ctx, u32 master, Shift by) {
 void follow_scroll(vel_context &ctx, u32 master, const ScrollStep &by) {
     walk_dependents(ctx, master, [&ctx, &by](u32 number) {
         vel_object &o = object_at(ctx, number);
-        if (!scrolls(ctx, o)) return Walk::skip;
+        if (!scrolls_with_master(ctx, o)) return Walk::skip;
         step(o.*by.axis.position, by.direction, by.distance);
         if (o.editable == 1) step(o.*by.axis.cursor, by.direction, by.distance);
         return Walk::descend;

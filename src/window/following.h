@@ -27,5 +27,7 @@ struct ScrollStep {
     u32 distance;
 };
 void follow_scroll(vel_context &ctx, u32 master, const ScrollStep &by);
+// Whether a dependent moves with the contents of its master.
+bool scrolls_with_master(const vel_context &ctx, const vel_object &object);
 
 } // namespace velumo

@@ -3,9 +3,9 @@
 #include <new>
 
 #include "input/events.h"
-#include "input/letters.h"
 #include "model/types.h"
 #include "render/scene.h"
+#include "text/letters.h"
 #include "window/activation.h"
 #include "window/focus.h"
 #include "window/title.h"

@@ -97,4 +97,16 @@ bool scroll_lists(vel_context &ctx, u32 window, ListEnd towards) {
     return found;
 }
 
+bool scroll_list(vel_context &ctx, u32 list, i32 rows) {
+    if (ctx.state == nullptr) return false;
+    const auto items = ctx.state->lists.find(list);
+    if (items == ctx.state->lists.end()) return false;
+    vel_object &o = object_at(ctx, list);
+    const auto shown = dependents_of(o);
+    if (items->second.labels.size() <= shown.size()) return false;
+    o.scroll_y -= as_field(rows) * row_distance(ctx, shown);
+    show_rows(ctx, list, items->second);
+    return true;
+}
+
 } // namespace velumo

@@ -19,4 +19,8 @@ std::optional<std::size_t> item_of_row(const vel_context &ctx, u32 row);
 enum class ListEnd { first, last };
 bool scroll_lists(vel_context &ctx, u32 window, ListEnd towards);
 
+// Scrolls one list by rows, towards its end where they are positive. False when the object is none,
+// or shows all of its items.
+bool scroll_list(vel_context &ctx, u32 list, i32 rows);
+
 } // namespace velumo

@@ -4,6 +4,8 @@
 #include "input/hit_test.h"
 #include "input/text_mouse.h"
 #include "window/key_meaning.h"
+#include "window/pointer_states.h"
+#include "window/wheel.h"
 
 namespace velumo {
 namespace {
@@ -48,7 +50,9 @@ u32 select_either(vel_context &ctx, const Reach &reach) {
     const auto is_over = [&](u32 picked) {
         return picked == VEL_BUTTON_CLOSE || ends_loop(ctx, reach, picked);
     };
+    if (is_over(0)) return 0;
     begin_loop(ctx);
+    PointerStates pointer(ctx, reach);
     u32 picked = 0;
     while (!is_over(picked)) {
         const Polled polled = poll_event(ctx);
@@ -56,6 +60,10 @@ u32 select_either(vel_context &ctx, const Reach &reach) {
         if (polled == Polled::quit) {
             put_quit_back(ctx);
             return 0;
+        }
+        if (polled == Polled::event) {
+            if (scroll_by_wheel(ctx, reach)) continue;
+            pointer.follow_event();
         }
         // Without a new event the last one is handled again.
         picked = dispatch(ctx, reach, picked);

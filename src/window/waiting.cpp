@@ -10,7 +10,9 @@
 #include "window/activation.h"
 #include "window/button_actions.h"
 #include "window/key_meaning.h"
+#include "window/pointer_states.h"
 #include "window/title.h"
+#include "window/wheel.h"
 
 namespace velumo {
 namespace {
@@ -25,7 +27,8 @@ public:
     FormLoop(vel_context &ctx, const Dialog &dialog)
         : ctx_(ctx), dialog_(dialog), reach_{.is_dialog = dialog.window != 0,
                                              .on_enter = dialog.on_enter,
-                                             .on_escape = dialog.on_escape} {}
+                                             .on_escape = dialog.on_escape},
+          pointer_(ctx, reach_) {}
 
     u32 run() {
         begin_loop(ctx_);
@@ -45,6 +48,8 @@ private:
     // What the loop returns, if the event ends it.
     std::optional<u32> handle_event() {
         if (ctx_.event.type == SDL_QUIT) return 0;
+        if (scroll_by_wheel(ctx_, reach_)) return {};
+        pointer_.follow_event();
         if (is_left_button(ctx_.event, Button::pressed)) return press();
         if (is_left_button(ctx_.event, Button::released)) return release();
         if (is_middle_press(ctx_.event)) {
@@ -124,6 +129,7 @@ private:
     std::optional<u32> open_menu(u32 title, Opened opened) {
         const MenuEnd end = open_menu_of_title(ctx_, title, reach_, opened);
         consume_event(ctx_);
+        pointer_.let_go();
         if (end.cause == MenuEnd::Cause::filter) return 0;
         if (end.entry != 0) return end.entry;
         return {};
@@ -173,6 +179,7 @@ private:
     vel_context &ctx_;
     const Dialog dialog_; // without a window for the whole form
     const Reach reach_;
+    PointerStates pointer_;
     u32 held_ = 0; // frame button under the pressed mouse button
     milliseconds next_press_{0};
     bool is_placing_ = false; // the release of the press that placed a window is still to come

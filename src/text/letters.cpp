@@ -1,4 +1,4 @@
-#include "input/letters.h"
+#include "text/letters.h"
 
 namespace velumo {
 namespace {
@@ -8,15 +8,16 @@ bool is_latin_letter(u32 c) {
 }
 bool is_digit(u32 c) { return c >= '0' && c <= '9'; }
 
-u32 small_letter(u32 c) {
+} // namespace
+
+u32 small_letter(u32 character) {
+    const u32 c = character;
     const bool is_capital = (c >= 'A' && c <= 'Z') || (c >= 0xC0 && c <= 0xDE && c != 0xD7);
     return is_capital ? c + ('a' - 'A') : c;
 }
 
-} // namespace
-
-// What the layout makes of the key comes first:
-// an '@' that some layouts have on the right Alt key is no letter, whatever the key.
+// What the layout makes of the key comes first: an '@' that some layouts have on the right Alt key
+// is no letter, whatever the key.
 char letter_of(const SDL_keysym &key) {
     const bool is_typed = key.unicode > ' ' && key.unicode != 0x7F;
     const u32 c = is_typed ? key.unicode : static_cast<u32>(key.sym);
