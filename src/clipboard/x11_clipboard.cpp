@@ -28,12 +28,12 @@ bool is_change(const xcb_generic_event_t &event, xcb_window_t window) {
 X11Clipboard::X11Clipboard(std::string &clipboard, std::string &primary) {
     if (!x_.is_alive()) return;
     window_ = x_.make_window();
-    selections_ = {Selection{x_.atoms().clipboard, &clipboard},
-                   Selection{XCB_ATOM_PRIMARY, &primary}};
+    selections_ = {XSelection{x_.atoms().clipboard, &clipboard},
+                   XSelection{XCB_ATOM_PRIMARY, &primary}};
 }
 
 void X11Clipboard::own(Board board, std::string text) {
-    Selection &own = selection(board);
+    XSelection &own = selection(board);
     // What happened to the selection before is handled while this waits, and so does not touch the
     // new text.
     own.since = server_time();
@@ -69,8 +69,8 @@ bool X11Clipboard::serve() {
     return x_.is_alive();
 }
 
-Selection *X11Clipboard::selection_named(xcb_atom_t name) {
-    const auto found = std::ranges::find(selections_, name, &Selection::name);
+XSelection *X11Clipboard::selection_named(xcb_atom_t name) {
+    const auto found = std::ranges::find(selections_, name, &XSelection::name);
     return found == selections_.end() ? nullptr : &*found;
 }
 
@@ -99,7 +99,7 @@ void X11Clipboard::handle(const xcb_generic_event_t &event) {
 }
 
 void X11Clipboard::lose(const xcb_selection_clear_event_t &cleared) {
-    Selection *const lost = selection_named(cleared.selection);
+    XSelection *const lost = selection_named(cleared.selection);
     // Times wrap. An earlier one is from before it was ours again.
     if (lost == nullptr || static_cast<i32>(cleared.time - lost->since) < 0) return;
     lost->is_ours = false;

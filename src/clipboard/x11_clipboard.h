@@ -28,9 +28,9 @@ private:
         std::string text; // UTF-8
     };
 
-    Selection &selection(Board board) { return selections_[board == Board::primary]; }
-    const Selection &selection(Board board) const { return selections_[board == Board::primary]; }
-    Selection *selection_named(xcb_atom_t name);
+    XSelection &selection(Board board) { return selections_[board == Board::primary]; }
+    const XSelection &selection(Board board) const { return selections_[board == Board::primary]; }
+    XSelection *selection_named(xcb_atom_t name);
 
     template <typename Wanted> XEvent wait_for(Moment until, Wanted is_wanted);
     xcb_timestamp_t server_time();
@@ -47,7 +47,7 @@ private:
     xcb_window_t window_ = XCB_NONE;
     // A window for each question, so that late answers to one before get lost with theirs.
     xcb_window_t receiver_ = XCB_NONE;
-    std::array<Selection, 2> selections_{};
+    std::array<XSelection, 2> selections_{};
 };
 
 // Null when there is no server. Throws std::bad_alloc.

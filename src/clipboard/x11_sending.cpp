@@ -34,7 +34,7 @@ bool is_window_of(xcb_connection_t *x, xcb_window_t window) {
 
 } // namespace
 
-void X11Sending::answer(const xcb_selection_request_event_t &request, const Selection *selection) {
+void X11Sending::answer(const xcb_selection_request_event_t &request, const XSelection *selection) {
     // Old programs name no property.
     const xcb_atom_t property = request.property == XCB_NONE ? request.target : request.property;
     // A window of ours as the receiver is not our doing.
@@ -53,7 +53,7 @@ void X11Sending::answer(const xcb_selection_request_event_t &request, const Sele
     xcb_send_event(x_.raw(), 0, request.requestor, 0, message);
 }
 
-bool X11Sending::put(const Selection &selection, xcb_atom_t target, xcb_window_t window,
+bool X11Sending::put(const XSelection &selection, xcb_atom_t target, xcb_window_t window,
                      xcb_atom_t property) {
     const Atoms &atoms = x_.atoms();
     if (target == atoms.targets) {

@@ -8,7 +8,7 @@
 
 namespace velumo {
 
-struct Selection {
+struct XSelection {
     xcb_atom_t name;
     std::string *text; // UTF-8
     bool is_ours = false;
@@ -20,7 +20,7 @@ public:
     explicit X11Sending(X11Connection &x) : x_(x) {}
 
     // Refuses when the selection is null or not ours. Throws std::bad_alloc.
-    void answer(const xcb_selection_request_event_t &request, const Selection *selection);
+    void answer(const xcb_selection_request_event_t &request, const XSelection *selection);
     // The other program has taken a piece.
     void go_on(const xcb_property_notify_event_t &taken);
     // Its window is gone.
@@ -35,7 +35,7 @@ private:
         std::size_t sent;
     };
 
-    bool put(const Selection &selection, xcb_atom_t target, xcb_window_t window,
+    bool put(const XSelection &selection, xcb_atom_t target, xcb_window_t window,
              xcb_atom_t property);
     void put_text(Transfer transfer);
     void end(std::size_t number);
