@@ -19,6 +19,7 @@ protected:
         ctx.cursor_object = 8;
         make_window(9, 20, 30, 250, 150);
         open(9);
+        vel_draw_all_objects(&ctx, 0, 0);
     }
     enum Where { field, lines };
 
@@ -168,7 +169,14 @@ TEST_F(Typing, keys_move_select_and_change) {
         {lines, "Enter C-z C-y", {"a|b > a\n|b"}},
         {lines, "C-a x C-z", {"a|\nb > [a\nb|"}},
     };
-    for (const Case &c : cases) {
+    const std::string m30(30, 'm'); // wider than the field
+    const Case wide[] = {{field, "End", {"|" + m30 + " > " + m30 + "|"}},
+                         {field, "Home", {m30 + "| > |" + m30}},
+                         {field, "End Home Right x", {"|" + m30 + " > mx|" + m30.substr(1)}},
+                         {field, "C-Backspace x", {m30 + "| > x|"}}};
+    std::vector<Case> all(std::begin(cases), std::end(cases));
+    all.insert(all.end(), std::begin(wide), std::end(wide));
+    for (const Case &c : all) {
         for (const std::string &change : c.changes) {
             const std::size_t arrow = change.find(" > ");
             const vel_object &o = edit(c.where, change.substr(0, arrow));
@@ -178,6 +186,8 @@ TEST_F(Typing, keys_move_select_and_change) {
             EXPECT_EQ(o.cursor_x, 20 + o.scroll_x + width_of(line.substr(0, o.cursor_column)));
             EXPECT_EQ(o.cursor_y, 30 + o.scroll_y + o.cursor_line * height());
             EXPECT_LE(o.cursor_y + height(), 130U);
+            EXPECT_TRUE(o.cursor_x >= 20 && o.cursor_x < 220) << o.cursor_x;
+            expect_drawn_afresh();
         }
     }
 }
@@ -336,6 +346,59 @@ TEST_F(Typing, keys_come_from_the_layout) {
         const bool is_used = std::string(after) != "a|b" || reason != 0;
         EXPECT_EQ(event.type, is_used ? SDL_NOEVENT : SDL_KEYDOWN) << symbol;
     }
+}
+
+// One text over three objects: the caret goes from one to the next, and what is selected shows in
+// each and can be copied, but not changed.
+TEST_F(Typing, chains_are_selected_over_their_members) {
+    char stream[200] = "";
+    for (int k = 0; k < 80; ++k) std::strcat(stream, k == 39 ? "mm\n" : "i\n");
+    make(20, VEL_TYPE_CHAIN, 0, 0, 10, 10).stream = stream;
+    for (const uint32_t k : {21U, 22U, 23U}) {
+        vel_object &o = make(k, VEL_TYPE_CHAIN, 100 * static_cast<int>(k) - 2090, 40, 90, 100, 20);
+        o.text_index = k - 20;
+        o.line_width = 80;
+        o.editable = 1;
+    }
+    ctx.active_window = 0;
+    vel_format_stream_to_linked_objects(&ctx, 20);
+    EXPECT_EQ(vel_set_selection(&ctx, 20, 78, 78), VEL_OK); // the first of two m in the last line
+    ctx.cursor_object = 21;
+    objects[21].cursor_line = 39;
+    objects[21].cursor_column = 0;
+    keys("S-End S-Down S-Home Right x");
+    uint32_t anchor = 0, caret = 0;
+    EXPECT_EQ(vel_last_refusal(&ctx, &anchor), static_cast<uint32_t>(VEL_REFUSED_READ_ONLY));
+    EXPECT_EQ(vel_get_selection(&ctx, 22, &anchor, &caret), 20U);
+    EXPECT_EQ(std::tuple(ctx.cursor_object, objects[22].cursor_line, anchor, caret),
+              std::tuple(22U, 0U, 81U, 81U));
+    keys("S-Up C-c");
+    EXPECT_EQ(vel_get_selection(&ctx, 0, &anchor, &caret), 20U);
+    EXPECT_EQ(std::tuple(ctx.cursor_object, anchor, caret), std::tuple(21U, 81U, 78U));
+    edit(field, "|");
+    keys("C-v");
+    EXPECT_EQ(marked(), "mm|"); // a field takes no line feed
+}
+
+// Dots are shown and measured in place of its characters, and none of them reaches the clipboard.
+TEST_F(Typing, passwords_stay_secret) {
+    edit(field, "[copied|");
+    keys("C-c");
+    const vel_object &o = edit(field, "|Wi  m");
+    EXPECT_EQ(vel_set_password(&ctx, 8, 1), VEL_OK);
+    keys("C-Right C-a C-c");
+    EXPECT_EQ(vel_last_refusal(&ctx, nullptr), static_cast<uint32_t>(VEL_REFUSED_SECRET));
+    EXPECT_EQ(o.cursor_x, 20 + width_of("\xB7\xB7\xB7\xB7\xB7"));
+    keys("C-x Right");
+    vel_draw_all_objects(&ctx, 0, 0);
+    SDL_Surface *shown = SDL_ConvertSurface(ctx.screen, ctx.screen->format, SDL_SWSURFACE);
+    EXPECT_EQ(vel_set_password(&ctx, 8, 0), VEL_OK);
+    edit(field, "\xB7\xB7\xB7\xB7\xB7|");
+    vel_draw_all_objects(&ctx, 0, 0);
+    EXPECT_EQ(difference(shown), "");
+    SDL_FreeSurface(shown);
+    keys("C-a C-v");
+    EXPECT_EQ(marked(), "copied|");
 }
 
 } // namespace

@@ -144,6 +144,7 @@ private:
 // The lines of a chain, which go on in its next member when the 40 of one are full.
 // On purpose: member is that of the flow's own moves. Moves within a word change the place and not
 // the member, so that blanks are then measured, and the last line counted, with one that was left.
+// Comfortable typing shows what is there, so with it the member goes along.
 struct ChainLines {
     static constexpr bool stops_at_once = true;
 
@@ -191,6 +192,7 @@ private:
         const i32 result = place_word_in_chain(ctx, master, at, word, break_after);
         position = at.position;
         place = at.place;
+        if (result != -1 && shows_each_character_once(ctx)) member = at.member;
         return result != -1;
     }
 };
