@@ -73,10 +73,12 @@ void measure_each_word_with_bare_sdl(benchmark::State &state) {
 }
 BENCHMARK(measure_each_word_with_bare_sdl)->Unit(benchmark::kMicrosecond);
 
-// Types a character into the field and deletes it, each with a redraw.
+// Types a character into the field or the text and deletes it, each with a redraw: the given
+// editor, then the comfortable one.
 void type_and_take_back(benchmark::State &state) {
     bench::Form form;
-    form.ctx.cursor_object = bench::field;
+    form.ctx.cursor_object = static_cast<uint32_t>(state.range(0));
+    form.ctx.comfort = static_cast<uint32_t>(state.range(1));
     for (auto _ : state) {
         form.ctx.final_key = 'a';
         form.ctx.key_printable = 1;
@@ -86,7 +88,10 @@ void type_and_take_back(benchmark::State &state) {
         vel_get_text(&form.ctx);
     }
 }
-BENCHMARK(type_and_take_back)->Unit(benchmark::kMicrosecond);
+BENCHMARK(type_and_take_back)
+    ->ArgNames({"object", "comfort"})
+    ->ArgsProduct({{bench::field, bench::text}, {0, VEL_COMFORT_TYPING}})
+    ->Unit(benchmark::kMicrosecond);
 
 void find_the_object_under_the_pointer(benchmark::State &state) {
     bench::Form form;
