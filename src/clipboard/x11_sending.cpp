@@ -27,19 +27,12 @@ std::string as_latin1(std::string_view utf8) {
     return latin1;
 }
 
-bool is_window_of(xcb_connection_t *x, xcb_window_t window) {
-    const xcb_setup_t *const setup = xcb_get_setup(x);
-    return (window & ~setup->resource_id_mask) == setup->resource_id_base;
-}
-
 } // namespace
 
 void X11Sending::answer(const xcb_selection_request_event_t &request, const XSelection *selection) {
     // Old programs name no property.
     const xcb_atom_t property = request.property == XCB_NONE ? request.target : request.property;
-    // A window of ours as the receiver is not our doing.
     const bool is_done = selection != nullptr && selection->is_ours &&
-                         !is_window_of(x_.raw(), request.requestor) &&
                          put(*selection, request.target, request.requestor, property);
     xcb_selection_notify_event_t answer{};
     answer.response_type = XCB_SELECTION_NOTIFY;
