@@ -1,5 +1,6 @@
 // What vel_wait_for_object costs while nothing happens, and how soon it handles an event: under X,
-// keys from a second connection; without X, events that another thread pushes.
+// keys from a second connection, after a text was copied for other programs; without X, events that
+// another thread pushes.
 #include <algorithm>
 #include <atomic>
 #include <chrono>
@@ -9,6 +10,7 @@
 
 #include <SDL_syswm.h>
 #include <X11/extensions/XTest.h>
+#include <X11/keysym.h>
 
 #include "bench_form.h"
 
@@ -101,6 +103,30 @@ std::vector<double> latencies(bench::Form &form, const std::function<void()> &se
     return m.milliseconds;
 }
 
+// Types an 'a', selects it and copies it: from then on the form has a connection of its own for the
+// clipboard.
+void copy_a_text(bench::Form &form, Display *display) {
+    const auto press = [display](KeySym symbol, Bool pressed) {
+        XTestFakeKeyEvent(display, XKeysymToKeycode(display, symbol), pressed, 0);
+    };
+    const auto press_keys = [display, press](Measure &) {
+        for (const KeySym symbol : {XK_a, XK_Control_L, XK_a, XK_c}) {
+            press(symbol, True);
+            if (symbol != XK_Control_L) press(symbol, False);
+        }
+        press(XK_Control_L, False);
+        XFlush(display);
+        std::this_thread::sleep_for(quiet);
+    };
+    const auto move = [display] {
+        XTestFakeRelativeMotionEvent(display, 1, 0, 0);
+        XFlush(display);
+    };
+    run_during(form, press_keys, move);
+    if (XGetSelectionOwner(display, XInternAtom(display, "CLIPBOARD", False)) == None)
+        std::printf("X           no text was copied\n");
+}
+
 } // namespace
 
 int main() {
@@ -108,6 +134,7 @@ int main() {
     Measure measure;
     form.ctx.application_a[0] = &measure;
     form.ctx.event_filter = note_event;
+    form.ctx.comfort = VEL_COMFORT_ALL;
 
     SDL_SysWMinfo info;
     SDL_VERSION(&info.version);
@@ -120,6 +147,7 @@ int main() {
     if (second != nullptr) {
         XTestFakeMotionEvent(second, -1, 400, 300, 0);
         XFlush(second);
+        copy_a_text(form, second);
         send = [second, key = XKeysymToKeycode(second, 'a')] {
             XTestFakeKeyEvent(second, key, True, 0);
             XTestFakeKeyEvent(second, key, False, 0);
