@@ -979,9 +979,15 @@ VEL_API int32_t vel_go_to_next_chainmember(vel_context *ctx, uint32_t master,
  * Keys edit the cursor object. All other events are dropped, even the one that closes the program
  * (SDL_QUIT); an event filter can act on them.
  *
+ * With VEL_COMFORT_KEYBOARD, Tab and Shift+Tab go through the editable objects of the active window
+ * and the two objects; Space and Enter on one of these give it, Enter elsewhere the one that is a
+ * default answer, Escape the one that is a cancel answer or else 7, and Alt with its key gives one,
+ * too. In a text of many lines it is Ctrl+Enter. Closing the program ends the wait.
+ *
  * \param stop_a 0 returns 0 at once
  * \param stop_b 0 returns 0 at once
- * \returns stop_a, stop_b or 7; 7 also if the event filter ends the loop
+ * \returns stop_a, stop_b or 7; 7 also if the event filter ends the loop; 0 if the user closes the
+ *          program, with VEL_COMFORT_KEYBOARD, see vel_quit_requested()
  */
 VEL_API uint32_t vel_get_mouse_selection(vel_context *ctx, int32_t stop_a,
                                          int32_t stop_b) VEL_NOTHROW;
@@ -1008,6 +1014,19 @@ VEL_API uint32_t vel_get_mono_mouse_selection(vel_context *ctx, int32_t stop) VE
  * entries, to directly below the title: left edges aligned, or as far left of that as the right
  * edge of the screen requires, but not beyond the left edge. Releasing the button over the title
  * leaves the menu open; the next click on the title closes it. The screen is redrawn afterwards.
+ *
+ * With VEL_COMFORT_KEYBOARD, Tab also stops at answers (vel_set_answer()), and without an active
+ * window it goes through the desktop. Space and Enter press an answer; Enter elsewhere gives the
+ * default answer of the window, Ctrl+Enter in a text of many lines; Escape gives its cancel answer,
+ * or does what frame button 7 does where that shows. Alt and a key (vel_set_access_key()) reach an
+ * object of the active window, or else of the desktop: an editable one gets the cursor, a title
+ * opens its menu, others are returned. F10 opens the first menu. Alt+Space goes to the frame
+ * buttons: Left, Right and Tab walk them, Space and Enter use one, Escape goes back. Ctrl+Tab
+ * raises the window at the bottom of the stack, Ctrl+Shift+Tab the second one.
+ *
+ * With VEL_COMFORT_WHEEL, the wheel scrolls what is under the pointer: a text by three lines, a
+ * list by three names, else the nearest window by scroll_step, with Shift sideways. Each goes as
+ * far as there is something out of sight, and windows stay where they are on the stack.
  *
  * \returns the object released on if it is a label, a picture, a menu, an entry field that cannot
  *          be edited, or a top-level object other than a window that cannot be edited; the entry
@@ -1168,14 +1187,19 @@ VEL_API void vel_select_window(vel_context *ctx) VEL_NOTHROW;
  * \param window number of the dialog's window
  * \param first  number of the object that is the first answer
  * \param last   number of the object that is the second answer
- * \returns the answer; 7 if the user closed the dialog or the event filter ended the loop
+ * With VEL_COMFORT_KEYBOARD, keys give answers as in vel_get_mouse_selection(), and reach nothing
+ * outside of the window. Without an editable object, the cursor starts on the default answer or on
+ * the first one.
+ *
+ * \returns the answer; 7 if the user closed the dialog or the event filter ended the loop; 0 if the
+ *          user closes the program, with VEL_COMFORT_KEYBOARD, see vel_quit_requested()
  */
 VEL_API uint32_t vel_decide_window(vel_context *ctx, uint32_t window, uint32_t first,
                                    uint32_t last) VEL_NOTHROW;
 
 /**
  * Opens a notice, waits until the user acknowledges or closes it, and closes it. The caller redraws
- * the screen.
+ * the screen. Keys work as in vel_decide_window().
  *
  * \param window number of the notice's window
  * \param object number of the object that acknowledges it
@@ -1352,6 +1376,10 @@ VEL_API char *vel_read_external_stream(const char *path) VEL_NOTHROW;
  * Shows a menu, darkens the entry under the pointer and waits until the left button is released or
  * the pointer leaves the menu. All other events are dropped. Then the menu is erased and hidden;
  * the caller redraws what it covered. In a menu without entries a release is ignored.
+ *
+ * With VEL_COMFORT_KEYBOARD, Up, Down, Home and End walk the entries, Space and Enter choose one,
+ * as does the key of an entry, and Escape closes the menu. After a key the pointer does not count
+ * until it moves onto an entry. Disabled entries are passed over.
  *
  * \param mode 1 = the pointer may stay above the menu, on its title, until it has been on an entry;
  *             with other values it must not be above the menu
