@@ -140,6 +140,19 @@ TEST_F(Keyboard, keys_pressed_on_an_answer_type_nothing) {
     EXPECT_STREQ(objects[12].label, "y");
 }
 
+// A key that is held repeats its press, but not its answer.
+TEST_F(Keyboard, keys_held_since_before_a_loop_give_no_answer) {
+    for (const Key key : {enter, escape, alt('s')}) {
+        SDL_GetKeyState(nullptr)[key.symbol] = 1;
+        EXPECT_EQ(wait({key}), 16U);
+        EXPECT_NE(wait({key, key}), 16U); // it was let go between the two
+        SDL_GetKeyState(nullptr)[key.symbol] = 0;
+    }
+    SDL_GetKeyState(nullptr)[SDLK_RETURN] = 1;
+    EXPECT_EQ(wait({f10, enter, down, enter}), 24U);
+    SDL_GetKeyState(nullptr)[SDLK_RETURN] = 0;
+}
+
 TEST_F(Keyboard, dialogs_keep_to_their_answers) {
     const auto decide = [this] { return vel_decide_window(&ctx, 9, 17, 18); };
     const auto select = [this] { return vel_get_mouse_selection(&ctx, 10, 16); };

@@ -1,6 +1,7 @@
 #include "menu/pull_down.h"
 
 #include "input/events.h"
+#include "input/held_keys.h"
 #include "input/hit_test.h"
 #include "model/traits.h"
 #include "render/display.h"
@@ -156,6 +157,7 @@ private:
     }
 
     void handle_key() {
+        held_keys_.follow(ctx_.event);
         if (ctx_.event.type != SDL_KEYDOWN) return;
         const SDL_keysym key = ctx_.event.key.keysym;
         consume_event(ctx_);
@@ -182,13 +184,13 @@ private:
         case SDLK_RETURN:
         case SDLK_KP_ENTER:
         case SDLK_SPACE:
-            choose(highlight_.entry());
+            if (!held_keys_.has(key.sym)) choose(highlight_.entry());
             break;
         case SDLK_ESCAPE:
             end(MenuEnd::Cause::left);
             break;
         default:
-            choose(entry_of_key(letter_of(key)));
+            if (!held_keys_.has(key.sym)) choose(entry_of_key(letter_of(key)));
             break;
         }
     }
@@ -260,6 +262,7 @@ private:
     bool finished_ = false;
     Point ignored_pointer_{};
     bool has_ignored_pointer_ = false;
+    HeldKeys held_keys_;
 };
 
 } // namespace

@@ -150,13 +150,26 @@ private:
     const SDL_keysym key_;
 };
 
+// What must not happen again while the key is held.
+bool acts_once(const KeyMeaning &meaning, SDLKey key) {
+    return key == SDLK_ESCAPE || meaning.kind == Kind::answer || meaning.kind == Kind::menu ||
+           (meaning.kind == Kind::frame_button && meaning.object == VEL_BUTTON_CLOSE);
+}
+
 } // namespace
 
 // Without memory nothing happens.
-KeyMeaning meaning_of_key(vel_context &ctx, const Reach &reach) try {
+KeyMeaning meaning_of_key(vel_context &ctx, const Reach &reach, HeldKeys &held) try {
     const SDL_keysym &key = ctx.event.key.keysym;
+    held.follow(ctx.event);
     if (ctx.event.type != SDL_KEYDOWN) return none;
-    if (has_comfort(ctx, VEL_COMFORT_KEYBOARD)) return KeyPress(ctx, reach).meaning();
+    if (has_comfort(ctx, VEL_COMFORT_KEYBOARD)) {
+        const KeyMeaning meaning = KeyPress(ctx, reach).meaning();
+        if (!acts_once(meaning, key.sym)) return meaning;
+        if (held.has(key.sym)) return done;
+        held.hold(key.sym);
+        return meaning;
+    }
     if (is_enter(key.sym) && reach.on_enter != 0) return {Kind::answer, reach.on_enter};
     if (key.sym == SDLK_ESCAPE && reach.on_escape != 0) return {Kind::answer, reach.on_escape};
     if (key.sym != SDLK_TAB || reach.selects) return none;

@@ -1,6 +1,7 @@
 // What a key that was pressed means to a loop, apart from editing. For the loops.
 #pragma once
 
+#include "input/held_keys.h"
 #include "window/reach.h"
 
 namespace velumo {
@@ -18,8 +19,10 @@ struct KeyMeaning {
 };
 
 // Looks at the context's event, which must be the press of a key, and moves the focus where it says
-// so. Without VEL_COMFORT_KEYBOARD only Tab means anything.
-KeyMeaning meaning_of_key(vel_context &ctx, const Reach &reach);
+// so. Without VEL_COMFORT_KEYBOARD only Tab means anything. A key that was held since before the
+// loop gives no answer, opens no menu and closes nothing, and one that has closed a window no
+// other.
+KeyMeaning meaning_of_key(vel_context &ctx, const Reach &reach, HeldKeys &held);
 
 // For keys that mean nothing else: hands them to the editor, unless the focus is on an answer.
 void edit_by_key(vel_context &ctx);

@@ -11,8 +11,8 @@ namespace velumo {
 namespace {
 
 // What a key gives; what was picked before, for other events.
-u32 follow_key(vel_context &ctx, const Reach &reach, u32 picked) {
-    const KeyMeaning meaning = meaning_of_key(ctx, reach);
+u32 follow_key(vel_context &ctx, const Reach &reach, HeldKeys &held, u32 picked) {
+    const KeyMeaning meaning = meaning_of_key(ctx, reach, held);
     if (meaning.kind == KeyMeaning::Kind::none) {
         edit_by_key(ctx);
         return picked;
@@ -34,8 +34,8 @@ TextPress follow_press(vel_context &ctx) {
 }
 
 // The number under a release of the left button; what was picked before, for other events.
-u32 dispatch(vel_context &ctx, const Reach &reach, u32 picked) {
-    picked = follow_key(ctx, reach, picked);
+u32 dispatch(vel_context &ctx, const Reach &reach, HeldKeys &held, u32 picked) {
+    picked = follow_key(ctx, reach, held, picked);
     if (follow_press(ctx) == TextPress::end_of_loop) return VEL_BUTTON_CLOSE;
     if (!is_left_button(ctx.event, Button::released)) return picked;
     picked = object_under(ctx, ctx.event.button.x, ctx.event.button.y);
@@ -53,6 +53,7 @@ u32 select_either(vel_context &ctx, const Reach &reach) {
     if (is_over(0)) return 0;
     begin_loop(ctx);
     PointerStates pointer(ctx, reach);
+    HeldKeys held;
     u32 picked = 0;
     while (!is_over(picked)) {
         const Polled polled = poll_event(ctx);
@@ -66,7 +67,7 @@ u32 select_either(vel_context &ctx, const Reach &reach) {
             pointer.follow_event();
         }
         // Without a new event the last one is handled again.
-        picked = dispatch(ctx, reach, picked);
+        picked = dispatch(ctx, reach, held, picked);
         if (polled == Polled::nothing && !is_over(picked)) rest(ctx);
     }
     return picked;

@@ -56,7 +56,7 @@ private:
             paste_in_text(ctx_, object_under_pointer());
             return {};
         }
-        const KeyMeaning meaning = meaning_of_key(ctx_, reach_);
+        const KeyMeaning meaning = meaning_of_key(ctx_, reach_, held_keys_);
         if (meaning.kind == KeyMeaning::Kind::none) {
             edit_by_key(ctx_);
             return {};
@@ -82,6 +82,7 @@ private:
     std::optional<u32> use_button(u32 number) {
         ctx_.window_to_activate = number;
         use_frame_button(ctx_, number);
+        if (number == VEL_BUTTON_MOVE) held_keys_ = HeldKeys(); // that which ended the move, too
         if (number == VEL_BUTTON_CLOSE && ctx_.active_window == 0) return number;
         return {};
     }
@@ -130,6 +131,7 @@ private:
         const MenuEnd end = open_menu_of_title(ctx_, title, reach_, opened);
         consume_event(ctx_);
         pointer_.let_go();
+        held_keys_ = HeldKeys(); // the key that closed the menu may still be down
         if (end.cause == MenuEnd::Cause::filter) return 0;
         if (end.entry != 0) return end.entry;
         return {};
@@ -180,6 +182,7 @@ private:
     const Dialog dialog_; // without a window for the whole form
     const Reach reach_;
     PointerStates pointer_;
+    HeldKeys held_keys_;
     u32 held_ = 0; // frame button under the pressed mouse button
     milliseconds next_press_{0};
     bool is_placing_ = false; // the release of the press that placed a window is still to come
