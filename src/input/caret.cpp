@@ -27,9 +27,9 @@ i64 offset_without_gap(i64 offset, Span limits, i64 end) {
 class CaretPlace {
 public:
     CaretPlace(vel_context &ctx, u32 number)
-        : ctx_(ctx), number_(number), o_(object_at(ctx, number)),
-          line_(ctx, number, o_.cursor_line), pitch_(line_pitch(font_of(ctx, o_), o_)),
-          height_(font_height(font_of(ctx, o_))), limits_(sight_of(ctx, number)) {}
+        : ctx_(ctx), o_(object_at(ctx, number)), line_(ctx, number, o_.cursor_line),
+          pitch_(line_pitch(font_of(ctx, o_), o_)), height_(font_height(font_of(ctx, o_))),
+          limits_(sight_of(ctx, number)) {}
 
     void shift_into_sight() {
         shift_across();
@@ -69,7 +69,6 @@ private:
     }
 
     vel_context &ctx_;
-    const u32 number_;
     vel_object &o_;
     const ShownLine line_;
     const u32 pitch_, height_;
