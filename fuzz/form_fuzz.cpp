@@ -58,17 +58,27 @@ Tables load(Input &input) {
 }
 
 SDL_Event next_event(Input &input) {
-    constexpr Uint8 types[] = {SDL_KEYDOWN, SDL_KEYUP, SDL_MOUSEBUTTONDOWN, SDL_MOUSEBUTTONUP};
-    constexpr int keys[] = {SDLK_RETURN, SDLK_UP,     SDLK_DOWN,      SDLK_RIGHT, SDLK_LEFT,
-                            SDLK_INSERT, SDLK_DELETE, SDLK_BACKSPACE, SDLK_TAB};
+    constexpr Uint8 types[] = {SDL_KEYDOWN, SDL_KEYUP, SDL_MOUSEBUTTONDOWN, SDL_MOUSEBUTTONUP,
+                               SDL_MOUSEMOTION};
+    constexpr int keys[] = {SDLK_RETURN, SDLK_UP,     SDLK_DOWN,      SDLK_RIGHT,  SDLK_LEFT,
+                            SDLK_INSERT, SDLK_DELETE, SDLK_BACKSPACE, SDLK_TAB,    SDLK_HOME,
+                            SDLK_END,    SDLK_PAGEUP, SDLK_PAGEDOWN,  SDLK_ESCAPE, SDLK_F10};
+    constexpr int modifiers[] = {KMOD_NONE, KMOD_LSHIFT, KMOD_LCTRL, KMOD_LCTRL | KMOD_LSHIFT,
+                                 KMOD_LALT, KMOD_MODE};
     SDL_Event event{};
     event.type = types[input.byte() % std::size(types)];
     const u8 value = input.byte();
     if (event.type == SDL_KEYDOWN || event.type == SDL_KEYUP) {
         event.key.keysym.sym = static_cast<SDLKey>(value < std::size(keys) ? keys[value] : value);
-        event.key.keysym.mod = static_cast<SDLMod>(input.byte() % 2);
+        event.key.keysym.mod = static_cast<SDLMod>(modifiers[input.byte() % std::size(modifiers)]);
+        // What a layout makes of the key, or of a letter with Ctrl.
+        const bool is_control = (event.key.keysym.mod & KMOD_CTRL) != 0;
+        event.key.keysym.unicode = is_control ? value % 32 : value;
+    } else if (event.type == SDL_MOUSEMOTION) {
+        event.motion.x = value;
+        event.motion.y = input.byte();
     } else {
-        event.button.button = SDL_BUTTON_LEFT;
+        event.button.button = value % 8 < 5 ? SDL_BUTTON_LEFT : static_cast<Uint8>(value % 8 - 3);
         event.button.state = event.type == SDL_MOUSEBUTTONDOWN ? SDL_PRESSED : SDL_RELEASED;
         event.button.x = value;
         event.button.y = input.byte();

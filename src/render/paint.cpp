@@ -127,6 +127,7 @@ private:
             source_x_ = x.from;
         }
         show_selected(selected_.in_line(shown, line), left, rows);
+        if (shown.shows_dots()) return show_dots(shown, left, rows);
         return show(shown.text(), x, y);
     }
 
@@ -140,10 +141,35 @@ private:
         draw_box(ctx_, {start, top, end - start, bottom - top}, selection_colour(object_));
     }
 
+    vel_colour text_colour() const {
+        return colour_of(object_.text_r, object_.text_g, object_.text_b);
+    }
+
+    bool show_dots(const ShownLine &shown, u32 left, Span rows) {
+        const i64 room = shown.dot_room();
+        const i64 radius = room / 3;
+        for (u32 k = 0; k < shown.length(); ++k) {
+            const i64 middle = as_signed(left) + i64{k} * room + room / 2;
+            show_dot(middle, rows.begin + room, radius);
+        }
+        return true;
+    }
+
+    void show_dot(i64 x, i64 y, i64 radius) {
+        for (i64 row = -radius; row <= radius; ++row) {
+            i64 reach = 0;
+            while ((reach + 1) * (reach + 1) + row * row <= radius * radius + 1) ++reach;
+            const Span columns{std::max(x - reach, limits_.x.begin),
+                               std::min(x + reach + 1, limits_.x.end)};
+            if (!limits_.y.holds(y + row) || columns.begin >= columns.end) continue;
+            draw_box(ctx_, {columns.begin, y + row, columns.end - columns.begin, 1}, text_colour());
+        }
+    }
+
     bool show(const char *text, const Piece &x, const Piece &y) {
         if (x.cut == Piece::Cut::hidden || y.cut == Piece::Cut::hidden) return false;
         if (x.length == 0 || (y.cut == Piece::Cut::both && y.length == 0)) return false;
-        const vel_colour c = colour_of(object_.text_r, object_.text_g, object_.text_b);
+        const vel_colour c = text_colour();
         SDL_FreeSurface(ctx_.text_surface);
         ctx_.text_surface = TTF_RenderText_Blended(font_, text, SDL_Color{c.r, c.g, c.b, 0});
         blit(ctx_, ctx_.text_surface, x, y);

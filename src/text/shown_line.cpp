@@ -7,28 +7,20 @@
 #include "text/lines.h"
 
 namespace velumo {
-namespace {
-
-constexpr char dot = '\xB7'; // the middle dot of ISO 8859-1
-
-} // namespace
 
 ShownLine::ShownLine(const vel_context &ctx, u32 number, u32 line) {
     const vel_object &o = object_at(ctx, number);
     font_ = font_of(ctx, o);
     text_ = has_caption(o) ? o.label : line_of(ctx, buffer_of(ctx, o), line);
-    if (!is_field(o) || !traits_of(ctx, number).password) return;
-    const std::size_t length = strnlen(o.label, VEL_STRING_SIZE - 1);
-    std::memset(dots_, dot, length);
-    dots_[length] = '\0';
-    text_ = dots_;
+    shows_dots_ = is_field(o) && traits_of(ctx, number).password;
 }
 
-u32 ShownLine::length() const { return static_cast<u32>(std::strlen(text_)); }
+u32 ShownLine::length() const { return static_cast<u32>(strnlen(text_, VEL_LINE_SIZE)); }
 
 u32 ShownLine::width_of(u32 count) const {
     char part[VEL_LINE_SIZE];
     const u32 length = std::min({count, this->length(), VEL_LINE_SIZE - 1U});
+    if (shows_dots_) return length * dot_room();
     std::memcpy(part, text_, length);
     part[length] = '\0';
     return text_width(font_, part);

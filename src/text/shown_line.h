@@ -16,6 +16,10 @@ public:
     const char *text() const { return text_; }
     u32 length() const;
 
+    // A password shows a dot for each character, whatever the font has; each takes the same room.
+    bool shows_dots() const { return shows_dots_; }
+    u32 dot_room() const { return font_height(font_) / 2; }
+
     // Pixels of the first characters of the line.
     u32 width_of(u32 count) const;
     // How many characters lie before a place, in pixels from the start of the line, to which the
@@ -25,7 +29,7 @@ public:
 private:
     TTF_Font *font_;
     const char *text_;
-    char dots_[VEL_STRING_SIZE]; // in place of a password
+    bool shows_dots_;
 };
 
 // The offset that centres a line of so many pixels in a window that centres its lines, unless the
