@@ -1,12 +1,12 @@
 #include "clipboard/clipboard.h"
 
 #include <new>
-#include <string_view>
 
 #include "model/traits.h"
 
 #if defined(VELUMO_X11)
 #include "clipboard/x11_clipboard.h"
+#include "clipboard/x11_connection.h"
 #endif
 
 namespace velumo {
@@ -14,11 +14,7 @@ namespace {
 
 std::unique_ptr<SharedClipboard> connect([[maybe_unused]] vel_state &state) {
 #if defined(VELUMO_X11)
-    char driver[8] = "";
-    if (SDL_VideoDriverName(driver, sizeof driver) != nullptr &&
-        std::string_view(driver) == "x11") {
-        return connect_to_x11(state.clipboard, state.primary);
-    }
+    if (runs_on_x11()) return connect_to_x11(state.clipboard, state.primary);
 #endif
     return nullptr;
 }

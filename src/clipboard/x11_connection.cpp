@@ -1,8 +1,10 @@
 #include "clipboard/x11_connection.h"
 
+#include <SDL.h>
 #include <cerrno>
 #include <cstring>
 #include <poll.h>
+#include <string_view>
 
 namespace velumo {
 namespace {
@@ -38,6 +40,12 @@ Atoms read_atoms(xcb_connection_t *connection) {
 }
 
 } // namespace
+
+bool runs_on_x11() {
+    char driver[8] = "";
+    return SDL_VideoDriverName(driver, sizeof driver) != nullptr &&
+           std::string_view(driver) == "x11";
+}
 
 X11Connection::X11Connection() : connection_(xcb_connect(nullptr, &screen_)) {
     if (is_alive()) atoms_ = read_atoms(connection_);

@@ -1,4 +1,4 @@
-// A connection of our own to the X server, with a window that is never shown. For the clipboard.
+// A connection of our own to the X server, for the clipboard with a window that is never shown.
 //
 // It goes through libxcb: there, errors and the loss of the server belong to the connection. libX11
 // reports them to handlers of the whole process, which SDL and the program have for themselves, and
@@ -24,6 +24,9 @@ using Moment = std::chrono::steady_clock::time_point;
 struct Atoms {
     xcb_atom_t clipboard, targets, timestamp, utf8_string, text, incremental, content;
 };
+
+// Whether SDL draws through X; there may be a server otherwise, too.
+bool runs_on_x11();
 
 class X11Connection {
 public:

@@ -1,6 +1,7 @@
 #include "input/keyboard.h"
 
 #include "input/caret.h"
+#include "input/key_repeat.h"
 #include "input/text_cursor.h"
 #include "input/typing.h"
 
@@ -67,10 +68,11 @@ u32 control_key_of(const SDL_keysym &key) {
     for (const KeyRow &row : key_rows) {
         if (row.symbol == key.sym) return row.code | modifiers_of(key);
     }
-    // With Ctrl, SDL gives the letters of the layout as the control characters 1 to 26.
-    const bool is_letter = has(key, KMOD_CTRL) && key.unicode >= 1 && key.unicode <= 26;
-    if (is_letter) return (key.unicode + u32{'a'} - 1) | modifiers_of(key);
-    return VEL_KEY_NONE;
+    // With Ctrl, SDL gives the letters of the layout as the control characters 1 to 26, and where
+    // it is a layer above its successor as they are.
+    const u32 letter = key.unicode < ' ' ? key.unicode + u32{'a'} - 1 : key.unicode | 0x20U;
+    const bool is_letter = has(key, KMOD_CTRL) && letter >= 'a' && letter <= 'z';
+    return is_letter ? letter | modifiers_of(key) : u32{VEL_KEY_NONE};
 }
 
 void hand_over(vel_context &ctx, u32 key, bool is_character) {
@@ -87,7 +89,9 @@ void use_layout() {
     int delay = 0;
     int interval = 0;
     SDL_GetKeyRepeat(&delay, &interval);
-    if (delay == 0) SDL_EnableKeyRepeat(SDL_DEFAULT_REPEAT_DELAY, SDL_DEFAULT_REPEAT_INTERVAL);
+    if (delay != 0) return;
+    const KeyRepeat repeat = system_key_repeat();
+    SDL_EnableKeyRepeat(repeat.delay, repeat.interval);
 }
 
 void translate_by_layout(vel_context &ctx) {

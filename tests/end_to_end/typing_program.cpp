@@ -1,0 +1,88 @@
+// A text to type into. At rests it says "ready", or "held" once a key has typed a row of "a", and
+// how keys are repeated; at F12 "typed", the text and the character refused last, and empties the
+// text. There is a pilcrow for the end of a line.
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <iostream>
+#include <string>
+
+#include "velumo.h"
+
+namespace {
+
+constexpr uint32_t window = 8, edited = 9;
+
+void say_news(vel_context *ctx) {
+    auto &known = *static_cast<std::string *>(ctx->application_a[0]);
+    const std::string news =
+        std::strstr(ctx->text_recs[1].text, "aaaaa") != nullptr ? "held" : "ready";
+    if (news == known) return;
+    known = news;
+    int delay = 0, interval = 0;
+    SDL_GetKeyRepeat(&delay, &interval);
+    std::cout << news << ' ' << delay << ' ' << interval << std::endl;
+}
+
+void say_text(vel_context *ctx) {
+    std::string text = ctx->text_recs[1].text;
+    std::replace(text.begin(), text.end(), '\n', '\xB6');
+    std::string utf8(2 * text.size() + 1, '\0');
+    vel_to_utf8(text.c_str(), utf8.data(), utf8.size(), nullptr);
+    uint32_t refused = 0;
+    vel_last_refusal(ctx, &refused);
+    std::cout << "typed " << utf8.c_str() << ' ' << refused << std::endl;
+}
+
+uint32_t answer_f12(vel_context *ctx, SDL_Event *event) {
+    if (event->type == SDL_QUIT) return VEL_FILTER_END_LOOP;
+    if (event->type != SDL_KEYDOWN || event->key.keysym.sym != SDLK_F12) return VEL_FILTER_PASS;
+    say_text(ctx);
+    ctx->text_recs[1].text[0] = '\0';
+    vel_format_object_text(ctx, edited);
+    vel_set_selection(ctx, edited, 0, 0);
+    return VEL_FILTER_PASS;
+}
+
+void make_form(vel_context &ctx) {
+    ctx.objects = static_cast<vel_object *>(std::calloc(edited + 1, sizeof(vel_object)));
+    ctx.object_count = edited;
+    ctx.text_recs = static_cast<vel_text_rec *>(std::calloc(2, sizeof(vel_text_rec)));
+    ctx.text_bufs = static_cast<decltype(ctx.text_bufs)>(std::calloc(2, VEL_TEXT_BUFFER_SIZE));
+    ctx.text_count = ctx.texts_loaded = 1;
+    for (const uint32_t number : {window, edited}) {
+        vel_object &o = ctx.objects[number];
+        o.type = number == window ? VEL_TYPE_WINDOW : VEL_TYPE_TEXT;
+        o.x = o.y = 30;
+        o.width = o.height = 300;
+        o.fill_r = o.fill_g = 255;
+    }
+    ctx.objects[window].hidden = 1;
+    ctx.objects[window].dep_objs[0] = edited;
+    ctx.objects[edited].master = window;
+    ctx.objects[edited].text_index = ctx.objects[edited].editable = 1;
+}
+
+} // namespace
+
+int main() {
+    static vel_context ctx;
+    std::string known;
+    SDL_Init(SDL_INIT_VIDEO);
+    TTF_Init();
+    ctx.screen = SDL_SetVideoMode(800, 600, 32, SDL_SWSURFACE);
+    ctx.font = TTF_OpenFont("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf", 14);
+    ctx.screen_width = 800, ctx.screen_height = 600;
+    ctx.screen_rect = {0, 0, 800, 600};
+    ctx.comfort = VEL_COMFORT_TYPING;
+    ctx.application_a[0] = &known;
+    ctx.idle_hook = say_news;
+    ctx.event_filter = answer_f12;
+    make_form(ctx);
+    ctx.window_to_activate = window;
+    vel_activate_window(&ctx);
+    ctx.cursor_object = edited;
+    while (vel_wait_for_object(&ctx) != 0) {
+    }
+    vel_close(&ctx);
+}
