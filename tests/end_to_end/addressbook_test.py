@@ -61,7 +61,7 @@ def keep_contacts(book):
     book.step("The first one moves to another town.")
     book.click("row")
     book.click("town")
-    book.key("Delete " * len(JUERGEN["town"]))
+    book.key("ctrl+a")
     book.type("Würzburg")
     book.click("save")
     book.expect_saved("saved 1 Groß, Jürgen", MOVED, KAETHE)

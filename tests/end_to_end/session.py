@@ -19,7 +19,7 @@ import time
 WIDTH, HEIGHT, BAR = 800, 600, 30  # the bar at the top may show the time
 PATIENCE = 60  # seconds until something that does not happen is a failure
 RECORD_SIZE = 776
-KEYS = {"@": "alt+q", "\n": "Return"}  # the library has its own place for @
+KEYS = {"\n": "Return"}
 MARKED = bytes([235] * 3)  # a white entry of a menu that the pointer is on
 FRAME_BUTTONS = ["move", "height_less", "height_more", "mode", "width_less", "width_more", "close"]
 

@@ -61,7 +61,7 @@ def type_an_order(tour):
     tour.click("name")
     tour.type("Käthe Öß", "name: Käthe Öß")
     tour.key("Tab", "cursor: street")
-    tour.press_key("Num_Lock")  # which the tour keeps from switching Shift off
+    tour.press_key("Num_Lock")  # which is no reason for Shift to do nothing
     tour.type('Ährenweg 7 ("Üb. Hof") & =?!', 'street: Ährenweg 7 ("Üb. Hof") & =?!')
     tour.press_key("Num_Lock")
     tour.key("Tab 1 2")
@@ -104,6 +104,7 @@ def handle_the_frame(tour):
     for field in ("remark", "name"):
         field_x, field_y = tour.centre(field)
         tour.click_at(field_x - 232, field_y + 50, f"cursor: {field}")
+    tour.key("Home")  # the click has put the caret after the name
     tour.move("order", x, y)
     tour.expect_screen("photos", "log", "order")
 
