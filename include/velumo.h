@@ -120,8 +120,8 @@ enum vel_key_code {
     VEL_KEY_INSERT = 277,     /**< Toggles between inserting and overwriting. */
     VEL_KEY_HOME = 278,       /**< Moves to the start of the line. */
     VEL_KEY_END = 279,        /**< Moves to the end of the line. */
-    VEL_KEY_PAGE_UP = 280,    /**< Moves up by the lines that are in sight. */
-    VEL_KEY_PAGE_DOWN = 281,  /**< Moves down by the lines that are in sight. */
+    VEL_KEY_PAGE_UP = 280,    /**< Moves up by the lines in sight but one. */
+    VEL_KEY_PAGE_DOWN = 281,  /**< Moves down by the lines in sight but one. */
     VEL_KEY_SHIFT = 0x10000,  /**< Added to a key: Shift was held. Selects, with keys that move. */
     VEL_KEY_CONTROL = 0x20000 /**< Added to a key, or to a small letter: Ctrl was held. */
 };
@@ -142,11 +142,12 @@ enum vel_comfort {
 /** Why something that was typed or pasted was refused (vel_last_refusal()). */
 enum vel_refusal {
     VEL_REFUSED_NOTHING = 0,   /**< Nothing was refused yet. */
-    VEL_REFUSED_CHARACTER = 1, /**< ISO 8859-1 does not have the character. */
+    VEL_REFUSED_CHARACTER = 1, /**< ISO 8859-1 does not have the character, or only as a control
+                                    character, as a tab that was pasted. */
     VEL_REFUSED_DIGIT = 2,     /**< A number field takes digits only. */
-    VEL_REFUSED_FULL = 3,      /**< The field or text is full. */
-    VEL_REFUSED_LINES = 4,     /**< The text would have more than 40 lines. */
-    VEL_REFUSED_READ_ONLY = 5, /**< The text cannot be changed. */
+    VEL_REFUSED_FULL = 3,      /**< The field or text is full, or the line, when overwriting. */
+    VEL_REFUSED_LINES = 4,     /**< The text would have more than 40 lines, or a field two. */
+    VEL_REFUSED_READ_ONLY = 5, /**< The text of a chain or a disabled object cannot be changed. */
     VEL_REFUSED_SECRET = 6     /**< A password is not copied. */
 };
 
@@ -359,9 +360,12 @@ typedef struct vel_context {
     uint32_t frame_mode;    /**< Read-write. One of vel_frame_mode; other values disable the frame
                                  buttons that depend on it. */
     uint32_t scroll_step;   /**< Read-write. Distance of one scroll, pixels. */
-    uint32_t key_code;      /**< Read-write. Key pressed last; 0 = none pending. */
-    uint32_t final_key;     /**< Read-write. Key for the text editor; 0 = none. */
-    uint32_t key_printable; /**< Read-write. 1 = key_code is a character to insert, else 0. */
+    uint32_t key_code;      /**< Read-write. Key pressed last; 0 = none pending. Not used with
+                                 VEL_COMFORT_TYPING. */
+    uint32_t final_key;     /**< Read-write. Key for the text editor, a character or one of
+                                 vel_key_code; 0 = none. */
+    uint32_t key_printable; /**< Read-write. 1 = key_code, or with VEL_COMFORT_TYPING final_key, is
+                                 a character to insert; else 0. */
     uint32_t active_window; /**< Read-only. Number of the active window; 0 = none. */
     uint32_t reserved;      /**< Private to the library. */
     uint32_t object_count;  /**< Read-only. Objects loaded from the form description file. */
@@ -504,7 +508,8 @@ VEL_API uint32_t vel_is_enabled(const vel_context *ctx, uint32_t object) VEL_NOT
 
 /**
  * Makes an entry or number field show dots for its characters, or the characters again. The label
- * of the field holds the characters in either case. For objects of other types it means nothing.
+ * of the field holds the characters in either case. What it holds is neither copied nor selected
+ * word by word. For objects of other types it means nothing.
  *
  * \param password 0 = characters; any other value = dots
  * \returns as vel_set_enabled()
@@ -872,7 +877,8 @@ VEL_API void vel_draw_cursor(vel_context *ctx, uint32_t object) VEL_NOTHROW;
  *
  * Sets number_of_lines, and line_width if that is 0. An empty text clears the lines and keeps
  * number_of_lines. A word that does not fit on line 39 goes to line slot 40, which is the first
- * line of the next buffer; after the last buffer it is dropped.
+ * line of the next buffer; after the last buffer it is dropped. With VEL_COMFORT_TYPING it is
+ * always dropped, and a word that is split is shown once and not again before the next.
  *
  * \returns index of the last line, as in number_of_lines; 0 for an empty text, and if the object is
  *          not of type 1 or 3 or has no text
@@ -1003,17 +1009,23 @@ VEL_API uint32_t vel_get_mono_mouse_selection(vel_context *ctx, int32_t stop) VE
 /**
  * Runs the form until the user does something that the application should act on.
  *
- * Keys edit the cursor object. Tab and Shift+Tab move the cursor through the visible editable
- * objects of the active window. Pressing frame button 2, 3, 5 or 6 resizes or scrolls the window,
- * and repeats every 50 ms once the button has been held for 400 ms; releasing 1, 4 or 7 moves the
- * window, switches the mode or closes the window. A release on a background window raises it, one
- * on an editable object gives it the cursor.
+ * Keys edit the cursor object: with VEL_COMFORT_TYPING when they are pressed, otherwise when a key
+ * is released. Tab and Shift+Tab move the cursor through the visible editable objects of the active
+ * window. Pressing frame button 2, 3, 5 or 6 resizes or scrolls the window, and repeats every 50 ms
+ * once the button has been held for 400 ms; releasing 1, 4 or 7 moves the window, switches the mode
+ * or closes the window. A release on a background window raises it, one on an editable object gives
+ * it the cursor.
  *
  * A press on a label or picture whose max_chars names a menu, in the active window or on the
  * desktop, opens that menu like vel_move_out_menu() with mode 1. The menu is moved, with its
  * entries, to directly below the title: left edges aligned, or as far left of that as the right
  * edge of the screen requires, but not beyond the left edge. Releasing the button over the title
  * leaves the menu open; the next click on the title closes it. The screen is redrawn afterwards.
+ *
+ * With VEL_COMFORT_TYPING, a press of the left button in a text of the active window or the desktop
+ * puts the caret at the character there. Moving the pointer before the release selects, and so do a
+ * second press, a word, and a third, a line; such a release returns nothing. The middle button
+ * inserts what was selected last. Until the release, other events are dropped.
  *
  * With VEL_COMFORT_KEYBOARD, Tab also stops at answers (vel_set_answer()), and without an active
  * window it goes through the desktop. Space and Enter press an answer; Enter elsewhere gives the
@@ -1078,7 +1090,7 @@ VEL_API uint32_t vel_in_object(const vel_context *ctx, uint32_t object, int32_t 
 
 /** \name Keys and text editing
  * A key is translated when it is pressed and applied when any key is released. With
- * VEL_COMFORT_TYPING it is both when it is pressed. */
+ * VEL_COMFORT_TYPING both happen when it is pressed. */
 /**@{*/
 
 /**
@@ -1088,9 +1100,11 @@ VEL_API uint32_t vel_in_object(const vel_context *ctx, uint32_t object, int32_t 
  * object, for other events and for keys without a code; but with a number field as cursor object,
  * every key sets key_printable.
  *
- * With VEL_COMFORT_TYPING the layout of the user's keyboard counts, and final_key is set at once. A
- * key that the editor has no use for is left: Tab, Escape, in a field Enter. SDL must translate
- * keys (SDL_EnableUNICODE(1)); the loops of the library switch that on.
+ * With VEL_COMFORT_TYPING the layout of the user's keyboard counts, and final_key and key_printable
+ * are set at once. A character that ISO 8859-1 does not have is refused. A key that the editor has
+ * no use for is left: Tab, Escape, and in a field Enter, Up, Down, Page Up and Page Down. SDL must
+ * translate keys (SDL_EnableUNICODE(1)); the loops of the library switch that on and, with it, the
+ * repeating of keys, unless the program has.
  */
 VEL_API void vel_getfirstkeyinformation(vel_context *ctx) VEL_NOTHROW;
 
@@ -1104,6 +1118,10 @@ VEL_API void vel_getfinalkeyinformation(vel_context *ctx) VEL_NOTHROW;
  *
  * A key that has no room or nowhere to go changes nothing. If there is no cursor object, or it has
  * no text to edit, final_key is kept.
+ *
+ * With VEL_COMFORT_TYPING, the keys of a chain select in its stream, and for an object outside of
+ * the active window the whole screen is redrawn. A text that the program has changed since the last
+ * key begins a new history of steps to undo.
  */
 VEL_API void vel_get_text(vel_context *ctx) VEL_NOTHROW;
 
@@ -1130,8 +1148,10 @@ VEL_API uint32_t vel_get_selection(const vel_context *ctx, uint32_t object, uint
 
 /**
  * Selects the characters between two indexes and scrolls the text so that the caret is in sight.
- * There is one selection at a time. It shows, at the next redraw, while the caret is in that text,
- * or always if the text cannot be edited. cursor_object stays.
+ * There is one selection at a time. It shows, at the next redraw, while cursor_object has that
+ * text, or always if the text cannot be edited. cursor_object stays, but in a chain it goes to the
+ * member that shows the caret. What is selected is there for the middle button, too, unless it is a
+ * password.
  *
  * \param object a field, an object with a text, or a chain
  * \param anchor where selecting begins; indexes beyond the text count as its end
@@ -1145,8 +1165,8 @@ VEL_API int32_t vel_set_selection(vel_context *ctx, uint32_t object, uint32_t an
  * Says what comfortable typing refused last. A refused key or character changes nothing, and lets
  * the caret flash once in mark_colour; of a text that is pasted, only what is refused is left out.
  *
- * \param character the character, as in Unicode, or the first one that was left out; 0 if it was
- *                  no character. May be null
+ * \param character set to the code point of the character, or of the first one that did not fit;
+ *                  0xFFFD for bytes that are no UTF-8, 0 if it was no character. May be null
  * \returns one of vel_refusal; VEL_REFUSED_NOTHING before the first refusal
  */
 VEL_API uint32_t vel_last_refusal(const vel_context *ctx, uint32_t *character) VEL_NOTHROW;
@@ -1184,13 +1204,13 @@ VEL_API void vel_select_window(vel_context *ctx) VEL_NOTHROW;
 /**
  * Opens a dialog, waits for one of two answers and closes it. The caller redraws the screen.
  *
- * \param window number of the dialog's window
- * \param first  number of the object that is the first answer
- * \param last   number of the object that is the second answer
  * With VEL_COMFORT_KEYBOARD, keys give answers as in vel_get_mouse_selection(), and reach nothing
  * outside of the window. Without an editable object, the cursor starts on the default answer or on
  * the first one.
  *
+ * \param window number of the dialog's window
+ * \param first  number of the object that is the first answer
+ * \param last   number of the object that is the second answer
  * \returns the answer; 7 if the user closed the dialog or the event filter ended the loop; 0 if the
  *          user closes the program, with VEL_COMFORT_KEYBOARD, see vel_quit_requested()
  */
