@@ -68,8 +68,8 @@ u32 control_key_of(const SDL_keysym &key) {
     for (const KeyRow &row : key_rows) {
         if (row.symbol == key.sym) return row.code | modifiers_of(key);
     }
-    // With Ctrl, SDL gives the letters of the layout as the control characters 1 to 26, and where
-    // it is a layer above its successor as they are.
+    // With Ctrl, SDL gives the letters of the layout as the control characters 1 to 26;
+    // sdl12-compat gives them as they are.
     const u32 letter = key.unicode < ' ' ? key.unicode + u32{'a'} - 1 : key.unicode | 0x20U;
     const bool is_letter = has(key, KMOD_CTRL) && letter >= 'a' && letter <= 'z';
     return is_letter ? letter | modifiers_of(key) : u32{VEL_KEY_NONE};
