@@ -105,9 +105,14 @@ class Keyboard:
 
 
 class Typing(Session):
-    def start(self, delay=60000, interval=100):
-        """Starts with keys that repeat, or with the first ones held for longer than tests wait."""
+    def start(self):
+        """With keys that are not repeated unless they are held for longer than any test waits."""
         self.keyboard = Keyboard(self.display)
+        self.keyboard.repeat(60000, 100)
+        super().start()
+
+    def restart(self, delay, interval):
+        self.kill()
         self.keyboard.repeat(delay, interval)
         super().start()
         self.expect(f"ready {delay} {interval}")
@@ -126,6 +131,7 @@ def main():
     os.environ["LC_ALL"] = "C.UTF-8"  # composing has characters beyond ISO 8859-1 only then
     faults = []
     with Typing(sys.argv[1]) as session:
+        session.expect("ready 60000 100")
         for layout, cases in CASES.items():
             session.display.run("setxkbmap", "-option", "", *layout)
             for keys, *wanted in cases:
@@ -133,10 +139,8 @@ def main():
                 if found != wanted:
                     faults.append(f"{' '.join(layout)}: {keys} types {found}, not {wanted}")
         assert not faults, "\n".join(faults)
-        session.kill()
-        session.start(0, 0)
-        session.kill()
-        session.start(100, 20)
+        session.restart(0, 0)
+        session.restart(100, 20)
         session.keyboard.press("↓a")
         session.expect("held 100 20")
         session.keyboard.press("↑a")
