@@ -374,8 +374,10 @@ TEST_F(Typing, chains_are_selected_over_their_members) {
     EXPECT_EQ(std::tuple(ctx.cursor_object, objects[22].cursor_line, anchor, caret),
               std::tuple(22U, 0U, 81U, 81U));
     keys("S-Up C-c");
-    EXPECT_EQ(vel_get_selection(&ctx, 0, &anchor, &caret), 20U);
-    EXPECT_EQ(std::tuple(ctx.cursor_object, anchor, caret), std::tuple(21U, 81U, 78U));
+    for (const uint32_t asked : {0U, 20U, 21U}) {
+        EXPECT_EQ(vel_get_selection(&ctx, asked, &anchor, &caret), 20U);
+        EXPECT_EQ(std::tuple(ctx.cursor_object, anchor, caret), std::tuple(21U, 81U, 78U));
+    }
     edit(field, "|");
     keys("C-v");
     EXPECT_EQ(marked(), "mm|"); // a field takes no line feed

@@ -92,7 +92,14 @@ Selection selection_in(const vel_context &ctx, u32 object) try {
         const Selection last = last_selection(ctx);
         return last.is_empty() ? Selection{} : last;
     }
-    return text_owner(ctx, object) == 0 ? Selection{} : TextCursor(ctx, object).selection();
+    if (text_owner(ctx, object) == 0) return {};
+    const TextCursor cursor(ctx, object);
+    const Selection last = last_selection(ctx);
+    // The head of a chain shows no line that its caret could be in.
+    const bool is_head = cursor.row().object != object;
+    const bool is_there =
+        last.owner == object && std::max(last.anchor, last.caret) <= cursor.rows().length();
+    return is_head && is_there ? last : cursor.selection();
 } catch (const std::bad_alloc &) {
     return {};
 }
