@@ -1104,7 +1104,7 @@ VEL_API uint32_t vel_in_object(const vel_context *ctx, uint32_t object, int32_t 
  * are set at once. A character that ISO 8859-1 does not have is refused. A key that the editor has
  * no use for is left: Tab, Escape, and in a field Enter, Up, Down, Page Up and Page Down. SDL must
  * translate keys (SDL_EnableUNICODE(1)); the loops of the library switch that on and, with it, the
- * repeating of keys, unless the program has.
+ * repeating of keys, as the X server has it, unless the program has set that.
  */
 VEL_API void vel_getfirstkeyinformation(vel_context *ctx) VEL_NOTHROW;
 
@@ -1149,9 +1149,9 @@ VEL_API uint32_t vel_get_selection(const vel_context *ctx, uint32_t object, uint
 /**
  * Selects the characters between two indexes and scrolls the text so that the caret is in sight.
  * There is one selection at a time. It shows, at the next redraw, while cursor_object has that
- * text, or always if the text cannot be edited. cursor_object stays, but in a chain it goes to the
- * member that shows the caret. What is selected is there for the middle button, too, unless it is a
- * password.
+ * text, or always if the text cannot be edited. cursor_object stays, but if it is in that chain, it
+ * goes to the member that shows the caret. What is selected is there for the middle button, too,
+ * unless it is a password.
  *
  * \param object a field, an object with a text, or a chain
  * \param anchor where selecting begins; indexes beyond the text count as its end
