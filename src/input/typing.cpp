@@ -284,6 +284,7 @@ bool is_typing_key(const vel_context &ctx, u32 object, u32 key) {
 // Without memory a key changes nothing.
 void type_key(vel_context &ctx) try {
     if (ctx.final_key == VEL_KEY_NONE || text_owner(ctx, ctx.cursor_object) == 0) return;
+    end_flash(ctx);
     const u32 key = ctx.final_key;
     const bool is_character = ctx.key_printable == 1 && key <= last_character_code;
     ctx.final_key = VEL_KEY_NONE;

@@ -1,6 +1,5 @@
 #include "render/cursor.h"
 
-#include "model/clock.h"
 #include "render/geometry.h"
 #include "render/surface.h"
 #include "text/measure.h"
@@ -8,9 +7,9 @@
 namespace velumo {
 namespace {
 
-// It flashes after a key that was refused.
+// It flashes after a key that was refused, until a loop rests or the next key comes.
 vel_colour cursor_colour(const vel_context &ctx, const vel_object &o) {
-    const bool flashes = ctx.state != nullptr && now() < ctx.state->refusal.flash_ends;
+    const bool flashes = ctx.state != nullptr && ctx.state->refusal.flash_ends.count() != 0;
     return flashes ? ctx.mark_colour : colour_of(o.text_r, o.text_g, o.text_b);
 }
 
