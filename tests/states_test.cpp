@@ -48,15 +48,15 @@ protected:
     // Whether a line of two pixels' width runs round inside an object's outline.
     bool has_ring(uint32_t number) const {
         const vel_object &o = objects[number];
-        const int x = static_cast<int>(o.x), y = static_cast<int>(o.y);
-        const int right = x + static_cast<int>(o.width) - 1,
-                  bottom = y + static_cast<int>(o.height) - 1;
+        const int x = static_cast<int>(o.x) + 1, y = static_cast<int>(o.y) + 1;
+        const int right = x + static_cast<int>(o.width) - 3,
+                  bottom = y + static_cast<int>(o.height) - 3;
         const auto is_text = [&](int px, int py) { return at(px, py) == test::blue; };
         for (int k = x; k <= right; ++k)
             if (!is_text(k, y) || !is_text(k, bottom)) return false;
         for (int k = y; k <= bottom; ++k)
             if (!is_text(x, k) || !is_text(right, k)) return false;
-        return !(at(x + 1, y + 1) == at(x + 5, y + 5));
+        return !(at(x - 1, y - 1) == at(x + 5, y + 5));
     }
     static constexpr vel_colour normal{100, 20, 20};
 };
@@ -94,7 +94,7 @@ TEST_F(States, the_focus_has_a_ring) {
     objects[13].x = 200; // cut by the window
     ctx.cursor_object = 13;
     vel_draw_all_objects(&ctx, 0, 0);
-    EXPECT_EQ(at(219, 80), test::blue);
+    EXPECT_EQ(at(218, 80), test::blue);
     EXPECT_EQ(at(222, 80), test::white);
     ctx.comfort = 0, ctx.cursor_object = 10;
     vel_draw_all_objects(&ctx, 0, 0);

@@ -8,6 +8,8 @@
 
 #include "files/folder_list.h"
 #include "files/paths.h"
+#include "input/text_cursor.h"
+#include "model/traits.h"
 #include "model/walk.h"
 #include "render/geometry.h"
 #include "render/scene.h"
@@ -16,6 +18,7 @@
 #include "text/loading.h"
 #include "text/measure.h"
 #include "window/activation.h"
+#include "window/focus.h"
 #include "window/waiting.h"
 
 namespace velumo {
@@ -48,10 +51,7 @@ public:
         close_window(ctx_, window_);
         ctx_.frame_mode = mode_;
         ctx_.mark_colour = colour_;
-        const u32 top = root_of(ctx_, cursor_);
-        if (cursor_ != 0 && ctx_.active_window == (top != 0 ? top : cursor_)) {
-            ctx_.cursor_object = cursor_;
-        }
+        return_focus(ctx_, cursor_);
         show_all(ctx_);
     }
     OpenWindow(const OpenWindow &) = delete;
@@ -191,11 +191,18 @@ private:
             const auto [folder, name] = split(*file);
             show_folder(folder, pattern_);
             set_name(name);
+            // What is typed takes the place of the suggestion.
+            if (has_comfort(ctx_, VEL_COMFORT_TYPING)) select_name();
         }
         if (!folder_.empty()) return;
         // The message says what could not be read, and the user goes on elsewhere.
         if (!show_folder(here, pattern_)) show_folder("/", pattern_);
         message_.show();
+    }
+
+    void select_name() {
+        const u32 field = number_of(name_part);
+        select_text(ctx_, field, 0, VEL_STRING_SIZE);
     }
 
     // Shows another folder from its start. Where it cannot be read, all but the message stays.

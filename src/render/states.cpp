@@ -106,17 +106,16 @@ Rect inset(const Rect &r, i64 by) {
     return {r.x + by, r.y + by, r.width - 2 * by, r.height - 2 * by};
 }
 
-// Two lines inside the outline, one in the colour of the text and one in its opposite, so that they
-// show on any body and picture.
+// Two lines inside the outline, so that they show on any body and picture: the inner one in the
+// colour of the text, which the body around it sets off, and before it one in between or opposite.
 void draw_ring(vel_context &ctx, u32 number) {
     const vel_object &o = object_at(ctx, number);
     const Rect rect = visible_rect(ctx, number);
     if (rect.width < least_ring || rect.height < least_ring) return;
     const vel_colour text = text_colour(o);
     const vel_colour opposite = brightness(text) < whole / 2 ? white : black;
-    draw_outline(ctx, rect, text);
-    draw_outline(ctx, inset(rect, 1),
-                 has_body(o) ? mixed(text, fill_colour(o), whole / 2) : opposite);
+    draw_outline(ctx, rect, has_body(o) ? mixed(text, fill_colour(o), whole / 2) : opposite);
+    draw_outline(ctx, inset(rect, 1), text);
 }
 
 // Windows show their focus by their marks.

@@ -95,6 +95,11 @@ void set_focus(vel_context &ctx, u32 number) {
         show_active_window(ctx);
 }
 
+void return_focus(vel_context &ctx, u32 number) {
+    const u32 top = root_of(ctx, number);
+    if (number != 0 && ctx.active_window == (top != 0 ? top : number)) ctx.cursor_object = number;
+}
+
 void show_changed(vel_context &ctx, u32 a, u32 b) {
     if ((a == 0 || is_in_active_window(ctx, a)) && (b == 0 || is_in_active_window(ctx, b))) {
         show_active_window(ctx);

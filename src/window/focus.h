@@ -19,6 +19,9 @@ void show_changed(vel_context &ctx, u32 a, u32 b);
 // When there is no focus in the active window: its default answer gets it, or its first answer.
 void focus_answer(vel_context &ctx, const Reach &reach);
 
+// Gives the focus back to an object, after a dialog that was in front of its window.
+void return_focus(vel_context &ctx, u32 number);
+
 // Whether the focus is on an object that keys press.
 bool has_answer_focus(const vel_context &ctx, const Reach &reach);
 
