@@ -94,6 +94,9 @@ def answer_dialogs(tour):
 
     tour.step("The sample is loaded; the form is as it was at first.")
     tour.choose("edit_title", "edit_load", "clicked: edit_load", "name: Jürgen Groß", "amount: 24")
+    # The dialogs have given the focus back to the remarks.
+    tour.click("name", "cursor: name")
+    tour.press_key("Home")
     tour.expect_screen("photos", "log", "order")
 
 
