@@ -40,18 +40,6 @@ protected:
     SDL_Surface *wanted_ = test::make_surface(320, 200);
 };
 
-TEST_F(Paint, top_level_windows_are_kept_off_the_corner) {
-    using Case = std::tuple<int, int, const char *>;
-    for (const auto &[x, y, box] :
-         {Case(10, 24, "11,25 20x10"), Case(11, 25, "11,25 20x10"), Case(12, 26, "12,26 20x10"),
-          Case(5, -9, "11,25 20x10"), Case(310, 192, "310,192 8x3")}) {
-        make(8, VEL_TYPE_WINDOW, x, y, 20, 10);
-        EXPECT_EQ(box_painted(8), box) << x;
-    }
-    make(7, VEL_TYPE_LABEL, 30, 40, 20, 10);
-    EXPECT_EQ(box_painted(7), "30,40 16x16");
-}
-
 // The master admits 103 to 152 and 53 to 102.
 TEST_F(Paint, dependents_are_cut_by_their_master) {
     set_margins(make(8, VEL_TYPE_LABEL, 100, 50, 56, 56), 3);
@@ -67,6 +55,10 @@ TEST_F(Paint, dependents_are_cut_by_their_master) {
     }
     objects[9].master = 0; // an empty object has a body there
     EXPECT_EQ(box_painted(9), "110,60 5x6");
+    make(10, VEL_TYPE_WINDOW, 310, 192, 20, 10);
+    EXPECT_EQ(box_painted(10), "310,192 8x3"); // cut by the screen
+    make(7, VEL_TYPE_LABEL, 30, 40, 20, 10);
+    EXPECT_EQ(box_painted(7), "30,40 16x16");
 }
 
 TEST_F(Paint, a_cut_picture_shows_the_part_that_lies_inside) {
@@ -83,15 +75,13 @@ TEST_F(Paint, a_cut_picture_shows_the_part_that_lies_inside) {
          {Case(110, 60, 8, {110, 60, 40, 35}), Case(90, 40, 8, {100, 50, 50, 45}),
           Case(20, -20, 8, {100, 50, 10, 10}), Case(30, 20, 0, {30, 20, 90, 80})}) {
         clear();
-        o.x = test::u32(x);
-        o.y = test::u32(y);
-        o.master = master;
+        o.x = test::u32(x), o.y = test::u32(y), o.master = master;
         vel_evoke_object(&ctx, 9);
         test::fill(wanted_, test::white);
-        SDL_Rect from{static_cast<Sint16>(shown.x - x), static_cast<Sint16>(shown.y - y), shown.w,
-                      shown.h};
-        SDL_Rect to = shown;
-        SDL_BlitSurface(picture, &from, wanted_, &to);
+        SDL_SetClipRect(wanted_, &shown);
+        SDL_Rect to{static_cast<Sint16>(x), static_cast<Sint16>(y), 0, 0};
+        SDL_BlitSurface(picture, nullptr, wanted_, &to);
+        SDL_SetClipRect(wanted_, nullptr);
         EXPECT_EQ(difference(wanted_), "") << x << "," << y;
     }
 }
@@ -193,27 +183,28 @@ TEST_F(Paint, the_cursor_is_cut_by_the_text_area) {
     make(8, VEL_TYPE_LABEL, 11, 60, 189, 140);
     vel_object &o = make(9, VEL_TYPE_ENTRY, 11, 0, 189, 0, 8);
     const int h = static_cast<int>(height());
-    const auto expect_cursor = [&](int x, int y, int area_top, int area_bottom, int first,
-                                   int last) {
+    // Where it is, the area, and the rows that show; one pixel only is no line.
+    for (const auto &[x, y, top, bottom, first, last] : {std::array{11, 100, 91, 180, 100, 99 + h},
+                                                         {199, 100, 91, 180, 100, 99 + h},
+                                                         {10, 100, 91, 180, 1, 0},
+                                                         {200, 100, 91, 180, 1, 0},
+                                                         {50, 100, 106, 180, 106, 99 + h},
+                                                         {50, 100, 103, 108, 103, 107},
+                                                         {50, 100, 91, 99 + h, 100, 98 + h},
+                                                         {50, 100, 91, 100, 1, 0},
+                                                         {50, 93 - h, 91, 180, 91, 92}}) {
         clear();
-        o.y = test::u32(area_top);
-        o.height = test::u32(area_bottom - area_top);
-        o.cursor_x = test::u32(x);
-        o.cursor_y = test::u32(y);
+        o.y = test::u32(top), o.height = test::u32(bottom - top);
+        o.cursor_x = test::u32(x), o.cursor_y = test::u32(y);
         vel_draw_cursor(&ctx, 9);
         EXPECT_EQ(box_of(test::blue),
                   last < first ? "" : test::text_of(x, first, 1, last - first + 1))
-            << x << "," << y << " in " << area_top << " to " << area_bottom;
-    };
-    for (const int x : {11, 199}) expect_cursor(x, 100, 91, 180, 100, 100 + h - 1);
-    for (const int x : {10, 200}) expect_cursor(x, 100, 91, 180, 1, 0);
-    expect_cursor(50, 100, 106, 180, 106, 100 + h - 1);
-    expect_cursor(50, 100, 103, 108, 103, 107);
-    expect_cursor(50, 100, 91, 100 + h - 1, 100, 100 + h - 2);
-    expect_cursor(50, 100, 91, 100, 1, 0); // one pixel only is no line
-    expect_cursor(50, 93 - h, 91, 180, 91, 92);
+            << x << "," << y << " in " << top << " to " << bottom;
+    }
+    clear();
     o.font_choice = 1; // its own font is none
-    expect_cursor(50, 100, 91, 180, 1, 0);
+    vel_draw_cursor(&ctx, 9);
+    EXPECT_EQ(box_of(test::blue), "");
 }
 
 } // namespace
