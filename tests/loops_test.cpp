@@ -5,8 +5,6 @@
 
 namespace {
 
-using test::Step;
-
 constexpr Uint8 right_button = SDL_BUTTON_RIGHT;
 constexpr const char *window = "20,60 120x100"; // as it is shown
 
@@ -31,12 +29,10 @@ protected:
         return vel_test_all_objects(&ctx, test::u32(x), test::u32(y));
     }
     std::string label(uint32_t number) const { return objects[number].label; }
-    // Waits after a step that is done at once.
-    uint32_t wait(const Step &step) {
-        step();
+    uint32_t wait_for_click(uint32_t number) {
+        click_on(number);
         return vel_wait_for_object(&ctx);
     }
-    uint32_t wait_for_click(uint32_t number) { return wait(click(number)); }
 };
 
 // The outermost columns and rows of a label belong to its window, and a window that is not active

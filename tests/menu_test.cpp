@@ -34,20 +34,17 @@ protected:
         press_title();
         release(110, 30);
     }
-    uint32_t expect_closed(uint32_t result) {
+    // In the loop that waits for an object, or in that of the menu alone.
+    uint32_t wait(const Steps &steps, uint32_t mode = 2) {
+        set_steps(steps);
+        const uint32_t result =
+            mode == 2 ? vel_wait_for_object(&ctx) : vel_move_out_menu(&ctx, 8, mode);
         EXPECT_TRUE(all_steps_done());
         EXPECT_EQ(objects[8].hidden, 1U);
         for (uint32_t k = 9; k < 12; ++k) EXPECT_EQ(objects[k].fill_r, light.r);
         return result;
     }
-    uint32_t run(uint32_t mode, const Steps &steps) {
-        set_steps(steps);
-        return expect_closed(vel_move_out_menu(&ctx, 8, mode));
-    }
-    uint32_t wait(const Steps &steps) {
-        set_steps(steps);
-        return expect_closed(vel_wait_for_object(&ctx));
-    }
+    uint32_t run(uint32_t mode, const Steps &steps) { return wait(steps, mode); }
     Step expect_open(bool open) {
         return [this, open] { EXPECT_EQ(objects[8].hidden, open ? 0U : 1U); };
     }

@@ -1,6 +1,8 @@
 // Activation, closing, frame buttons: what happens to the stack, to the objects and on the screen.
 #include "support.h"
 
+#include <sstream>
+
 namespace {
 
 using test::Names, test::u32;
@@ -20,21 +22,15 @@ protected:
     }
     // A number opens a window, 0 closes the active one, and -8 closes window 8.
     void open_and_close(const std::vector<int> &steps) {
-        for (const int step : steps) {
-            if (step > 0) {
-                open(u32(step));
-            } else {
-                vel_close_win(&ctx, u32(-step));
-            }
-        }
+        for (const int step : steps) step > 0 ? open(u32(step)) : vel_close_win(&ctx, u32(-step));
     }
     // The active window, how many are counted, and the stack.
     std::string state() const {
-        const auto text = [](uint32_t number) { return std::to_string(number); };
-        std::string found = text(ctx.active_window) + " of " + text(ctx.window_count) + ":";
+        std::ostringstream found;
+        found << ctx.active_window << " of " << ctx.window_count << ":";
         for (const uint32_t *window = ctx.window_stack; *window != 0; ++window)
-            found += " " + text(*window);
-        return found;
+            found << " " << *window;
+        return found.str();
     }
     void act(Action action, uint32_t object = 0) {
         test::updates().clear();
@@ -247,13 +243,12 @@ TEST_F(Windows, frame_buttons_do_what_the_mode_says) {
     open(8);
     using Size = std::array<uint32_t, 4>; // with both offsets
     using Case = std::tuple<uint32_t, uint32_t, Size>;
+    vel_object &o = objects[8];
+    o.x = 100;
     for (const auto &[mode, button, after] :
-         {Case(0, 2, {80, 76}), Case(0, 3, {80, 84}), Case(0, 5, {76, 80}), Case(0, 6, {84, 80}),
-          Case(1, 2, {80, 80, 0, 10}), Case(1, 3, {80, 80, 0, u32(-10)}), Case(1, 5, {80, 80, 10}),
-          Case(1, 6, {80, 80, u32(-10)})}) {
-        vel_object &o = objects[8];
-        o.width = o.height = 80;
-        o.scroll_x = o.scroll_y = 0;
+         {Case(0, 2, {120, 76}), Case(0, 3, {120, 80}), Case(0, 5, {116, 80}),
+          Case(0, 6, {120, 80}), Case(1, 2, {120, 80, 0, 10}), Case(1, 3, {120, 80}),
+          Case(1, 5, {120, 80, 10}), Case(1, 6, {120, 80})}) {
         ctx.frame_mode = mode;
         act(vel_exa_left_pressed, button);
         EXPECT_EQ((Size{o.width, o.height, o.scroll_x, o.scroll_y}), after) << button;
