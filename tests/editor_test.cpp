@@ -17,11 +17,9 @@ protected:
     Editor() { ctx.cursor_object = 8; }
     vel_object &edit_entry(std::string marked, uint32_t max_chars = 100) {
         vel_object &o = make(8, VEL_TYPE_ENTRY, 20, 30, 200, 60);
-        const std::size_t column = marked.find('|');
-        set_label(o, marked.erase(column, 1));
+        o.cursor_line = 0, o.cursor_column = static_cast<uint32_t>(marked.find('|'));
+        set_label(o, marked.erase(o.cursor_column, 1));
         o.max_chars = max_chars;
-        o.cursor_line = 0;
-        o.cursor_column = static_cast<uint32_t>(column);
         return start(o);
     }
     vel_object &edit_text(std::string marked, uint32_t line_width = 10000) {
@@ -142,11 +140,9 @@ TEST_F(Editor, the_cursor_goes_to_its_place_or_the_text_is_shifted) {
             EXPECT_EQ(o.scroll_x - test::u32(scroll), is_hidden ? test::u32(by) * (x - 90) : 0);
         }
     }
-    // Column 0 after a vertical move is at the margin, whatever the scrolling.
-    vel_object &o = edit_text("W|\n\nW");
-    o.scroll_x = test::u32(-5);
-    key(down);
-    EXPECT_EQ(o.cursor_x, 20U);
+    edit_text("W|\n\nW").scroll_x = test::u32(-5);
+    key(down); // column 0 after a vertical move is at the margin, whatever the scrolling
+    EXPECT_EQ(objects[8].cursor_x, 20U);
 }
 
 // The cursor goes to 20 and what is shown of the line.
@@ -156,8 +152,7 @@ TEST_F(Editor, beyond_the_right_edge_typing_shifts_and_the_right_key_does_not) {
          {Case('m', 199, 219, 0), Case('m', 200, 50, 170), Case('m', 201, 50, 171),
           Case(right, 199, 219, 0), Case(right, 200, 50, 0)}) {
         vel_object &o = edit_entry(code == right ? "iii|m" : "iii|");
-        const uint32_t scroll = test::u32(shown) - width_of("iiim");
-        o.scroll_x = scroll;
+        const uint32_t scroll = o.scroll_x = test::u32(shown) - width_of("iiim");
         o.cursor_x = 50;
         key(code);
         EXPECT_EQ(std::tuple(o.cursor_x, o.scroll_x), std::tuple(x, scroll - shift)) << shown;
@@ -166,8 +161,7 @@ TEST_F(Editor, beyond_the_right_edge_typing_shifts_and_the_right_key_does_not) {
     for (const auto &[scroll, after] : {std::pair{-100, -70}, {-20, 0}}) {
         vel_object &o = edit_entry("mmm|");
         o.scroll_x = test::u32(scroll);
-        o.cursor_x = 50 + width_of("mm") + test::u32(scroll);
-        const uint32_t x = o.cursor_x;
+        const uint32_t x = o.cursor_x = 50 + width_of("mm") + test::u32(scroll);
         key(backspace);
         EXPECT_EQ(std::tuple(o.scroll_x, o.cursor_x), std::tuple(test::u32(after), x)) << scroll;
     }

@@ -74,9 +74,8 @@ TEST_F(FileSelector, rows_show_names_and_the_rest_is_hidden) {
     std::string shown;
     for (uint32_t k = 9; k <= 13; ++k) {
         shown += objects[k].label;
-        EXPECT_EQ(std::tuple(objects[k].width, objects[k].hidden),
-                  k <= 11 ? std::tuple(180U, 0U) : std::tuple(0U, 1U))
-            << k;
+        EXPECT_EQ(objects[k].width, k <= 11 ? 180U : 0U) << k;
+        EXPECT_EQ(objects[k].hidden, k <= 11 ? 0U : 1U) << k;
     }
     EXPECT_EQ(shown, "cba");
     EXPECT_EQ(objects[8].height, 3 * (objects[9].height + 3) + 40U);

@@ -65,16 +65,16 @@ TEST(Load, every_field_is_read_from_its_place_and_reserved_words_are_not) {
 }
 
 TEST(Load, only_top_level_objects_and_menus_start_hidden) {
-    using Case = std::tuple<uint32_t, uint32_t, uint32_t>;
-    for (const auto &[type, master, hidden] :
-         {Case(0, 0, 0), Case(1, 0, 5), Case(2, 1, 0), Case(7, 1, 5)}) {
-        Files files(2);
-        files.set(2, type_at, type);
-        files.set(2, master_at, master);
-        files.set(2, hidden_at, 5);
-        ASSERT_EQ(files.load(), VEL_OK);
-        EXPECT_EQ(files.ctx.objects[2].hidden, hidden) << type << master;
+    Files files(5);
+    for (const auto &[object, type, master] :
+         {std::array{2U, 0U, 0U}, {3U, 1U, 0U}, {4U, 2U, 1U}, {5U, 7U, 1U}}) {
+        files.set(object, type_at, type), files.set(object, master_at, master);
+        files.set(object, hidden_at, 5);
     }
+    ASSERT_EQ(files.load(), VEL_OK);
+    const vel_object *o = files.ctx.objects;
+    EXPECT_EQ((std::array{o[2].hidden, o[3].hidden, o[4].hidden, o[5].hidden}),
+              (std::array{0U, 5U, 0U, 5U}));
 }
 
 TEST(Load, whole_records_count_and_spare_ones_are_zero) {

@@ -74,24 +74,19 @@ TEST(Numbers, powers_of_ten_wrap_and_begin_with_ten) {
         EXPECT_EQ(vel_zehnerpotenz(exponent), power) << exponent;
 }
 
-struct Conversion {
-    const char *from;
-    size_t size;
-    const char *to;
-    size_t lost, first_lost;
-};
-
+// What is converted, the room, the result, how many are lost, and where the first of them is.
+using Conversion = std::tuple<const char *, size_t, const char *, size_t, size_t>;
 using Converter = size_t(const char *, char *, size_t, size_t *);
 
 void expect_conversions(Converter &convert, const std::vector<Conversion> &cases) {
-    for (const Conversion &c : cases) {
+    for (const auto &[from, size, result, lost, wanted_first] : cases) {
         const std::string untouched = "########";
         std::string to = untouched;
         size_t first_lost = 99;
-        EXPECT_EQ(convert(c.from, to.data(), c.size, &first_lost), c.lost) << c.from;
-        EXPECT_EQ(first_lost, c.first_lost) << c.from;
-        const std::string written = c.size == 0 ? "" : std::string(c.to) + '\0';
-        EXPECT_EQ(to, written + untouched.substr(written.size())) << c.from;
+        EXPECT_EQ(convert(from, to.data(), size, &first_lost), lost) << from;
+        EXPECT_EQ(first_lost, wanted_first) << from;
+        const std::string written = size == 0 ? "" : std::string(result) + '\0';
+        EXPECT_EQ(to, written + untouched.substr(written.size())) << from;
     }
     char to[] = "ab";
     EXPECT_EQ(convert("\x41", nullptr, 8, nullptr), 1U);
