@@ -1,10 +1,10 @@
 """The clipboard, shared with xclip and with programs that break the rules of X."""
 
-import os
 import subprocess
 import sys
 import tempfile
 import time
+from pathlib import Path
 
 from session import PATIENCE, Display
 from x_peer import ATOM, DELETED, NEW_VALUE, STRING, Peer
@@ -19,19 +19,17 @@ class Program:
         self._process = subprocess.Popen(
             [command], env=display.environment, stdin=subprocess.PIPE, stdout=subprocess.PIPE,
             text=True)  # fmt: skip
-        self._file = os.path.join(folder, "text")
+        self._file = Path(folder, "text")
 
     def begin(self, *words):
         print(*words, self._file, file=self._process.stdin, flush=True)
 
     def end(self):
         assert self._process.stdout.readline() == "done\n", "the program has ended"
-        with open(self._file, encoding="utf-8", newline="") as file:
-            return file.read()
+        return self._file.read_bytes().decode()
 
     def offer(self, board, text):
-        with open(self._file, "w", encoding="utf-8") as file:
-            file.write(text)
+        self._file.write_bytes(text.encode())
         self.begin("offer", board)
         self.end()
 
@@ -63,7 +61,7 @@ def share_with_xclip(display, program):
             program.offer(board, text)
             equal("to xclip", copied(display, board).decode(), text)
             equal("STRING", copied(display, board, "STRING"), text.encode("latin-1", "ignore"))
-            equal("has a time", int(copied(display, board, "TIMESTAMP")) > 0, True)
+            assert int(copied(display, board, "TIMESTAMP")) > 0, "it has no time"
             xclip(display, board, input=(text + "!").encode())
             end = time.monotonic() + PATIENCE  # xclip may end before the part that it leaves begins
             while (pasted := program.paste(board)) == text and time.monotonic() < end:
@@ -82,19 +80,13 @@ def give(kind, unit, data):
     return answer
 
 
-def refuse(peer, *request):
-    peer.answer(request, 0)
-
-
 def paste_from_odd_owners(display, program):
     peer = Peer(display)
     board, utf8, announced = peer.atoms("CLIPBOARD", "UTF8_STRING", "INCR")
-    number = bytes(8)
-
     def in_pieces(*pieces):
         def answer(peer, requestor, *request):
             peer.watch(requestor)
-            give(announced, 32, number)(peer, requestor, *request)
+            give(announced, 32, bytes(8))(peer, requestor, *request)
             for piece in pieces:
                 peer.wait_for_change(requestor, request[2], state=DELETED)
                 peer.change(requestor, request[2], *piece)
@@ -102,6 +94,9 @@ def paste_from_odd_owners(display, program):
         return answer
 
     piece = (utf8, 8, b"x" * 99)
+
+    def refuse(peer, *request):
+        peer.answer(request, 0)
 
     def vanish(peer, *request):
         in_pieces(piece)(peer, *request)
@@ -112,7 +107,7 @@ def paste_from_odd_owners(display, program):
         ("STRING as UTF8_STRING", "ä", give(STRING, 8, b"\xe4")),
         ("nothing at all", "", refuse, refuse),
         ("another type", "", give(ATOM, 8, b"x")),
-        ("numbers as text", "", give(utf8, 32, number)),
+        ("numbers as text", "", give(utf8, 32, bytes(8))),
         ("no property", "", lambda peer, *request: peer.answer(request, request[3])),
         ("no answer", "", lambda peer, *request: None),
         ("pieces", "x" * 198, in_pieces(piece, piece, (utf8, 8, b""))),
