@@ -1,23 +1,21 @@
-// The program as it is started: statuses, outputs, what stays when something fails.
+// The program as it is started: statuses, outputs, pictures, what stays when something fails.
 #include "forms.h"
+
+#include <set>
+
+#include <SDL_image.h>
 
 namespace {
 
+using test::contents;
 using test::Folder;
 using test::run;
 
-std::string contents(const std::string &path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
 // The names of all files and folders below a folder, in order.
 std::string names_in(const Folder &folder) {
-    std::vector<std::string> paths;
-    for (const auto &entry : std::filesystem::recursive_directory_iterator(folder.file(""))) {
-        paths.push_back(entry.path().string().substr(folder.file("").size()));
-    }
-    std::ranges::sort(paths);
+    std::set<std::string> paths;
+    for (const auto &entry : std::filesystem::recursive_directory_iterator(folder.file("")))
+        paths.insert(entry.path().string().substr(folder.file("").size()));
     std::string names;
     for (const std::string &path : paths) names += (names.empty() ? "" : " ") + path;
     return names;
@@ -34,35 +32,30 @@ std::string in(const Folder &folder, std::string text) {
 const std::string window = "[[window]]\nid = 'main'\nrect = [20, 30, 9, 9]\n";
 const std::string good = window + "text = 't'\n";
 TEST(Compile, writes_three_files_and_the_pictures_of_the_frame) {
-    const struct {
-        const char *options, *form, *text, *header, *constant;
-    } cases[] = {
+    const std::array<std::string, 5> cases[] = {
         {"", "a.form", "a.text", "a.h", "A_MAIN"},
         {"-o @/b.form", "b.form", "b.text", "b.h", "A_MAIN"},
         {"--form @/x --text @/y --header @/z", "x", "y", "z", "A_MAIN"},
         {"--prefix other", "a.form", "a.text", "a.h", "OTHER_MAIN"},
     };
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.options);
+    for (const auto &[options, form, text, header, constant] : cases) {
+        SCOPED_TRACE(options);
         const Folder folder;
         const auto result =
-            run("compile " + folder.write("a.toml", good) + " " + in(folder, c.options));
+            run("compile " + folder.write("a.toml", good) + " " + in(folder, options));
         EXPECT_EQ(result.status, 0);
         EXPECT_EQ(result.output, "");
-        EXPECT_EQ(contents(folder.file(c.form)).size(), 8U * 776);
-        EXPECT_EQ(contents(folder.file(c.text)).size(), 1008U);
-        EXPECT_NE(contents(folder.file(c.header)).find(std::string(c.constant) + " = 8,"),
-                  std::string::npos);
+        EXPECT_EQ(contents(folder.file(form)).size(), 8U * 776);
+        EXPECT_EQ(contents(folder.file(text)).size(), 1008U);
+        EXPECT_NE(contents(folder.file(header)).find(constant + " = 8,"), std::string::npos);
         EXPECT_EQ(std::ranges::count(names_in(folder), ' '), 3 + 8);
     }
 }
 
 TEST(Compile, leaves_the_pictures_that_are_there_and_says_which_are_missing) {
     const std::string label = "[[object]]\ntype = 'label'\nrect = [0, 0, 9, 9]\n";
-    const struct {
-        std::string source, missing; // in the folder of the compiled form
-        bool has_frame;
-    } cases[] = {
+    // What is missing in the folder of the compiled form, and whether it has pictures of the frame.
+    const std::tuple<std::string, std::string, bool> cases[] = {
         {window, "", true},
         {label, "", false},
         {"[frame]\npictures = 'my'\n" + window, "my/mode.png", false},
@@ -71,47 +64,43 @@ TEST(Compile, leaves_the_pictures_that_are_there_and_says_which_are_missing) {
         {"[[object]]\ntype = 'picture'\npicture = 'by_source.png'", "", false},
         {label + "font_file = 'f.ttf'", "f.ttf", false},
     };
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.source);
+    for (const auto &[source, missing, has_frame] : cases) {
+        SCOPED_TRACE(source);
         const Folder folder, target;
-        folder.write("by_source.png", "");
-        if (c.has_frame) {
-            std::filesystem::create_directory(target.file("frame"));
+        folder.write("by_source.png");
+        if (has_frame) {
+            target.fill({"frame/"});
             target.write("frame/move.png", "mine");
         }
         const auto result =
-            run("compile " + folder.write("a.toml", c.source) + " -o " + target.file("a.form"));
+            run("compile " + folder.write("a.toml", source) + " -o " + target.file("a.form"));
         EXPECT_EQ(result.status, 0);
-        EXPECT_EQ(result.output.empty(), c.missing.empty()) << result.output;
-        const std::string place = "put it at " + target.file(c.missing) + "\n";
-        EXPECT_TRUE(c.missing.empty() || result.output.find(place) != std::string::npos);
-        EXPECT_EQ(std::ranges::count(names_in(target), ' '), c.has_frame ? 2 + 8 : 2);
-        EXPECT_EQ(contents(target.file("frame/move.png")), c.has_frame ? "mine" : "");
+        EXPECT_EQ(result.output.empty(), missing.empty()) << result.output;
+        const std::string place = "put it at " + target.file(missing) + "\n";
+        EXPECT_TRUE(missing.empty() || result.output.find(place) != std::string::npos);
+        EXPECT_EQ(std::ranges::count(names_in(target), ' '), has_frame ? 2 + 8 : 2);
+        EXPECT_EQ(contents(target.file("frame/move.png")), has_frame ? "mine" : "");
     }
 }
 
 TEST(Compile, leaves_all_files_as_they_were_when_anything_fails) {
-    const struct {
-        std::string source, old, blocked; // the output that is a folder and cannot be replaced
-        int status;
-    } cases[] = {{"x = 1", "a.form a.h a.text", "", 1},
-                 {good, "a.h a.text", "a.form", 3},
-                 {good, "a.form a.h", "a.text", 3},
-                 {good, "a.form a.text", "a.h", 3},
-                 {good, "", "a.h", 3},
-                 {good, "frame", "", 3}};
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.old + " / " + c.blocked);
+    // What there was before; an output that is a folder and cannot be replaced; the status.
+    const std::tuple<std::string, test::Names, test::Names, int> cases[] = {
+        {"x = 1", {"a.form", "a.h", "a.text"}, {}, 1},
+        {good, {"a.h", "a.text"}, {"a.form/"}, 3},
+        {good, {"a.form", "a.h"}, {"a.text/"}, 3},
+        {good, {"a.form", "a.text"}, {"a.h/"}, 3},
+        {good, {}, {"a.h/"}, 3},
+        {good, {"frame"}, {}, 3}};
+    for (const auto &[text, old, blocked, status] : cases) {
         const Folder folder;
-        const std::string source = folder.write("a.toml", c.source);
-        std::istringstream old(c.old);
-        for (std::string name; old >> name;) folder.write(name, "old");
-        if (!c.blocked.empty()) std::filesystem::create_directories(folder.file(c.blocked));
+        const std::string source = folder.write("a.toml", text);
+        for (const std::string &name : old) folder.write(name, "old");
+        folder.fill(blocked);
         const std::string before = names_in(folder);
-        EXPECT_EQ(run("compile " + source).status, c.status);
+        EXPECT_EQ(run("compile " + source).status, status) << before;
         EXPECT_EQ(names_in(folder), before);
-        old = std::istringstream(c.old);
-        for (std::string name; old >> name;) EXPECT_EQ(contents(folder.file(name)), "old") << name;
+        for (const std::string &name : old) EXPECT_EQ(contents(folder.file(name)), "old") << before;
     }
 }
 
@@ -120,11 +109,7 @@ TEST(Command, ends_with_the_status_that_fits) {
     folder.write("a.toml", good + "objects = [{ id = 'inner', type = 'window' }]\n");
     folder.write("faulty.toml", "x = 1\n");
     folder.write("warned.toml", "[[window]]");
-    const struct {
-        std::string arguments;
-        int status;
-        std::string message;
-    } cases[] = {
+    const std::tuple<std::string, int, std::string> cases[] = {
         {"", 2, "subcommand"},
         {"compile -o @/a.toml @/a.toml", 2, "different files"},
         {"compile @/missing.toml", 3, "missing.toml: No such file"},
@@ -138,13 +123,41 @@ TEST(Command, ends_with_the_status_that_fits) {
         {"render @/a.form @/a.text -o @/b.png --font @/none.ttf", 3, "none.ttf"},
         {"render @/a.form @/a.text -o @/none/b.png", 3, "none/b.png"},
     };
-    for (const auto &c : cases) {
-        const auto result = run(in(folder, c.arguments));
-        SCOPED_TRACE(c.arguments + '\n' + result.output);
-        EXPECT_EQ(result.status, c.status);
-        EXPECT_NE(result.output.find(in(folder, c.message)), std::string::npos);
+    for (const auto &[arguments, status, message] : cases) {
+        const auto result = run(in(folder, arguments));
+        SCOPED_TRACE(arguments + '\n' + result.output);
+        EXPECT_EQ(result.status, status);
+        EXPECT_NE(result.output.find(in(folder, message)), std::string::npos);
     }
     EXPECT_FALSE(std::filesystem::exists(folder.file("b.png")));
+}
+
+TEST(Render, frames_the_window_opened_last_and_outlines_a_button_without_its_picture) {
+    const Folder folder;
+    folder.write("a.toml", "[[window]]\nid = 'first'\nrect = [50, 50, 200, 100]\n"
+                           "[[window]]\nid = 'second'\nrect = [50, 50, 240, 100]\n"
+                           "fill = '#ff0000'\nhidden = false");
+    ASSERT_EQ(run("compile " + folder.file("a.toml")).status, 0);
+    const int left = 250 - 4 * 16, right = left + 15; // the fourth button
+    std::filesystem::remove(folder.file("frame/mode.png"));
+    const auto result = run("render a.form a.text -o a.png --background '#ffffff' --size 300x400 "
+                            "--activate second --activate A_FIRST -C " +
+                            folder.file(""));
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.output,
+              "velform: warning: object 4: cannot load the picture frame/mode.png\n");
+    SDL_Surface *drawn = IMG_Load(folder.file("a.png").c_str());
+    ASSERT_NE(drawn, nullptr);
+    EXPECT_EQ(std::pair(drawn->w, drawn->h), std::pair(300, 400));
+    for (int k = 0; k < 16; ++k) {
+        for (const auto &[x, y] : {std::pair{left, 26 + k}, std::pair{right, 26 + k},
+                                   std::pair{left + k, 26}, std::pair{left + k, 41}}) {
+            EXPECT_EQ(test::pixel_of(drawn, x, y), (vel_colour{0x93, 0xA1, 0xB5}));
+        }
+    }
+    EXPECT_EQ(test::pixel_of(drawn, left + 8, 34), test::white);
+    EXPECT_EQ(test::pixel_of(drawn, 270, 100), test::red); // the second window, below the first
+    SDL_FreeSurface(drawn);
 }
 
 } // namespace

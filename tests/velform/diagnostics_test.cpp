@@ -5,11 +5,8 @@ namespace {
 
 using test::Compiled;
 
-struct Fault {
-    std::string source;
-    const char *place; // line and column
-    const char *names; // what the message says
-};
+// The source, the line and column of the message, and what it says.
+using Fault = std::array<std::string, 3>;
 
 // Returns the first line with the beginning and its line feed, or nothing.
 std::string line_with(const std::string &messages, const std::string &begins) {
@@ -21,13 +18,12 @@ std::string line_with(const std::string &messages, const std::string &begins) {
 }
 
 void expect_messages(const std::vector<Fault> &faults, const std::string &severity = "error") {
-    for (const Fault &fault : faults) {
-        SCOPED_TRACE(fault.source.substr(0, 200));
-        const Compiled c(fault.source);
-        const std::string begin = "f:" + std::string(fault.place) + ": " + severity + ": ";
-        const std::string line = line_with(c.messages, begin);
-        EXPECT_NE(line, "") << begin << " is not in:\n" << c.messages.substr(0, 1000);
-        EXPECT_NE(line.find(fault.names), std::string::npos) << line;
+    for (const auto &[source, place, names] : faults) {
+        SCOPED_TRACE(source.substr(0, 200));
+        const Compiled c(source);
+        const std::string line = line_with(c.messages, "f:" + place + ": " + severity + ": ");
+        EXPECT_NE(line, "") << place << " is not in:\n" << c.messages.substr(0, 1000);
+        EXPECT_NE(line.find(names), std::string::npos) << line;
         EXPECT_EQ(c.is_good, severity == "warning");
     }
 }

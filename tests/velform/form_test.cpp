@@ -7,19 +7,12 @@
 namespace {
 
 using test::Compiled;
+using test::object;
 using velform::Kind;
 using velform::RecordField;
 
-std::string object(std::string_view type, const std::string &keys) {
-    return "[[object]]\ntype = '" + std::string(type) + "'\n" + keys + "\n";
-}
-
-struct Words {
-    std::string source;
-    std::string words; // as in "8.x=-1 9.dep_objs.2=11 10.label=Yes"
-};
-
-void expect_words(const std::vector<Words> &cases) {
+// Sources and words, as in "8.x=-1 9.dep_objs.2=11 10.label=Yes".
+void expect_words(const std::vector<std::array<std::string, 2>> &cases) {
     for (const auto &[source, words] : cases) {
         SCOPED_TRACE(source);
         const Compiled c(source);
@@ -202,9 +195,8 @@ TEST(FileDialog, becomes_a_window_with_its_parts_in_order_and_takes_styles) {
     EXPECT_EQ(c.text(1), "Open");
     for (const char *name :
          {"F_OPEN = 9,", "F_OPEN_FOLDER = 10,", "F_OPEN_LIST = 11,", "F_OPEN_NAME = 17,",
-          "F_OPEN_OK = 18,", "F_OPEN_CANCEL = 19,", "F_OPEN_MESSAGE = 20,", "F_LAST = 22,"}) {
+          "F_OPEN_OK = 18,", "F_OPEN_CANCEL = 19,", "F_OPEN_MESSAGE = 20,", "F_LAST = 22,"})
         EXPECT_NE(c.header.find(name), std::string::npos) << name;
-    }
 }
 
 TEST(Header, has_names_by_id_and_whole_but_those_of_texts_are_no_objects) {

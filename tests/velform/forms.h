@@ -28,6 +28,10 @@ inline std::size_t place_of(const std::string &member) {
     throw std::out_of_range(member);
 }
 
+inline std::string object(std::string_view type, const std::string &keys) {
+    return "[[object]]\ntype = '" + std::string(type) + "'\n" + keys + "\n";
+}
+
 struct Compiled {
     std::string form, texts, header, messages;
     bool is_good = false;

@@ -6,6 +6,7 @@
 namespace {
 
 using test::Compiled;
+using test::object;
 
 // As in "8 default; 9 key=s disabled"; objects of which nothing is said are left out.
 std::string shown(const vel_context &ctx) {
@@ -33,10 +34,6 @@ std::string loaded(const std::string &form, const std::string &texts, std::uint3
     const std::string result = shown(ctx);
     vel_close(&ctx);
     return result;
-}
-
-std::string object(const std::string &type, const std::string &keys) {
-    return "[[object]]\ntype = '" + type + "'\n" + keys + "\n";
 }
 
 TEST(Traits, of_a_source_reach_the_library_where_they_mean_something) {
