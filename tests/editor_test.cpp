@@ -17,7 +17,8 @@ protected:
     Editor() { ctx.cursor_object = 8; }
     vel_object &edit_entry(std::string marked, uint32_t max_chars = 100) {
         vel_object &o = make(8, VEL_TYPE_ENTRY, 20, 30, 200, 60);
-        o.cursor_line = 0, o.cursor_column = static_cast<uint32_t>(marked.find('|'));
+        o.cursor_line = 0;
+        o.cursor_column = static_cast<uint32_t>(marked.find('|'));
         set_label(o, marked.erase(o.cursor_column, 1));
         o.max_chars = max_chars;
         return start(o);

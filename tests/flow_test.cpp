@@ -23,11 +23,7 @@ protected:
         objects[8].stream = stream.data();
         return vel_format_stream_to_linked_objects(&ctx, 8);
     }
-    static std::string feeds(int count) {
-        std::string text;
-        for (int k = 0; k < count; ++k) text += "a\n";
-        return text;
-    }
+    static std::string feeds(int count) { return count == 0 ? "" : "a\n" + feeds(count - 1); }
     std::string stream;
 };
 
@@ -37,8 +33,8 @@ protected:
 TEST_F(Flow, the_last_line_of_a_member_leads_to_the_next) {
     const std::string full = std::string(49, 'i') + " " + std::string(48, 'i') + " ";
     const uint32_t wide = 100000, mm = width_of("mm"), mm_m = width_of("mm m");
-    const std::tuple<std::string, uint32_t, const char *, const char *, const char *, uint32_t,
-                     uint32_t, uint32_t>
+    using Line = const char *;
+    const std::tuple<std::string, uint32_t, Line, Line, Line, uint32_t, uint32_t, uint32_t>
         cases[] = {{"one two\nthree", wide, "", "", "", 1, 1, 0},
                    {feeds(80) + "next", wide, "a", "a", "next", 0, 0, 39},
                    {feeds(39) + "mm mmm", mm_m, "mm ", "mmm", "", 0, 0, 0},

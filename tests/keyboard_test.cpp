@@ -249,7 +249,8 @@ TEST_F(Keyboard, closing_the_program_ends_every_loop) {
         EXPECT_EQ(vel_wait_for_object(&ctx), 0U); // sees it, too
     }
     for (const Keys &keys : {Keys{}, Keys{f10}, Keys{frame, enter}}) {
-        push(keys), push_type(SDL_QUIT);
+        push(keys);
+        push_type(SDL_QUIT);
         EXPECT_EQ(vel_wait_for_object(&ctx), 0U);
         EXPECT_EQ(vel_quit_requested(&ctx), 1U);
         SDL_Event event;

@@ -68,7 +68,8 @@ TEST(Load, only_top_level_objects_and_menus_start_hidden) {
     Files files(5);
     for (const auto &[object, type, master] :
          {std::array{2U, 0U, 0U}, {3U, 1U, 0U}, {4U, 2U, 1U}, {5U, 7U, 1U}}) {
-        files.set(object, type_at, type), files.set(object, master_at, master);
+        files.set(object, type_at, type);
+        files.set(object, master_at, master);
         files.set(object, hidden_at, 5);
     }
     ASSERT_EQ(files.load(), VEL_OK);

@@ -75,7 +75,9 @@ TEST_F(Paint, a_cut_picture_shows_the_part_that_lies_inside) {
          {Case(110, 60, 8, {110, 60, 40, 35}), Case(90, 40, 8, {100, 50, 50, 45}),
           Case(20, -20, 8, {100, 50, 10, 10}), Case(30, 20, 0, {30, 20, 90, 80})}) {
         clear();
-        o.x = test::u32(x), o.y = test::u32(y), o.master = master;
+        o.x = test::u32(x);
+        o.y = test::u32(y);
+        o.master = master;
         vel_evoke_object(&ctx, 9);
         test::fill(wanted_, test::white);
         SDL_SetClipRect(wanted_, &shown);
@@ -194,8 +196,10 @@ TEST_F(Paint, the_cursor_is_cut_by_the_text_area) {
                                                          {50, 100, 91, 100, 1, 0},
                                                          {50, 93 - h, 91, 180, 91, 92}}) {
         clear();
-        o.y = test::u32(top), o.height = test::u32(bottom - top);
-        o.cursor_x = test::u32(x), o.cursor_y = test::u32(y);
+        o.y = test::u32(top);
+        o.height = test::u32(bottom - top);
+        o.cursor_x = test::u32(x);
+        o.cursor_y = test::u32(y);
         vel_draw_cursor(&ctx, 9);
         EXPECT_EQ(box_of(test::blue),
                   last < first ? "" : test::text_of(x, first, 1, last - first + 1))

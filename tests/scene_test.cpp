@@ -128,7 +128,8 @@ TEST_F(Scene, dependents_are_hidden_when_no_part_of_them_lies_inside) {
     }
     o.x = o.hidden = 0;
     for (const bool is_menu : {true, false}) { // menus, and what has no size, keep what they are
-        o.type = is_menu ? VEL_TYPE_MENU : VEL_TYPE_LABEL, o.width = is_menu ? 10 : 0;
+        o.type = is_menu ? VEL_TYPE_MENU : VEL_TYPE_LABEL;
+        o.width = is_menu ? 10 : 0;
         vel_switch_dep_object(&ctx, 8);
         EXPECT_EQ(o.hidden, 0U) << is_menu;
     }
@@ -136,7 +137,10 @@ TEST_F(Scene, dependents_are_hidden_when_no_part_of_them_lies_inside) {
 
 TEST_F(Scene, dependents_of_fitted_borders_cover_the_inner_area) {
     vel_object &m = make(8, VEL_TYPE_WINDOW, 100, 100, 50, 40);
-    m.margin_left = 5, m.margin_right = 6, m.margin_top = 7, m.margin_bottom = 8;
+    m.margin_left = 5;
+    m.margin_right = 6;
+    m.margin_top = 7;
+    m.margin_bottom = 8;
     m.border_inset = 2;
     vel_object &o = make(9, VEL_TYPE_LABEL, 1, 1, 1, 1, 8);
     using Numbers = std::array<uint32_t, 5>;
