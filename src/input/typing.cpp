@@ -195,7 +195,7 @@ private:
     void copy() {
         const Selection &elsewhere = state_of(ctx_).selection;
         const Selection &chosen = selection().is_empty() ? elsewhere : selection();
-        if (chosen.is_empty()) return;
+        if (chosen.is_empty() || text_owner(ctx_, chosen.owner) != chosen.owner) return;
         if (traits_of(ctx_, chosen.owner).password) {
             refuse(ctx_, VEL_REFUSED_SECRET, 0);
             return;
