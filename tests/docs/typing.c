@@ -1,4 +1,4 @@
-/* Draws what typing looks like, for docs/text.md: typing selection|refusal PICTURE.BMP */
+/* Draws the pictures of docs/text.md and docs/events.md: typing selection|refusal|states BMP */
 #include <stdlib.h>
 #include <string.h>
 
@@ -6,7 +6,7 @@
 
 #include "typing.h"
 
-enum { WIDTH = 400, HEIGHT = 192, FLASH_IS_SURE = 50 /* milliseconds */ };
+enum { WIDTH = 400, HEIGHT = 192 };
 
 static int start(vel_context *ctx) {
     const vel_colour desk = {0xe3, 0xe9, 0xf0}, orange = {0xd9, 0x70, 0x3b};
@@ -34,16 +34,11 @@ static void type(vel_context *ctx, char character) {
     vel_get_text(ctx);
 }
 
-/* The caret shows its colour for a moment only; on a busy machine that may be over. */
 static void show_refusal(vel_context *ctx) {
-    Uint32 begin;
     vel_set_selection(ctx, TYPING_BOXES, 2, 2);
     ctx->cursor_object = TYPING_BOXES;
-    do {
-        begin = SDL_GetTicks();
-        type(ctx, 'x');
-        vel_draw_all_objects(ctx, 0, 1);
-    } while (SDL_GetTicks() - begin > FLASH_IS_SURE);
+    type(ctx, 'x');
+    vel_draw_all_objects(ctx, 0, 1);
 }
 
 static void show_selection(vel_context *ctx) {
@@ -54,18 +49,45 @@ static void show_selection(vel_context *ctx) {
     vel_draw_all_objects(ctx, 0, 1);
 }
 
+static int is_saved(const vel_context *ctx, const char *path) {
+    return SDL_SaveBMP(ctx->screen, path) == 0;
+}
+
+/* States show only while a loop runs. */
+static void save_and_end(vel_context *ctx) {
+    SDL_Event event = {.type = SDL_QUIT};
+    if (is_saved(ctx, ctx->application_a[0])) ctx->application_a[1] = ctx;
+    SDL_PushEvent(&event);
+}
+
+static int save_states(vel_context *ctx, char *path) {
+    const vel_object *hovered = &ctx->objects[TYPING_HOVERED];
+    SDL_Event event = {.type = SDL_MOUSEMOTION};
+    event.motion.x = (Uint16)(hovered->x + 20);
+    event.motion.y = (Uint16)(hovered->y + 20);
+    SDL_PushEvent(&event);
+    ctx->cursor_object = TYPING_FOCUSED;
+    vel_draw_all_objects(ctx, 0, 1);
+    ctx->application_a[0] = path;
+    ctx->idle_hook = save_and_end;
+    vel_wait_for_object(ctx);
+    return ctx->application_a[1] != NULL;
+}
+
 int main(int count, char **words) {
     static vel_context ctx;
     if (count != 3 || !start(&ctx)) return 1;
-    ctx.window_to_activate = TYPING_NOTE;
+    const int shows_states = strcmp(words[1], "states") == 0;
+    ctx.window_to_activate = shows_states ? TYPING_STATES : TYPING_NOTE;
     vel_activate_window(&ctx);
     vel_draw_all_objects(&ctx, 1, 1);
-    if (strcmp(words[1], "refusal") == 0) {
-        show_refusal(&ctx);
+    int is_done = 0;
+    if (shows_states) {
+        is_done = save_states(&ctx, words[2]);
     } else {
-        show_selection(&ctx);
+        (strcmp(words[1], "refusal") == 0 ? show_refusal : show_selection)(&ctx);
+        is_done = is_saved(&ctx, words[2]);
     }
-    const int is_saved = SDL_SaveBMP(ctx.screen, words[2]) == 0;
     vel_close(&ctx);
-    return is_saved ? 0 : 1;
+    return is_done ? 0 : 1;
 }
