@@ -398,6 +398,13 @@ typedef struct vel_context {
     uint32_t comfort; /**< Read-write. Sum of flags of vel_comfort; default 0, none. To
                            be set before loading, so that what the form says beyond
                            its records counts. */
+    uint32_t partial_redraw;  /**< Read-write. 1 = nobody but the library draws inside windows, so
+                                   that vel_get_text() repaints and updates only what a key has
+                                   changed; default 0, the whole active window. A program that
+                                   changes the pixels of a picture has to draw the window
+                                   itself. */
+    uint32_t text_cache_size; /**< Read-write. Bytes of rendered lines that are kept for the next
+                                   redraw; default 0, 4 MiB. */
 } vel_context;
 
 /** \name Start-up and shutdown */
