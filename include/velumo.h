@@ -395,9 +395,9 @@ typedef struct vel_context {
     struct vel_state *state;        /**< Private to the library. What it keeps for itself; made when
                                          it is first needed, released by vel_close(). Default
                                          null. */
-    uint32_t comfort; /**< Read-write. Sum of flags of vel_comfort; default 0, none. To
-                           be set before loading, so that what the form says beyond
-                           its records counts. */
+    uint32_t comfort;         /**< Read-write. Sum of flags of vel_comfort; default 0, none. To
+                                   be set before loading, so that what the form says beyond
+                                   its records counts. */
     uint32_t partial_redraw;  /**< Read-write. 1 = nobody but the library draws inside windows, so
                                    that vel_get_text() repaints and updates only what a key has
                                    changed; default 0, the whole active window. A program that
