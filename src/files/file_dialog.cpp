@@ -228,8 +228,9 @@ private:
         const u32 room = field.width - field.margin_left - field.margin_right;
         const std::string path = latin1_of(folder_);
         std::string label = path;
-        for (std::size_t cut = 1; cut < path.size() && (label.size() > longest_label ||
-                                                        text_width(font, label.c_str()) > room);
+        for (std::size_t cut = 1;
+             cut < path.size() &&
+             (label.size() > longest_label || text_width(ctx_, font, label.c_str()) > room);
              ++cut) {
             label = cut_mark;
             label += path.substr(cut);

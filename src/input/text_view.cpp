@@ -5,7 +5,7 @@
 namespace velumo {
 
 TextView::TextView(const vel_context &ctx, vel_object &object)
-    : o_(object), font_(font_of(ctx, object)), height_(font_height(font_)),
+    : ctx_(ctx), o_(object), font_(font_of(ctx, object)), height_(font_height(font_)),
       pitch_(line_pitch(font_, object)), limits_(text_limits(ctx, ctx.cursor_object)),
       origin_x_(as_field(limits_.x.begin) + object.scroll_x),
       origin_y_(as_field(limits_.y.begin) + object.scroll_y) {}
@@ -14,7 +14,7 @@ u32 TextView::x_after(const char *line, u32 count) const {
     if (count == 0) return origin_x_;
     char part[VEL_TEXT_SIZE + 1];
     copy_up_to(std::min<u32>(count, VEL_TEXT_SIZE - 1) - 1, line, part);
-    return origin_x_ + text_width(font_, part);
+    return origin_x_ + text_width(ctx_, font_, part);
 }
 
 void TextView::follow_right(u32 x) {

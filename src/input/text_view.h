@@ -35,6 +35,7 @@ private:
     bool is_left_of_right_edge(u32 x) const { return as_signed(x) < limits_.x.end; }
     u32 y_of_line() const { return origin_y_ + o_.cursor_line * pitch_; }
 
+    const vel_context &ctx_;
     vel_object &o_;
     TTF_Font *font_;
     const u32 height_, pitch_;

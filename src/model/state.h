@@ -7,6 +7,7 @@
 #include <memory>
 #include <string>
 
+#include "model/kept.h"
 #include "model/lists.h"
 #include "model/shared_clipboard.h"
 #include "model/typing.h"
@@ -41,6 +42,9 @@ struct vel_state {
     std::uint32_t hovered = 0, pressed = 0; // answers that the pointer is on, while a loop runs
     std::string clipboard, primary; // what the program itself has copied and selected, in UTF-8
     std::unique_ptr<velumo::SharedClipboard> shared_clipboard; // null until it is needed
+    std::unique_ptr<velumo::Kept> fonts; // tables of their glyphs, see text/fonts
+    // For tests: nothing is kept between drawings and nothing left out, as it is without memory.
+    bool draws_plainly = false;
 };
 
 namespace velumo {

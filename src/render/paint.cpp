@@ -111,7 +111,7 @@ public:
 private:
     bool paint_line(u32 line, Span rows) {
         const ShownLine shown(ctx_, number_, line);
-        const u32 width = text_width(font_, shown.text());
+        const u32 width = text_width(ctx_, font_, shown.text());
         // The offset stays in the record.
         centre_line(ctx_, object_, limits_, width, object_.scroll_x);
         const u32 left = object_.x + object_.margin_left + object_.scroll_x;

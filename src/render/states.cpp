@@ -145,10 +145,10 @@ void underline_key(vel_context &ctx, u32 number) {
     if (place + 1 >= sizeof part || o.label[place] == '\0') return;
     std::memcpy(part, o.label, place + 1);
     const i64 left = as_signed(o.x + o.margin_left + o.scroll_x);
-    const i64 end = left + text_width(font, part);
+    const i64 end = left + text_width(ctx, font, part);
     part[place] = '\0';
     const Limits limits = text_limits(ctx, number);
-    const i64 begin = std::max(left + text_width(font, part), limits.x.begin);
+    const i64 begin = std::max(left + text_width(ctx, font, part), limits.x.begin);
     const i64 y = as_signed(o.y + o.margin_top + o.scroll_y) + TTF_FontAscent(font) + 1;
     if (y < limits.y.begin || y >= limits.y.end) return;
     draw_box(ctx, {begin, y, std::max<i64>(std::min(end, limits.x.end) - begin, 0), 1},

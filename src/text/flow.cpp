@@ -1,8 +1,8 @@
 #include "text/flow.h"
 
 #include <cstdio>
-#include <cstring>
 
+#include "text/fonts.h"
 #include "text/line_breaker.h"
 #include "text/line_width.h"
 
@@ -219,13 +219,14 @@ i32 place_word_in_chain(vel_context &ctx, u32 master, ChainPlace &at, Word &word
 }
 
 u32 format_chain(vel_context &ctx, u32 master) {
+    const FontsStay fonts_stay(ctx);
     const vel_object &head = object_at(ctx, master);
     const u32 first = head.dep_objs[0];
     if (head.type != VEL_TYPE_CHAIN || !is_member(ctx, first)) return 0;
     set_line_width_from_area(ctx, first);
     if (head.stream == nullptr || head.stream[0] == '\0') return 0;
     ChainLines lines{ctx, master, first, {buffer_of(ctx, object_at(ctx, first)), 0, 0}};
-    LineBreaker(lines).run(head.stream, std::strlen(head.stream));
+    LineBreaker(lines).run(head.stream);
     return lines.place.line;
 }
 

@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "model/types.h"
+#include "text/fonts.h"
 #include "text/line_breaker.h"
 #include "text/line_width.h"
 
@@ -74,6 +75,7 @@ u32 centre_caption(vel_object &o, TTF_Font *font) {
 } // namespace
 
 u32 format_text(vel_context &ctx, u32 number) {
+    const FontsStay fonts_stay(ctx);
     vel_object &o = object_at(ctx, number);
     const u32 text = text_of(ctx, o);
     if (!has_paragraphs(o) || text == 0 || buffer_of(ctx, o) == 0) return 0;
@@ -84,7 +86,7 @@ u32 format_text(vel_context &ctx, u32 number) {
     // On purpose: an emptied text keeps its number of lines.
     if (length == 0) return 0;
     ObjectLines lines{ctx, o, {text, 0, 0}};
-    LineBreaker(lines).run(characters, length);
+    LineBreaker(lines).run({characters, length});
     o.number_of_lines = lines.place.line;
     clear_lines(ctx, text, o.number_of_lines + 1, last_line);
     return o.number_of_lines;

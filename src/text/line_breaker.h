@@ -8,21 +8,24 @@ namespace velumo {
 // The characters of a word that is not placed yet.
 class WordBuffer {
 public:
+    static constexpr u32 max_characters = 70;
+
     bool is_empty() const { return length_ == 0; }
     bool is_full() const { return length_ == max_characters; }
     Word word() const { return {characters_, length_}; }
 
-    void append(char character) {
-        characters_[length_] = character;
-        characters_[++length_] = '\0';
+    void append(std::string_view characters) {
+        std::copy(characters.begin(), characters.end(), characters_ + length_);
+        length_ += static_cast<u32>(characters.size());
+        characters_[length_] = '\0';
     }
+    u32 room() const { return max_characters - length_; }
     void clear() {
         length_ = 0;
         characters_[0] = '\0';
     }
 
 private:
-    static constexpr u32 max_characters = 70;
     char characters_[max_characters + 1] = {};
     u32 length_ = 0;
 };
@@ -63,15 +66,40 @@ public:
         : target_(target), converts_umlauts_(target.ctx.umlaut_conversion == 1) {}
 
     // Takes the characters of a text and its NUL, as long as there is room.
-    void run(const char *text, std::size_t length) {
-        for (std::size_t k = 0; k <= length && target_.has_room() && !finished_; ++k) {
-            take(k < length ? text[k] : '\0');
+    void run(std::string_view text) {
+        while (target_.has_room() && !finished_) {
+            if (text.empty()) {
+                take('\0');
+                return;
+            }
+            const std::string_view part = text.substr(0, std::max(start_of_word(text), 1U));
+            part.size() == 1 ? take(part[0]) : append_to_word(part);
+            text.remove_prefix(part.size());
         }
     }
 
 private:
     Place &place() { return target_.place; }
     void end_line() { velumo::end_line(target_.ctx, place()); }
+
+    // The characters at the front that go into the word one after the other, without any of them
+    // placing it.
+    u32 start_of_word(std::string_view text) const {
+        const u32 end = static_cast<u32>(std::min<std::size_t>(text.size(), word_.room()));
+        u32 count = 0;
+        while (count < end && text[count] != ' ' && text[count] != '\n') ++count;
+        return count;
+    }
+
+    void append_to_word(std::string_view characters) {
+        in_blanks_ = false;
+        char converted[WordBuffer::max_characters];
+        if (converts_umlauts_) {
+            std::transform(characters.begin(), characters.end(), converted, umlaut_of);
+            characters = {converted, characters.size()};
+        }
+        word_.append(characters);
+    }
 
     void take(char character) {
         switch (character) {
@@ -140,13 +168,12 @@ private:
     }
 
     void take_word_character(char character) {
-        in_blanks_ = false;
         if (word_.is_full()) {
             target_.place_word(word_.word());
             word_.clear();
             end_line();
         }
-        word_.append(converts_umlauts_ ? umlaut_of(character) : character);
+        append_to_word({&character, 1});
     }
 
     // False when there is no line to go to.

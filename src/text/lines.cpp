@@ -12,12 +12,18 @@ std::uint64_t block_size(const vel_context &ctx, u32 text) {
     return buffers * VEL_TEXT_BUFFER_SIZE;
 }
 
-// Null outside the block.
-char *byte_at(const vel_context &ctx, u32 text, u32 line, u32 column) {
+// The bytes of the block from one on; none when it lies outside.
+struct Block {
+    char *start;
+    std::uint64_t size;
+};
+
+Block block_from(const vel_context &ctx, u32 text, u32 line, u32 column) {
     const std::uint64_t offset =
         std::uint64_t{text} * VEL_TEXT_BUFFER_SIZE + std::uint64_t{line} * VEL_LINE_SIZE + column;
-    if (ctx.text_bufs == nullptr || offset >= block_size(ctx, text)) return nullptr;
-    return &ctx.text_bufs[0][0] + offset;
+    const std::uint64_t size = block_size(ctx, text);
+    if (ctx.text_bufs == nullptr || offset >= size) return {nullptr, 0};
+    return {&ctx.text_bufs[0][0] + offset, size - offset};
 }
 
 u32 number_in(const vel_context &ctx, const void *table, const vel_object &object) {
@@ -37,21 +43,27 @@ u32 buffer_of(const vel_context &ctx, const vel_object &object) {
 }
 
 const char *line_of(const vel_context &ctx, u32 text, u32 line) {
-    const char *start = byte_at(ctx, text, line, 0);
+    const char *start = block_from(ctx, text, line, 0).start;
     return start == nullptr ? "" : start;
 }
 
 char byte_of(const vel_context &ctx, u32 text, u32 line, u32 column) {
-    const char *byte = byte_at(ctx, text, line, column);
+    const char *byte = block_from(ctx, text, line, column).start;
     return byte == nullptr ? '\0' : *byte;
 }
 
 void put(vel_context &ctx, u32 text, u32 line, u32 column, char character) {
-    char *byte = byte_at(ctx, text, line, column);
-    if (byte == nullptr) return;
+    const Block block = block_from(ctx, text, line, column);
     // The last byte of the block ends its last line, whatever is put there.
-    const bool is_last = byte_at(ctx, text, line, column + 1) == nullptr;
-    *byte = is_last ? '\0' : character;
+    if (block.size != 0) *block.start = block.size == 1 ? '\0' : character;
+}
+
+void put_all(vel_context &ctx, u32 text, u32 line, u32 column, std::string_view characters) {
+    const Block block = block_from(ctx, text, line, column);
+    if (block.size == 0) return;
+    const std::size_t count = std::min<std::uint64_t>(characters.size(), block.size - 1);
+    std::copy_n(characters.data(), count, block.start);
+    block.start[count] = '\0';
 }
 
 void clear_lines(vel_context &ctx, u32 text, u32 from, u32 to) {

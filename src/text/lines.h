@@ -2,6 +2,8 @@
 // and editing.
 #pragma once
 
+#include <string_view>
+
 #include "model/objects.h"
 
 namespace velumo {
@@ -24,6 +26,8 @@ char byte_of(const vel_context &ctx, u32 text, u32 line, u32 column);
 
 // Writes one byte of a line; what would leave the block of line buffers is dropped.
 void put(vel_context &ctx, u32 text, u32 line, u32 column, char character);
+// The same for several, and a NUL after them.
+void put_all(vel_context &ctx, u32 text, u32 line, u32 column, std::string_view characters);
 
 // Ends the lines from one on, so that they are empty.
 void clear_lines(vel_context &ctx, u32 text, u32 from, u32 to);

@@ -10,7 +10,9 @@ TTF_Font *font_of(const vel_context &ctx, const vel_object &object);
 
 // Pixels; 0 without a font.
 u32 font_height(TTF_Font *font);
-u32 text_width(TTF_Font *font, const char *text);
+u32 text_width(const vel_context &ctx, TTF_Font *font, const char *text);
+// The same, quick for a text that begins as the one before in its font: a line that grows.
+u32 growing_width(const vel_context &ctx, TTF_Font *font, const char *text);
 
 // Pixels from one line of an object's text to the next.
 inline u32 line_pitch(TTF_Font *font, const vel_object &object) {

@@ -8,7 +8,7 @@
 
 namespace velumo {
 
-ShownLine::ShownLine(const vel_context &ctx, u32 number, u32 line) {
+ShownLine::ShownLine(const vel_context &ctx, u32 number, u32 line) : ctx_(ctx) {
     const vel_object &o = object_at(ctx, number);
     font_ = font_of(ctx, o);
     text_ = has_caption(o) ? o.label : line_of(ctx, buffer_of(ctx, o), line);
@@ -23,7 +23,7 @@ u32 ShownLine::width_of(u32 count) const {
     if (shows_dots_) return length * dot_room();
     std::memcpy(part, text_, length);
     part[length] = '\0';
-    return text_width(font_, part);
+    return text_width(ctx_, font_, part);
 }
 
 u32 ShownLine::column_at(i64 x) const {

@@ -27,6 +27,7 @@ public:
     u32 column_at(i64 x) const;
 
 private:
+    const vel_context &ctx_;
     TTF_Font *font_;
     const char *text_;
     bool shows_dots_;

@@ -31,26 +31,25 @@ Placed split_word(vel_context &ctx, const vel_object &object, Word word, Place &
 } // namespace
 
 bool try_character(vel_context &ctx, const vel_object &object, const Place &place, char character) {
-    put(ctx, place.text, place.line, place.column, character);
-    put(ctx, place.text, place.line, place.column + 1, '\0');
-    const u32 width = text_width(font_of(ctx, object), line_of(ctx, place.text, place.line));
+    put_all(ctx, place.text, place.line, place.column, {&character, 1});
+    const u32 width =
+        growing_width(ctx, font_of(ctx, object), line_of(ctx, place.text, place.line));
     if (width <= object.line_width) return true;
     end_line(ctx, place);
     return false;
 }
 
 void copy_characters(vel_context &ctx, Place &place, Word word) {
-    for (u32 k = 0; k < word.length; ++k) {
-        put(ctx, place.text, place.line, place.column, word.characters[k]);
-        ++place.column;
-        end_line(ctx, place);
-    }
+    if (word.length == 0) return;
+    put_all(ctx, place.text, place.line, place.column, {word.characters, word.length});
+    place.column += word.length;
 }
 
 Fit fit_of(const vel_context &ctx, const vel_object &object, Word word, const Place &place) {
     TTF_Font *font = font_of(ctx, object);
-    const u32 word_width = text_width(font, word.characters);
-    const u32 line_width = text_width(font, line_of(ctx, buffer_of(ctx, object), place.line));
+    const u32 word_width = text_width(ctx, font, word.characters);
+    const u32 line_width =
+        growing_width(ctx, font, line_of(ctx, buffer_of(ctx, object), place.line));
     const u32 free_width = object.line_width - line_width;
     // On purpose: at column 99 this wraps and counts as room.
     const u32 free_columns = max_columns - place.column;

@@ -1,0 +1,85 @@
+// The width of strings in one font, followed character by character as the font itself adds it up.
+// For measuring.
+#pragma once
+
+#include <array>
+#include <memory>
+
+#include "model/objects.h"
+
+namespace velumo {
+
+// What can be seen of a font from outside. When it differs, it is another font at the same address,
+// or one whose style was changed.
+struct FontLook {
+    explicit FontLook(TTF_Font *font);
+    bool operator==(const FontLook &) const = default;
+
+    struct Metrics {
+        int min_x, max_x, min_y, max_y, advance;
+        bool operator==(const Metrics &) const = default;
+    };
+    TTF_Font *font;
+    std::array<int, 8> settings;
+    std::size_t names;
+    std::array<Metrics, 6> samples;
+};
+
+// The extent of the characters of a line so far, in pixels from its start.
+struct LineExtent {
+    int x = 0, min_x = 0, max_x = 0;
+    u8 last = 0; // character
+
+    int width() const { return max_x - min_x; }
+};
+
+// As the font itself measures it, each time from the start.
+u32 width_asked_of(TTF_Font *font, const char *text);
+
+class FontTable {
+public:
+    FontTable(const FontLook &look, u32 own_id);
+
+    const u32 id; // no other table of the context ever has the same
+
+    const FontLook &look() const { return look_; }
+
+    // Throws std::bad_alloc.
+    u32 width(const char *text);
+    // The same, quick for a text that begins as the one of the last call.
+    u32 growing_width(const char *text);
+
+private:
+    struct Glyph {
+        bool is_known = false;
+        int min_x = 0, reach = 0,
+            advance = 0; // reach: the larger of the advance and the last pixel
+    };
+    using KerningRow = std::array<std::int16_t, 256>;
+
+    const Glyph &glyph(u8 character);
+    void learn_glyph(u8 character);
+    int kerning(u8 before, u8 character);
+    void learn_kerning(u8 before, u8 character);
+    int measured_kerning(u8 before, u8 character);
+    int width_between_separators(std::initializer_list<u8> characters) const;
+    void add(u8 character, LineExtent &line);
+    u32 width_of(const LineExtent &line) const {
+        return static_cast<u32>(line.width() + 2 * outline_);
+    }
+    void check_pair(u8 before, u8 character, int kerning);
+
+    const FontLook look_;
+    const int outline_;
+    bool kerns_;
+    int overhang_ = 0; // of a bold style that the font itself does not have
+    int separators_ = 0, separators_width_ = 0;
+    bool is_exact_ = true; // false: the font adds up in another way, and is asked each time
+    std::array<Glyph, 256> glyphs_{};
+    std::array<std::unique_ptr<KerningRow>, 256> kerning_{};
+    char grown_[VEL_LINE_SIZE] = {}; // the text of the last growing_width()
+    u32 grown_length_ = 0;
+    LineExtent grown_line_;
+};
+
+} // namespace velumo
