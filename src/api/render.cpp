@@ -5,6 +5,7 @@
 #include "render/geometry.h"
 #include "render/marks.h"
 #include "render/paint.h"
+#include "render/pixels.h"
 #include "render/scene.h"
 #include "render/surface.h"
 
@@ -32,7 +33,7 @@ void vel_draw_pixel(vel_context *ctx, uint32_t x, uint32_t y, uint8_t red, uint8
 
 void vel_draw_line(vel_context *ctx, uint32_t x1, uint32_t y1, uint32_t x2, uint32_t y2,
                    uint8_t red, uint8_t green, uint8_t blue) noexcept {
-    draw_line(*ctx, {x1, y1}, {x2, y2}, {red, green, blue});
+    draw_line(*ctx, {x1, y1}, {x2, y2}, {red, green, blue}, Locking::by_caller);
 }
 
 void vel_draw_box(vel_context *ctx, uint32_t x, uint32_t y, uint32_t width, uint32_t height,

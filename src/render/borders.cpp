@@ -52,9 +52,9 @@ void paint_border(vel_context &ctx, u32 number) {
     const Side x = side_of(lines_of(o, horizontal), limits.x);
     const Side y = side_of(lines_of(o, vertical), limits.y);
     const vel_colour colour = colour_of(o.border_r, o.border_g, o.border_b);
-    const ScreenLock lock(ctx);
     const auto line = [&](i64 x1, i64 y1, i64 x2, i64 y2) {
-        draw_line(ctx, {as_field(x1), as_field(y1)}, {as_field(x2), as_field(y2)}, colour);
+        draw_line(ctx, {as_field(x1), as_field(y1)}, {as_field(x2), as_field(y2)}, colour,
+                  Locking::by_itself);
     };
     const auto down = [&](i64 column) { line(column, y.seen.begin, column, y.seen.end - 1); };
     const auto across = [&](i64 row) { line(x.seen.begin, row, x.seen.end - 1, row); };

@@ -32,7 +32,8 @@ void draw_cursor(vel_context &ctx, u32 number) {
     if (!starts_inside && ends_inside && as_signed(bottom) <= as_signed(above)) return;
     // On purpose: without the lock, which the caller takes where the screen needs it.
     draw_line(ctx, {o.cursor_x, starts_inside ? o.cursor_y : above + 1},
-              {o.cursor_x, ends_inside ? bottom : below - 1}, cursor_colour(ctx, o));
+              {o.cursor_x, ends_inside ? bottom : below - 1}, cursor_colour(ctx, o),
+              Locking::by_caller);
 }
 
 } // namespace velumo

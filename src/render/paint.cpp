@@ -26,10 +26,8 @@ Size top_level_size(const vel_context &ctx, u32 number, const vel_object &object
 
 vel_colour fill_colour(const vel_object &o) { return colour_of(o.fill_r, o.fill_g, o.fill_b); }
 
-void blit(vel_context &ctx, SDL_Surface *surface, const Piece &x, const Piece &y) {
-    SDL_Rect from = sdl_rect({x.from, y.from, x.length, y.length});
-    SDL_Rect to = sdl_rect({x.at, y.at, x.length, y.length});
-    if (surface != nullptr) SDL_UpperBlit(surface, &from, ctx.screen, &to);
+Patch patch_of(const Piece &x, const Piece &y) {
+    return {x.at, y.at, x.from, y.from, x.length, y.length};
 }
 
 void paint_top_level_body(vel_context &ctx, const vel_object &o, Size size) {
@@ -43,7 +41,7 @@ void paint_top_level_body(vel_context &ctx, const vel_object &o, Size size) {
         const auto whole = [](u32 at, int length) {
             return Piece{Piece::Cut::none, at, 0, length};
         };
-        blit(ctx, o.image, whole(o.x, o.image->w), whole(o.y, o.image->h));
+        draw_image(ctx, o.image, patch_of(whole(o.x, o.image->w), whole(o.y, o.image->h)));
         break;
     }
     case Body::none:
@@ -63,7 +61,7 @@ void paint_dependent_body(vel_context &ctx, u32 number, const vel_object &o) {
     const Piece y = visible_body(limits.y, o, vertical);
     if (x.length == 0 || y.length == 0) return;
     if (body == Body::picture) {
-        blit(ctx, o.image, x, y);
+        draw_image(ctx, o.image, patch_of(x, y));
     } else {
         draw_box(ctx, {x.at, y.at, x.length, y.length}, fill_colour(o));
     }
@@ -169,10 +167,7 @@ private:
     bool show(const char *text, const Piece &x, const Piece &y) {
         if (x.cut == Piece::Cut::hidden || y.cut == Piece::Cut::hidden) return false;
         if (x.length == 0 || (y.cut == Piece::Cut::both && y.length == 0)) return false;
-        const vel_colour c = text_colour();
-        SDL_FreeSurface(ctx_.text_surface);
-        ctx_.text_surface = TTF_RenderText_Blended(font_, text, SDL_Color{c.r, c.g, c.b, 0});
-        blit(ctx_, ctx_.text_surface, x, y);
+        draw_text(ctx_, {font_, text, text_colour()}, patch_of(x, y));
         return true;
     }
 
@@ -199,6 +194,8 @@ void paint_text(vel_context &ctx, u32 number, vel_object &o, Size size) {
 
 void paint_object(vel_context &ctx, u32 number) {
     if (names_nothing(ctx, number) || ctx.screen == nullptr) return;
+    const Painting painting(ctx);
+    begin_object(ctx);
     vel_object &o = object_at(ctx, number);
     // On purpose: the size is taken before the window is moved.
     const Size size = top_level_size(ctx, number, o);

@@ -82,6 +82,7 @@ bool shows_inside_masters(const vel_context &ctx, u32 number) {
 } // namespace
 
 void draw_all(vel_context &ctx) {
+    const Painting painting(ctx);
     draw_desktop(ctx);
     draw_background_windows(ctx);
     draw_marked_window(ctx);
@@ -99,6 +100,7 @@ void show_all(vel_context &ctx) {
 
 void draw_dependents(vel_context &ctx, u32 master) {
     if (!has_dependents(object_at(ctx, master))) return;
+    const Painting painting(ctx);
     place_dependents(ctx, master);
     walk_dependents(ctx, master, [&ctx](u32 number) {
         const vel_object &o = object_at(ctx, number);
@@ -125,6 +127,7 @@ void place_dependents(vel_context &ctx, u32 number) {
 }
 
 void draw_active_window(vel_context &ctx) {
+    const Painting painting(ctx, Painting::Of::window);
     const u32 window = ctx.active_window;
     if (window != 0) {
         paint_object(ctx, window);

@@ -76,20 +76,6 @@ Rect visible_rect(const vel_context &ctx, u32 number) {
     return {x.at, y.at, x.length, y.length};
 }
 
-// Without memory for it there is no veil.
-void lay_veil(vel_context &ctx, const Rect &rect, const Tint &tint) {
-    SDL_Rect at = sdl_rect(rect);
-    const SDL_PixelFormat &f = *ctx.screen->format;
-    SDL_Surface *veil = SDL_CreateRGBSurface(SDL_SWSURFACE, at.w, at.h, f.BitsPerPixel, f.Rmask,
-                                             f.Gmask, f.Bmask, 0);
-    if (veil == nullptr) return;
-    SDL_FillRect(veil, nullptr,
-                 SDL_MapRGB(veil->format, tint.colour.r, tint.colour.g, tint.colour.b));
-    SDL_SetAlpha(veil, SDL_SRCALPHA, static_cast<Uint8>(tint.parts));
-    SDL_UpperBlit(veil, nullptr, ctx.screen, &at);
-    SDL_FreeSurface(veil);
-}
-
 void veil_picture(vel_context &ctx, u32 number) {
     const vel_object &o = object_at(ctx, number);
     if (o.image == nullptr) return;
@@ -99,7 +85,8 @@ void veil_picture(vel_context &ctx, u32 number) {
             o.master == 0 ? ctx.background_colour : fill_colour(object_at(ctx, o.master));
         tint = {under, disabled_parts};
     }
-    if (tint.parts != 0) lay_veil(ctx, visible_rect(ctx, number), tint);
+    if (tint.parts == 0) return;
+    draw_veil(ctx, visible_rect(ctx, number), tint.colour, static_cast<u8>(tint.parts));
 }
 
 Rect inset(const Rect &r, i64 by) {

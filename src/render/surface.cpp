@@ -1,57 +1,7 @@
 #include "render/surface.h"
 
-#include <cstdio>
-#include <cstring>
-
 namespace velumo {
 namespace {
-
-// Pixels of one row or column from a place on.
-struct Run {
-    Pixel start;
-    u32 count;
-    bool down;
-};
-
-template <class Cell> void store(u8 *pixels, std::size_t offset, u32 value) {
-    const auto cell = static_cast<Cell>(value);
-    std::memcpy(pixels + offset, &cell, sizeof cell);
-}
-
-// Writes one pixel. Its row starts at a whole cell of its size.
-void put_pixel(SDL_Surface &surface, Pixel at, u32 value) {
-    auto *pixels = static_cast<u8 *>(surface.pixels);
-    const u32 row = at.y * surface.pitch;
-    switch (surface.format->BytesPerPixel) {
-    case 1:
-        store<std::uint8_t>(pixels, std::size_t{row} + at.x, value);
-        break;
-    case 2:
-        store<std::uint16_t>(pixels, (std::size_t{row >> 1} + at.x) * 2, value);
-        break;
-    // On purpose: pixels of three bytes are refused, with a line for each.
-    case 3:
-        std::puts("24 bit is not supported ! ");
-        break;
-    case 4:
-        store<std::uint32_t>(pixels, (std::size_t{row >> 2} + at.x) * 4, value);
-        break;
-    default:
-        std::puts("Error - can't get color depth. ");
-        break;
-    }
-}
-
-// Draws a run that lies on the surface; the colour is mapped once for all of it.
-void put_run(SDL_Surface &surface, const Run &run, vel_colour c) {
-    if (surface.pixels == nullptr) return;
-    const u32 value = SDL_MapRGB(surface.format, c.r, c.g, c.b);
-    Pixel at = run.start;
-    for (u32 k = 0; k < run.count; ++k) {
-        put_pixel(surface, at, value);
-        ++(run.down ? at.y : at.x);
-    }
-}
 
 struct Stretch {
     u32 first, count;
@@ -72,28 +22,36 @@ bool is_on(const SDL_Surface &surface, Pixel p) {
     return p.x < static_cast<u32>(surface.w) && p.y < static_cast<u32>(surface.h);
 }
 
-bool must_be_locked(const SDL_Surface *surface) {
-    return surface != nullptr && SDL_MUSTLOCK(surface);
+// The pixels lie on the surface.
+void paint_run(vel_context &ctx, const Rect &r, vel_colour colour, Locking locking) {
+    const auto end = [](i64 start, i64 length) { return static_cast<i32>(start + length); };
+    PaintOp op{.kind = PaintOp::Kind::run, .takes_lock = locking == Locking::by_itself};
+    op.colour = colour;
+    op.area = {static_cast<i32>(r.x), static_cast<i32>(r.y), end(r.x, r.width), end(r.y, r.height)};
+    paint(ctx, op);
+}
+
+// A part of a surface, and where it goes.
+PaintOp op_of(PaintOp::Kind kind, const Patch &p) {
+    const SDL_Rect from = sdl_rect(Rect{p.from_x, p.from_y, p.width, p.height});
+    const SDL_Rect to = sdl_rect(Rect{p.x, p.y, p.width, p.height});
+    PaintOp op{.kind = kind};
+    op.area = area_of(to);
+    op.from_x = from.x;
+    op.from_y = from.y;
+    return op;
 }
 
 } // namespace
 
-void lock(SDL_Surface *surface) {
-    if (must_be_locked(surface)) SDL_LockSurface(surface);
-}
-
-void unlock(SDL_Surface *surface) {
-    if (must_be_locked(surface)) SDL_UnlockSurface(surface);
-}
-
 void draw_pixel(vel_context &ctx, Pixel at, vel_colour colour) {
     if (ctx.screen == nullptr || !is_on(*ctx.screen, at)) return;
-    put_run(*ctx.screen, {at, 1, false}, colour);
+    paint_run(ctx, {at.x, at.y, 1, 1}, colour, Locking::by_caller);
 }
 
-void draw_line(vel_context &ctx, Pixel from, Pixel to, vel_colour colour) {
+void draw_line(vel_context &ctx, Pixel from, Pixel to, vel_colour colour, Locking locking) {
     if (ctx.screen == nullptr) return;
-    SDL_Surface &screen = *ctx.screen;
+    const SDL_Surface &screen = *ctx.screen;
     // On purpose: a slanted line and a line of one pixel draw nothing.
     const bool across = from.x != to.x && from.y == to.y;
     const bool down = from.x == to.x && from.y != to.y;
@@ -101,14 +59,17 @@ void draw_line(vel_context &ctx, Pixel from, Pixel to, vel_colour colour) {
     if (!(across || down) || !is_on(screen, fixed)) return;
     const Stretch seen =
         across ? visible_stretch(from.x, to.x, screen.w) : visible_stretch(from.y, to.y, screen.h);
-    const Pixel start{across ? seen.first : from.x, across ? from.y : seen.first};
-    put_run(screen, {start, seen.count, down}, colour);
+    if (seen.count == 0) return;
+    paint_run(ctx,
+              across ? Rect{seen.first, from.y, seen.count, 1}
+                     : Rect{from.x, seen.first, 1, seen.count},
+              colour, locking);
 }
 
-void draw_box(vel_context &ctx, const Rect &rect, vel_colour c) {
-    if (ctx.screen == nullptr) return;
-    SDL_Rect r = sdl_rect(rect);
-    SDL_FillRect(ctx.screen, &r, SDL_MapRGB(ctx.screen->format, c.r, c.g, c.b));
+void draw_box(vel_context &ctx, const Rect &rect, vel_colour colour) {
+    PaintOp op{.kind = PaintOp::Kind::box, .colour = colour};
+    op.area = area_of(sdl_rect(rect));
+    paint(ctx, op);
 }
 
 void draw_outline(vel_context &ctx, const Rect &rect, vel_colour colour) {
@@ -116,11 +77,28 @@ void draw_outline(vel_context &ctx, const Rect &rect, vel_colour colour) {
     const u32 top = as_field(rect.y);
     const u32 right = as_field(rect.x + rect.width - 1);
     const u32 bottom = as_field(rect.y + rect.height - 1);
-    const ScreenLock lock(ctx);
-    draw_line(ctx, {left, top}, {right, top}, colour);
-    draw_line(ctx, {right, top}, {right, bottom}, colour);
-    draw_line(ctx, {right, bottom}, {left, bottom}, colour);
-    draw_line(ctx, {left, bottom}, {left, top}, colour);
+    const Pixel corners[] = {{left, top}, {right, top}, {right, bottom}, {left, bottom}};
+    for (std::size_t k = 0; k < std::size(corners); ++k) {
+        draw_line(ctx, corners[k], corners[(k + 1) % std::size(corners)], colour,
+                  Locking::by_itself);
+    }
+}
+
+void draw_veil(vel_context &ctx, const Rect &rect, vel_colour colour, u8 opacity) {
+    PaintOp op{.kind = PaintOp::Kind::veil, .opacity = opacity, .colour = colour};
+    op.area = area_of(sdl_rect(rect));
+    paint(ctx, op);
+}
+
+void draw_image(vel_context &ctx, SDL_Surface *image, const Patch &patch) {
+    if (image == nullptr) return;
+    PaintOp op = op_of(PaintOp::Kind::image, patch);
+    op.image = image;
+    paint(ctx, op);
+}
+
+void draw_text(vel_context &ctx, const TextLine &line, const Patch &patch) {
+    paint_text(ctx, line, op_of(PaintOp::Kind::text, patch));
 }
 
 } // namespace velumo

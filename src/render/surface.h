@@ -1,7 +1,8 @@
-// Pixels, lines and boxes on the screen, and its lock. For all drawing.
+// Pixels, lines, boxes, pictures and lines of text, painted at once or with the picture that is
+// being made. For all drawing.
 #pragma once
 
-#include "render/rect.h"
+#include "render/painting.h"
 
 namespace velumo {
 
@@ -15,25 +16,20 @@ inline vel_colour colour_of(u32 r, u32 g, u32 b) {
     return {static_cast<u8>(r), static_cast<u8>(g), static_cast<u8>(b)};
 }
 
-void lock(SDL_Surface *surface);
-void unlock(SDL_Surface *surface);
-
-class ScreenLock {
-public:
-    explicit ScreenLock(vel_context &ctx) : screen_(ctx.screen) { lock(screen_); }
-    ~ScreenLock() { unlock(screen_); }
-    ScreenLock(const ScreenLock &) = delete;
-    ScreenLock &operator=(const ScreenLock &) = delete;
-
-private:
-    SDL_Surface *screen_;
-};
-
-// What lies outside the surface is dropped. Pixels and lines want the screen locked.
+// What lies outside the surface is dropped.
 void draw_pixel(vel_context &ctx, Pixel at, vel_colour colour);
-void draw_line(vel_context &ctx, Pixel from, Pixel to, vel_colour colour);
+enum class Locking { by_caller, by_itself };
+void draw_line(vel_context &ctx, Pixel from, Pixel to, vel_colour colour, Locking locking);
 void draw_box(vel_context &ctx, const Rect &rect, vel_colour colour);
 // The outermost pixels of a rectangle; takes the lock itself.
 void draw_outline(vel_context &ctx, const Rect &rect, vel_colour colour);
+void draw_veil(vel_context &ctx, const Rect &rect, vel_colour colour, u8 opacity);
+
+// Where a part of a surface shows, and which part that is.
+struct Patch {
+    i64 x, y, from_x, from_y, width, height;
+};
+void draw_image(vel_context &ctx, SDL_Surface *image, const Patch &patch);
+void draw_text(vel_context &ctx, const TextLine &line, const Patch &patch);
 
 } // namespace velumo

@@ -1,0 +1,51 @@
+// The picture that is being made: what objects paint is gathered first, and painted when all of it
+// is known. For drawing.
+#pragma once
+
+#include <optional>
+#include <span>
+
+#include "render/paint_op.h"
+#include "text/fonts.h"
+
+namespace velumo {
+
+// What is drawn as long as one of these lives is painted when the outermost ends: in its order, but
+// without what is covered later. Without memory for it, everything is painted at once.
+class Painting {
+public:
+    enum class Of {
+        anything,
+        window,           // the active one, all of it
+        changes_of_window // only what differs from that painted last, if nothing else was since
+    };
+    explicit Painting(vel_context &ctx, Of what = Of::anything);
+    ~Painting() { finish(); }
+    Painting(const Painting &) = delete;
+    Painting &operator=(const Painting &) = delete;
+
+    // Paints now. Returns where a window has changed; nothing when all of it was painted.
+    std::optional<std::span<const Area>> finish();
+
+private:
+    vel_context &ctx_;
+    const Of what_;
+    const FontsStay fonts_stay_;
+    bool is_gathering_ = false;
+};
+
+// What follows is painted by one object.
+void begin_object(vel_context &ctx);
+
+// Paints with the picture that is being made, or at once.
+void paint(vel_context &ctx, const PaintOp &op);
+
+struct TextLine {
+    TTF_Font *font;
+    const char *text;
+    vel_colour colour;
+};
+// The operation says where, and which part of the line. The line painted last is text_surface.
+void paint_text(vel_context &ctx, const TextLine &line, PaintOp place);
+
+} // namespace velumo

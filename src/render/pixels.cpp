@@ -1,0 +1,87 @@
+#include "render/pixels.h"
+
+#include <cstdio>
+
+namespace velumo {
+namespace {
+
+bool must_be_locked(const SDL_Surface *surface) {
+    return surface != nullptr && SDL_MUSTLOCK(surface);
+}
+
+Uint32 value_of(const SDL_Surface &surface, vel_colour c) {
+    return SDL_MapRGB(surface.format, c.r, c.g, c.b);
+}
+
+// Each row starts at a whole cell of its size.
+template <class Cell> void fill_cells(SDL_Surface &surface, const Area &area, Uint32 value) {
+    auto *cells = static_cast<Cell *>(surface.pixels);
+    for (i32 y = area.top; y < area.bottom; ++y) {
+        const u32 row = static_cast<u32>(y) * surface.pitch / sizeof(Cell);
+        std::fill(cells + row + area.left, cells + row + area.right, static_cast<Cell>(value));
+    }
+}
+
+void say_for_each_pixel(const Area &area, const char *message) {
+    for (i64 k = 0; k < area.size(); ++k) std::puts(message);
+}
+
+} // namespace
+
+void lock(SDL_Surface *surface) {
+    if (must_be_locked(surface)) SDL_LockSurface(surface);
+}
+
+void unlock(SDL_Surface *surface) {
+    if (must_be_locked(surface)) SDL_UnlockSurface(surface);
+}
+
+void fill_area(SDL_Surface &screen, const Area &area, vel_colour colour) {
+    SDL_Rect rect = sdl_rect(area);
+    SDL_FillRect(&screen, &rect, value_of(screen, colour));
+}
+
+void fill_run(SDL_Surface &screen, const Area &area, vel_colour colour) {
+    if (screen.pixels == nullptr) return;
+    const Uint32 value = value_of(screen, colour);
+    switch (screen.format->BytesPerPixel) {
+    case 1:
+        fill_cells<Uint8>(screen, area, value);
+        break;
+    case 2:
+        fill_cells<Uint16>(screen, area, value);
+        break;
+    // On purpose: pixels of three bytes are refused, with a line for each.
+    case 3:
+        say_for_each_pixel(area, "24 bit is not supported ! ");
+        break;
+    case 4:
+        fill_cells<Uint32>(screen, area, value);
+        break;
+    default:
+        say_for_each_pixel(area, "Error - can't get color depth. ");
+        break;
+    }
+}
+
+// Without memory for it there is no veil.
+void lay_veil(SDL_Surface &screen, const Area &area, vel_colour colour, u8 opacity) {
+    SDL_Rect at = sdl_rect(area);
+    const SDL_PixelFormat &f = *screen.format;
+    SDL_Surface *veil = SDL_CreateRGBSurface(SDL_SWSURFACE, at.w, at.h, f.BitsPerPixel, f.Rmask,
+                                             f.Gmask, f.Bmask, 0);
+    if (veil == nullptr) return;
+    SDL_FillRect(veil, nullptr, value_of(*veil, colour));
+    SDL_SetAlpha(veil, SDL_SRCALPHA, opacity);
+    SDL_UpperBlit(veil, nullptr, &screen, &at);
+    SDL_FreeSurface(veil);
+}
+
+void blit(SDL_Surface &screen, SDL_Surface *surface, i32 from_x, i32 from_y, const Area &area) {
+    if (surface == nullptr) return;
+    SDL_Rect to = sdl_rect(area);
+    SDL_Rect from{static_cast<Sint16>(from_x), static_cast<Sint16>(from_y), to.w, to.h};
+    SDL_UpperBlit(surface, &from, &screen, &to);
+}
+
+} // namespace velumo

@@ -1,0 +1,159 @@
+#include "render/text_cache.h"
+
+#include <cstring>
+#include <functional>
+
+#include "render/pixels.h"
+
+namespace velumo {
+namespace {
+
+// Encoding costs as much as drawing three times.
+constexpr u32 draws_before_encoding = 2;
+constexpr std::size_t bytes_of_a_line = sizeof(RenderedLine) + 100; // with its place in the table
+
+std::size_t bytes_of(const SDL_Surface &s) {
+    return static_cast<std::size_t>(s.pitch) * static_cast<std::size_t>(s.h);
+}
+std::size_t bytes_of(const RenderedLine &line) { return bytes_of_a_line + line.text.size(); }
+
+struct SurfaceDeleter {
+    void operator()(SDL_Surface *surface) const { SDL_FreeSurface(surface); }
+};
+using Surface = std::unique_ptr<SDL_Surface, SurfaceDeleter>;
+
+// One row for each opacity, in colours of all kinds.
+Surface sample_line(Uint32 flags) {
+    Surface s(SDL_CreateRGBSurface(SDL_SWSURFACE | SDL_SRCALPHA, 16, 256, 32, 0xFF0000, 0xFF00,
+                                   0xFF, 0xFF000000));
+    if (s == nullptr) return s;
+    auto *pixels = static_cast<Uint32 *>(s->pixels);
+    for (Uint32 k = 0; k < 16 * 256; ++k) pixels[k] = k / 16 << 24 | (k * 2654435761U >> 8);
+    SDL_SetAlpha(s.get(), flags, SDL_ALPHA_OPAQUE);
+    return s;
+}
+
+Surface sample_screen(const SDL_PixelFormat &f) {
+    Surface s(SDL_CreateRGBSurface(SDL_SWSURFACE, 16, 256, 32, f.Rmask, f.Gmask, f.Bmask, 0));
+    if (s == nullptr) return s;
+    auto *pixels = static_cast<Uint32 *>(s->pixels);
+    for (Uint32 k = 0; k < 16 * 256; ++k) pixels[k] = k * 2246822519U >> 8;
+    return s;
+}
+
+// Whether an encoded surface gives the pixels of the plain one, which is SDL's affair.
+bool is_encoding_exact_on(const SDL_PixelFormat &format) {
+    const Surface plain = sample_line(SDL_SRCALPHA);
+    const Surface encoded = sample_line(SDL_SRCALPHA | SDL_RLEACCEL);
+    const Surface a = sample_screen(format), b = sample_screen(format);
+    if (!plain || !encoded || !a || !b) return false;
+    SDL_UpperBlit(plain.get(), nullptr, a.get(), nullptr);
+    SDL_UpperBlit(encoded.get(), nullptr, b.get(), nullptr);
+    return std::memcmp(a->pixels, b->pixels, bytes_of(*a)) == 0;
+}
+
+} // namespace
+
+bool LineKey::operator==(const LineKey &other) const {
+    return font == other.font && colour.r == other.colour.r && colour.g == other.colour.g &&
+           colour.b == other.colour.b && text == other.text;
+}
+
+std::size_t TextCache::KeyHash::operator()(const LineKey &key) const {
+    const u32 colour = u32{key.colour.r} << 16 | u32{key.colour.g} << 8 | key.colour.b;
+    return std::hash<std::string_view>()(key.text) ^ (key.font * 0x9E3779B1U + colour);
+}
+
+TextCache::~TextCache() {
+    for (RenderedLine &line : lines_) SDL_FreeSurface(line.surface);
+}
+
+RenderedLine &TextCache::line_of(const FontTable &table, vel_colour colour, const char *text) {
+    const auto found = places_.find({table.id, colour, text});
+    if (found != places_.end()) {
+        lines_.splice(lines_.begin(), lines_, found->second);
+        return lines_.front();
+    }
+    lines_.push_front({text, {table.id, colour, {}}, table.look().font, ++last_number_});
+    RenderedLine &line = lines_.front();
+    line.key.text = line.text;
+    try {
+        places_.emplace(line.key, lines_.begin());
+    } catch (...) {
+        lines_.pop_front();
+        throw;
+    }
+    bytes_ += bytes_of(line);
+    return line;
+}
+
+void TextCache::draw(SDL_Surface &screen, RenderedLine &line, i32 from_x, i32 from_y,
+                     const Area &area) {
+    if (line.surface == nullptr) render(line);
+    if (line.surface == nullptr) return;
+    if (++line.draws > draws_before_encoding) encode(line, screen);
+    blit(screen, line.surface, from_x, from_y, area);
+}
+
+void TextCache::hand_over(RenderedLine &line, SDL_Surface *&text_surface) {
+    if (line.surface != nullptr && line.surface == text_surface) return;
+    // The program sees the pixels as the font rendered them.
+    if (is_run_length_encoded(line)) drop_surface(line);
+    if (line.surface == nullptr) render(line);
+    if (line.surface != nullptr) ++line.surface->refcount;
+    SDL_FreeSurface(text_surface);
+    text_surface = line.surface;
+}
+
+bool TextCache::is_run_length_encoded(const RenderedLine &line) const {
+    return line.surface != nullptr && (line.surface->flags & SDL_RLEACCELOK) != 0;
+}
+
+void TextCache::encode(RenderedLine &line, const SDL_Surface &screen) {
+    const bool is_handed_over = line.surface->refcount > 1;
+    if (is_handed_over || is_run_length_encoded(line)) return;
+    const SDL_PixelFormat &f = *screen.format;
+    if (f.BytesPerPixel != 4) return;
+    const Uint32 masks[] = {f.Rmask, f.Gmask, f.Bmask};
+    if (!std::equal(masks, masks + 3, checked_masks_)) {
+        std::copy(masks, masks + 3, checked_masks_);
+        is_encoding_exact_ = is_encoding_exact_on(f);
+    }
+    if (is_encoding_exact_) {
+        SDL_SetAlpha(line.surface, SDL_SRCALPHA | SDL_RLEACCEL, SDL_ALPHA_OPAQUE);
+    }
+}
+
+void TextCache::render(RenderedLine &line) {
+    const vel_colour c = line.key.colour;
+    line.surface = TTF_RenderText_Blended(line.font, line.text.c_str(), {c.r, c.g, c.b, 0});
+    if (line.surface == nullptr) return;
+    line.draws = 0;
+    bytes_ += bytes_of(*line.surface);
+    drop_oldest_surfaces(line);
+}
+
+void TextCache::drop_surface(RenderedLine &line) {
+    if (line.surface == nullptr) return;
+    bytes_ -= bytes_of(*line.surface);
+    SDL_FreeSurface(line.surface);
+    line.surface = nullptr;
+}
+
+void TextCache::drop_oldest_surfaces(const RenderedLine &but) {
+    for (auto line = lines_.rbegin(); line != lines_.rend() && bytes_ > limit_; ++line) {
+        if (&*line != &but) drop_surface(*line);
+    }
+}
+
+void TextCache::trim() {
+    while (bytes_ > limit_ && !lines_.empty()) {
+        RenderedLine &oldest = lines_.back();
+        drop_surface(oldest);
+        bytes_ -= bytes_of(oldest);
+        places_.erase(oldest.key);
+        lines_.pop_back();
+    }
+}
+
+} // namespace velumo
