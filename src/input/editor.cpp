@@ -134,7 +134,7 @@ void apply_key(vel_context &ctx, EditedText &&text) {
     Editor(ctx, text).apply(ctx.final_key);
     ctx.final_key = VEL_KEY_NONE;
     ctx.key_printable = 0;
-    show_active_window(ctx);
+    show_edited_window(ctx);
 }
 
 } // namespace

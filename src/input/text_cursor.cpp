@@ -81,7 +81,7 @@ bool TextCursor::is_new_selection() const {
 void show_object(vel_context &ctx, u32 object) {
     const bool is_active = object == ctx.active_window || root_of(ctx, object) == ctx.active_window;
     if (is_active) {
-        show_active_window(ctx);
+        show_edited_window(ctx);
     } else {
         show_all(ctx);
     }

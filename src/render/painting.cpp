@@ -24,8 +24,7 @@ bool lies_on(const SDL_Surface &screen, const SDL_Surface *image) {
                      pixels + std::size_t{screen.pitch} * static_cast<std::size_t>(screen.h));
 }
 
-// All of an operation, or a part of a box or run.
-void paint_at_once(SDL_Surface &screen, const PaintOp &op, const Area &part) {
+void paint_on(SDL_Surface &screen, const PaintOp &op, const Area &part) {
     switch (op.kind) {
     case PaintOp::Kind::box:
         fill_area(screen, part, op.colour);
@@ -36,11 +35,12 @@ void paint_at_once(SDL_Surface &screen, const PaintOp &op, const Area &part) {
         if (op.takes_lock) unlock(&screen);
         break;
     case PaintOp::Kind::veil:
-        lay_veil(screen, op.area, op.colour, op.opacity);
+        lay_veil(screen, part, op.colour, op.opacity);
         break;
     case PaintOp::Kind::image:
     case PaintOp::Kind::text:
-        blit(screen, op.image, op.from_x, op.from_y, op.area);
+        blit(screen, op.image, op.from_x + part.left - op.area.left,
+             op.from_y + part.top - op.area.top, part);
         break;
     }
 }
@@ -120,12 +120,9 @@ public:
     void forget_window() { ground_ = {}; }
 
 private:
-    void paint_op(SDL_Surface &screen, const PaintOp &op, const Area &part) {
-        if (op.kind == PaintOp::Kind::text) {
-            lines.draw(screen, *op.line, op.from_x, op.from_y, op.area);
-        } else {
-            paint_at_once(screen, op, part);
-        }
+    void paint_part(SDL_Surface &screen, PaintOp op, const Area &part) {
+        if (op.kind == PaintOp::Kind::text) op.image = lines.surface_for(screen, *op.line);
+        paint_on(screen, op, part);
     }
 
     void paint_ops(SDL_Surface &screen) {
@@ -133,7 +130,7 @@ private:
         for (std::size_t k = 0; k < ops_.size(); ++k) {
             const auto whole = std::span(&ops_[k].area, 1);
             for (const Area &part : leaves_out ? visibility_.shown(k) : whole) {
-                paint_op(screen, ops_[k], part);
+                paint_part(screen, ops_[k], part);
             }
         }
     }
@@ -170,7 +167,7 @@ private:
         SDL_SetClipRect(&screen, &part);
         for (std::size_t k = first_op_in(area, area_of(whole)); k < ops_.size(); ++k) {
             const Area painted = common(ops_[k].area, area);
-            if (!painted.is_empty()) paint_op(screen, ops_[k], painted);
+            if (!painted.is_empty()) paint_part(screen, ops_[k], painted);
         }
         SDL_SetClipRect(&screen, &whole);
     }
@@ -222,7 +219,7 @@ Picture *gathering_picture(const vel_context &ctx) {
 // In its place among the other operations.
 void paint_without_memory(vel_context &ctx, const PaintOp &op) {
     if (Picture *picture = picture_of(ctx)) picture->paint(ctx);
-    paint_at_once(*ctx.screen, op, op.area);
+    paint_on(*ctx.screen, op, op.area);
 }
 
 void paint_text_at_once(vel_context &ctx, const TextLine &line, PaintOp place) {
@@ -231,7 +228,7 @@ void paint_text_at_once(vel_context &ctx, const TextLine &line, PaintOp place) {
     SDL_FreeSurface(ctx.text_surface);
     ctx.text_surface = TTF_RenderText_Blended(line.font, line.text, colour);
     place.image = ctx.text_surface;
-    paint_at_once(*ctx.screen, place, place.area);
+    paint_on(*ctx.screen, place, place.area);
 }
 
 } // namespace

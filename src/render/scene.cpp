@@ -79,6 +79,10 @@ bool shows_inside_masters(const vel_context &ctx, u32 number) {
            overlap_of(limits.y, extent_of(o, vertical)).any();
 }
 
+SDL_Rect rect_of_active_window(const vel_context &ctx) {
+    return sdl_rect(cut_rect(ctx, object_at(ctx, ctx.active_window)));
+}
+
 } // namespace
 
 void draw_all(vel_context &ctx) {
@@ -140,8 +144,20 @@ void draw_active_window(vel_context &ctx) {
 
 void show_active_window(vel_context &ctx) {
     draw_active_window(ctx);
+    if (ctx.active_window != 0) update_display(ctx, rect_of_active_window(ctx));
+}
+
+void show_edited_window(vel_context &ctx) {
+    if (ctx.partial_redraw != 1) return show_active_window(ctx);
+    Painting painting(ctx, Painting::Of::changes_of_window);
+    draw_active_window(ctx);
+    const auto changes = painting.finish();
     if (ctx.active_window == 0) return;
-    update_display(ctx, sdl_rect(cut_rect(ctx, object_at(ctx, ctx.active_window))));
+    const SDL_Rect window = rect_of_active_window(ctx);
+    if (!changes) return update_display(ctx, window);
+    for (const Area &area : *changes) {
+        update_display(ctx, sdl_rect(common(area, area_of(window))));
+    }
 }
 
 void erase_object(vel_context &ctx, u32 number) {

@@ -15,6 +15,8 @@ void show_all(vel_context &ctx);
 // The active window without its marks, and the frame buttons.
 void draw_active_window(vel_context &ctx);
 void show_active_window(vel_context &ctx);
+// The same after a key has changed something in it: with partial_redraw, only what has changed.
+void show_edited_window(vel_context &ctx);
 
 void draw_dependents(vel_context &ctx, u32 master);
 

@@ -1,9 +1,6 @@
 #include "render/text_cache.h"
 
-#include <cstring>
 #include <functional>
-
-#include "render/pixels.h"
 
 namespace velumo {
 namespace {
@@ -49,7 +46,11 @@ bool is_encoding_exact_on(const SDL_PixelFormat &format) {
     if (!plain || !encoded || !a || !b) return false;
     SDL_UpperBlit(plain.get(), nullptr, a.get(), nullptr);
     SDL_UpperBlit(encoded.get(), nullptr, b.get(), nullptr);
-    return std::memcmp(a->pixels, b->pixels, bytes_of(*a)) == 0;
+    // An opaque pixel also writes its opacity, into bits that hold no colour.
+    const Uint32 colours = format.Rmask | format.Gmask | format.Bmask;
+    const auto *first = static_cast<const Uint32 *>(a->pixels);
+    return std::equal(first, first + 16 * 256, static_cast<const Uint32 *>(b->pixels),
+                      [=](Uint32 p, Uint32 q) { return ((p ^ q) & colours) == 0; });
 }
 
 } // namespace
@@ -87,12 +88,10 @@ RenderedLine &TextCache::line_of(const FontTable &table, vel_colour colour, cons
     return line;
 }
 
-void TextCache::draw(SDL_Surface &screen, RenderedLine &line, i32 from_x, i32 from_y,
-                     const Area &area) {
+SDL_Surface *TextCache::surface_for(const SDL_Surface &screen, RenderedLine &line) {
     if (line.surface == nullptr) render(line);
-    if (line.surface == nullptr) return;
-    if (++line.draws > draws_before_encoding) encode(line, screen);
-    blit(screen, line.surface, from_x, from_y, area);
+    if (line.surface != nullptr && ++line.draws > draws_before_encoding) encode(line, screen);
+    return line.surface;
 }
 
 void TextCache::hand_over(RenderedLine &line, SDL_Surface *&text_surface) {
@@ -113,7 +112,7 @@ void TextCache::encode(RenderedLine &line, const SDL_Surface &screen) {
     const bool is_handed_over = line.surface->refcount > 1;
     if (is_handed_over || is_run_length_encoded(line)) return;
     const SDL_PixelFormat &f = *screen.format;
-    if (f.BytesPerPixel != 4) return;
+    if (f.BytesPerPixel != 4 || f.Amask != 0) return;
     const Uint32 masks[] = {f.Rmask, f.Gmask, f.Bmask};
     if (!std::equal(masks, masks + 3, checked_masks_)) {
         std::copy(masks, masks + 3, checked_masks_);

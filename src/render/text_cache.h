@@ -6,7 +6,6 @@
 #include <string_view>
 #include <unordered_map>
 
-#include "render/paint_op.h"
 #include "text/font_table.h"
 
 namespace velumo {
@@ -38,7 +37,8 @@ public:
     // The text is not rendered yet. Throws std::bad_alloc.
     RenderedLine &line_of(const FontTable &table, vel_colour colour, const char *text);
 
-    void draw(SDL_Surface &screen, RenderedLine &line, i32 from_x, i32 from_y, const Area &area);
+    // To be drawn on the screen; null when the font cannot render it.
+    SDL_Surface *surface_for(const SDL_Surface &screen, RenderedLine &line);
     // Hands the surface of a line to the program, which may free it.
     void hand_over(RenderedLine &line, SDL_Surface *&text_surface);
 

@@ -7,7 +7,9 @@ namespace {
 // painting does.
 constexpr i64 least_cover = 4096; // pixels
 constexpr std::size_t max_covers = 16;
-constexpr std::size_t max_parts = 24; // of one box
+// Painting two parts costs more than painting a few pixels for nothing.
+constexpr i64 least_cut = 512;
+constexpr std::size_t max_parts = 24; // of one operation
 
 } // namespace
 
@@ -21,13 +23,13 @@ void Visibility::find(std::span<const PaintOp> ops, std::span<const PaintGroup> 
     for (std::size_t g = groups.size(); g-- > 0; end = groups[g].first) {
         if (is_covered(groups[g].area)) continue;
         for (std::size_t k = end; k-- > groups[g].first;) {
-            if (ops[k].kind == PaintOp::Kind::box) {
-                const Area box = common(ops[k].area, clip);
-                show_uncovered(k, box);
-                add_cover(box);
-            } else {
+            if (ops[k].kind == PaintOp::Kind::run) {
                 show(k, ops[k].area);
+                continue;
             }
+            const Area area = common(ops[k].area, clip);
+            show_uncovered(k, area);
+            if (ops[k].kind == PaintOp::Kind::box) add_cover(area);
         }
     }
 }
@@ -62,7 +64,7 @@ void Visibility::add_uncovered(const Area &a, std::size_t next_cover, std::size_
     if (a.is_empty()) return;
     for (std::size_t k = next_cover; k < covers_.size() && parts_.size() < most_parts; ++k) {
         const Area c = common(a, covers_[k]);
-        if (c.size() < std::min(least_cover, a.size())) continue;
+        if (c.is_empty() || c.size() < std::min(least_cut, a.size())) continue;
         add_uncovered({a.left, a.top, a.right, c.top}, k + 1, most_parts);
         add_uncovered({a.left, c.top, c.left, c.bottom}, k + 1, most_parts);
         add_uncovered({c.right, c.top, a.right, c.bottom}, k + 1, most_parts);

@@ -19,7 +19,7 @@ public:
     // The boxes are clipped; runs of pixels are not. Throws std::bad_alloc.
     void find(std::span<const PaintOp> ops, std::span<const PaintGroup> groups, const Area &clip);
 
-    // The areas of an operation that show: parts of a box, all or nothing of anything else.
+    // The parts of an operation that show. A run is shown whole.
     std::span<const Area> shown(std::size_t op) const {
         return {parts_.data() + shown_[op].first, shown_[op].count};
     }
