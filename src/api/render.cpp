@@ -3,6 +3,7 @@
 #include "render/cursor.h"
 #include "render/display.h"
 #include "render/geometry.h"
+#include "render/limits.h"
 #include "render/marks.h"
 #include "render/paint.h"
 #include "render/pixels.h"

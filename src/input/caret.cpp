@@ -4,6 +4,7 @@
 
 #include "model/clock.h"
 #include "model/types.h"
+#include "render/limits.h"
 #include "text/shown_line.h"
 
 namespace velumo {

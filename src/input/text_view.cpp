@@ -1,6 +1,7 @@
 #include "input/text_view.h"
 
 #include "model/strings.h"
+#include "render/limits.h"
 
 namespace velumo {
 

@@ -44,6 +44,7 @@ struct vel_state {
     std::unique_ptr<velumo::SharedClipboard> shared_clipboard; // null until it is needed
     std::unique_ptr<velumo::Kept> fonts; // tables of their glyphs, see text/fonts
     std::unique_ptr<velumo::Kept> picture; // rendered lines and operations, see render/painting
+    std::unique_ptr<velumo::Kept> way; // of masters, see render/limits
     // For tests: nothing is kept between drawings and nothing left out, as it is without memory.
     bool draws_plainly = false;
 };

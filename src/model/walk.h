@@ -5,9 +5,9 @@
 
 namespace velumo {
 
-// Depth first, each dependent before its own. The levels above the present one lie on the heap, so
-// that a form nested thousands of levels deep cannot exhaust the stack; without memory for them,
-// what lies deeper is left out.
+// Depth first, each dependent before its own. Of the levels above the present one the first few are
+// here and the others on the heap, so that a form nested thousands of levels deep cannot exhaust
+// the stack; without memory for them, what lies deeper is left out.
 class DependentWalk {
 public:
     DependentWalk(const vel_context &ctx, u32 master);
@@ -18,10 +18,15 @@ public:
     void descend();
 
 private:
+    void ascend();
+
     const vel_context &ctx_;
     u32 last_ = 0;
     std::span<const u32> level_;
-    std::vector<std::span<const u32>> above_;
+    using Level = std::span<const u32>;
+    Level near_[16];
+    std::size_t near_count_ = 0;
+    std::vector<Level> above_; // when all of the near ones are taken
 };
 
 enum class Walk { descend, skip, stop };

@@ -1,7 +1,7 @@
 #include "render/borders.h"
 
 #include "model/types.h"
-#include "render/geometry.h"
+#include "render/limits.h"
 #include "render/surface.h"
 
 namespace velumo {

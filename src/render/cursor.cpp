@@ -1,6 +1,6 @@
 #include "render/cursor.h"
 
-#include "render/geometry.h"
+#include "render/limits.h"
 #include "render/surface.h"
 #include "text/measure.h"
 

@@ -56,9 +56,6 @@ inline Span inside_margins(const vel_object &object, u32 size, const Axis &axis)
                    start + size - object.*axis.margin_after);
 }
 
-Limits dependent_limits(const vel_context &ctx, u32 object);
-Limits text_limits(const vel_context &ctx, u32 object);
-
 // Which part of an extent lies inside its limits.
 struct Overlap {
     bool first_in, last_in, spans;

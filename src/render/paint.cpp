@@ -3,7 +3,7 @@
 #include "model/traits.h"
 #include "model/types.h"
 #include "render/borders.h"
-#include "render/geometry.h"
+#include "render/limits.h"
 #include "render/selected_text.h"
 #include "render/states.h"
 #include "render/surface.h"
@@ -200,6 +200,7 @@ void paint_object(vel_context &ctx, u32 number) {
     // On purpose: the size is taken before the window is moved.
     const Size size = top_level_size(ctx, number, o);
     leave_room_for_frame(o);
+    if (is_top_level_window(o)) forget_master(ctx, number);
     const StateColours colours(ctx, number);
     if (o.master == 0) {
         paint_top_level_body(ctx, o, size);

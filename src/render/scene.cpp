@@ -4,7 +4,7 @@
 #include "model/walk.h"
 #include "render/cursor.h"
 #include "render/display.h"
-#include "render/geometry.h"
+#include "render/limits.h"
 #include "render/marks.h"
 #include "render/paint.h"
 #include "render/surface.h"
@@ -65,11 +65,16 @@ void draw_frame_buttons(vel_context &ctx) {
 }
 
 // Makes an object cover its master's inner area and the master's border inset around it.
-void fit(vel_object &o, const vel_object &master, const Axis &axis) {
+// True when it did not already.
+bool fit(vel_object &o, const vel_object &master, const Axis &axis) {
     const u32 inset = master.border_inset;
-    o.*axis.position = master.*axis.position + master.*axis.margin_before - inset;
-    o.*axis.size =
+    const u32 position = master.*axis.position + master.*axis.margin_before - inset;
+    const u32 size =
         master.*axis.size - master.*axis.margin_before - master.*axis.margin_after + 2 * inset;
+    const bool moves = o.*axis.position != position || o.*axis.size != size;
+    o.*axis.position = position;
+    o.*axis.size = size;
+    return moves;
 }
 
 bool shows_inside_masters(const vel_context &ctx, u32 number) {
@@ -94,6 +99,8 @@ void draw_all(vel_context &ctx) {
 }
 
 void format_all(vel_context &ctx) {
+    const FontsStay fonts_stay(ctx);
+    const KnownMasters masters(ctx);
     for (u32 number = 1; number <= ctx.object_count; ++number) format_object(ctx, number);
 }
 
@@ -105,6 +112,7 @@ void show_all(vel_context &ctx) {
 void draw_dependents(vel_context &ctx, u32 master) {
     if (!has_dependents(object_at(ctx, master))) return;
     const Painting painting(ctx);
+    const KnownMasters masters(ctx);
     place_dependents(ctx, master);
     walk_dependents(ctx, master, [&ctx](u32 number) {
         const vel_object &o = object_at(ctx, number);
@@ -121,8 +129,8 @@ void place_dependents(vel_context &ctx, u32 number) {
     for (const u32 dependent : dependents_of(master)) {
         vel_object &o = object_at(ctx, dependent);
         if (border_of(o).is_fitted && number != 0) {
-            fit(o, master, horizontal);
-            fit(o, master, vertical);
+            const bool moves = fit(o, master, horizontal) | fit(o, master, vertical);
+            if (moves) forget_master(ctx, dependent);
         }
         if (has_area(o) && o.type != VEL_TYPE_MENU) {
             o.hidden = shows_inside_masters(ctx, dependent) ? 0 : 1;

@@ -4,7 +4,7 @@
 
 #include "model/traits.h"
 #include "model/types.h"
-#include "render/geometry.h"
+#include "render/limits.h"
 #include "render/surface.h"
 #include "text/letters.h"
 #include "text/measure.h"

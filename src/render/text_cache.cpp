@@ -66,22 +66,24 @@ std::size_t TextCache::KeyHash::operator()(const LineKey &key) const {
 }
 
 TextCache::~TextCache() {
-    for (RenderedLine &line : lines_) SDL_FreeSurface(line.surface);
+    for (const RenderedLine &line : rendered_) SDL_FreeSurface(line.surface);
 }
 
 RenderedLine &TextCache::line_of(const FontTable &table, vel_colour colour, const char *text) {
     const auto found = places_.find({table.id, colour, text});
     if (found != places_.end()) {
-        lines_.splice(lines_.begin(), lines_, found->second);
-        return lines_.front();
+        RenderedLine &line = *found->second;
+        if (line.surface == nullptr) waiting_.splice(waiting_.begin(), waiting_, line.place);
+        return line;
     }
-    lines_.push_front({text, {table.id, colour, {}}, table.look().font, ++last_number_});
-    RenderedLine &line = lines_.front();
+    waiting_.push_front({text, {table.id, colour, {}}, table.look().font, ++last_number_});
+    RenderedLine &line = waiting_.front();
     line.key.text = line.text;
+    line.place = waiting_.begin();
     try {
-        places_.emplace(line.key, lines_.begin());
+        places_.emplace(line.key, line.place);
     } catch (...) {
-        lines_.pop_front();
+        waiting_.pop_front();
         throw;
     }
     bytes_ += bytes_of(line);
@@ -90,7 +92,9 @@ RenderedLine &TextCache::line_of(const FontTable &table, vel_colour colour, cons
 
 SDL_Surface *TextCache::surface_for(const SDL_Surface &screen, RenderedLine &line) {
     if (line.surface == nullptr) render(line);
-    if (line.surface != nullptr && ++line.draws > draws_before_encoding) encode(line, screen);
+    if (line.surface == nullptr) return nullptr;
+    rendered_.splice(rendered_.begin(), rendered_, line.place);
+    if (++line.draws > draws_before_encoding) encode(line, screen);
     return line.surface;
 }
 
@@ -127,9 +131,10 @@ void TextCache::render(RenderedLine &line) {
     const vel_colour c = line.key.colour;
     line.surface = TTF_RenderText_Blended(line.font, line.text.c_str(), {c.r, c.g, c.b, 0});
     if (line.surface == nullptr) return;
+    rendered_.splice(rendered_.begin(), waiting_, line.place);
     line.draws = 0;
     bytes_ += bytes_of(*line.surface);
-    drop_oldest_surfaces(line);
+    while (bytes_ > limit_ && &rendered_.back() != &line) drop_surface(rendered_.back());
 }
 
 void TextCache::drop_surface(RenderedLine &line) {
@@ -137,21 +142,15 @@ void TextCache::drop_surface(RenderedLine &line) {
     bytes_ -= bytes_of(*line.surface);
     SDL_FreeSurface(line.surface);
     line.surface = nullptr;
-}
-
-void TextCache::drop_oldest_surfaces(const RenderedLine &but) {
-    for (auto line = lines_.rbegin(); line != lines_.rend() && bytes_ > limit_; ++line) {
-        if (&*line != &but) drop_surface(*line);
-    }
+    waiting_.splice(waiting_.begin(), rendered_, line.place);
 }
 
 void TextCache::trim() {
-    while (bytes_ > limit_ && !lines_.empty()) {
-        RenderedLine &oldest = lines_.back();
-        drop_surface(oldest);
-        bytes_ -= bytes_of(oldest);
-        places_.erase(oldest.key);
-        lines_.pop_back();
+    while (bytes_ > limit_ && !places_.empty()) {
+        if (waiting_.empty()) drop_surface(rendered_.back());
+        bytes_ -= bytes_of(waiting_.back());
+        places_.erase(waiting_.back().key);
+        waiting_.pop_back();
     }
 }
 

@@ -24,7 +24,8 @@ struct RenderedLine {
     TTF_Font *font;
     u32 number;
     u32 draws = 0;
-    SDL_Surface *surface = nullptr; // null until it is painted, and when the font cannot
+    SDL_Surface *surface = nullptr;            // null until it is painted, and when the font cannot
+    std::list<RenderedLine>::iterator place{}; // its own, in one of the lists
 };
 
 class TextCache {
@@ -57,9 +58,9 @@ private:
     void encode(RenderedLine &line, const SDL_Surface &screen);
     void render(RenderedLine &line);
     void drop_surface(RenderedLine &line);
-    void drop_oldest_surfaces(const RenderedLine &but);
 
-    Lines lines_; // the one used last in front
+    Lines waiting_;  // without a surface, the one asked for last in front
+    Lines rendered_; // the one painted last in front
     std::unordered_map<LineKey, Lines::iterator, KeyHash> places_;
     std::size_t bytes_ = 0, limit_ = 0;
     u32 last_number_ = 0;

@@ -5,7 +5,7 @@ namespace {
 
 // Few large boxes cover most of what is covered at all, and comparing with many costs more than
 // painting does.
-constexpr i64 least_cover = 4096; // pixels
+constexpr i64 least_cover = 1024; // pixels
 constexpr std::size_t max_covers = 16;
 // Painting two parts costs more than painting a few pixels for nothing.
 constexpr i64 least_cut = 512;

@@ -1,7 +1,7 @@
 // The two rules for the line width of an object that has none of its own. For text layout.
 #pragma once
 
-#include "render/geometry.h"
+#include "render/limits.h"
 
 namespace velumo {
 

@@ -1,0 +1,73 @@
+#include "render/limits.h"
+
+#include <new>
+
+namespace velumo {
+namespace {
+
+Way *known_way(const vel_context &ctx) {
+    Way *way = ctx.state == nullptr ? nullptr : static_cast<Way *>(ctx.state->way.get());
+    return way == nullptr || way->users == 0 ? nullptr : way;
+}
+
+bool is_nested(const vel_context &ctx, const vel_object &o) {
+    return o.master != 0 && object_at(ctx, o.master).master != 0;
+}
+
+Limits climbed_limits(const vel_context &ctx, u32 number) {
+    const vel_object &object = object_at(ctx, number);
+    const u32 root = root_of(ctx, number);
+    if (object.master == root) {
+        return {direct_limits(ctx, object, horizontal), direct_limits(ctx, object, vertical)};
+    }
+    return {nested_limits(ctx, object, root, horizontal),
+            nested_limits(ctx, object, root, vertical)};
+}
+
+Span tighter(Span a, Span b) { return {std::max(a.begin, b.begin), std::min(a.end, b.end)}; }
+
+} // namespace
+
+Limits dependent_limits(const vel_context &ctx, u32 number) {
+    if (Way *way = known_way(ctx)) return dependent_limits(ctx, number, *way);
+    return climbed_limits(ctx, number);
+}
+
+Limits dependent_limits(const vel_context &ctx, u32 number, Way &way) try {
+    const vel_object &object = object_at(ctx, number);
+    return is_nested(ctx, object) ? way.limits_of(ctx, object) : climbed_limits(ctx, number);
+} catch (const std::bad_alloc &) {
+    return climbed_limits(ctx, number);
+}
+
+Limits text_limits(const vel_context &ctx, u32 number) {
+    const vel_object &object = object_at(ctx, number);
+    if (object.master == 0) {
+        return {inside_margins(object, cut_size(ctx, object, horizontal), horizontal),
+                inside_margins(object, cut_size(ctx, object, vertical), vertical)};
+    }
+    const Limits outer = dependent_limits(ctx, number);
+    return {tighter(inside_margins(object, object.width, horizontal), outer.x),
+            tighter(inside_margins(object, object.height, vertical), outer.y)};
+}
+
+KnownMasters::KnownMasters(const vel_context &ctx) : ctx_(ctx) {
+    if (ctx.state == nullptr || ctx.state->draws_plainly) return;
+    try {
+        ++kept<Way>(ctx.state->way).users;
+        are_kept_ = true;
+    } catch (const std::bad_alloc &) {
+    }
+}
+
+KnownMasters::~KnownMasters() {
+    if (!are_kept_) return;
+    Way &way = *known_way(ctx_);
+    if (--way.users == 0) way.clear();
+}
+
+void forget_master(const vel_context &ctx, u32 object) {
+    if (Way *way = known_way(ctx)) way->forget(object);
+}
+
+} // namespace velumo
