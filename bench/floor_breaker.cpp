@@ -4,10 +4,13 @@
 
 namespace office {
 
-FloorBreaker::FloorBreaker(TTF_Font *font) : font_(font) {
+FloorBreaker::FloorBreaker(TTF_Font *font)
+    : font_(font), overhang_(bold_overhang()), outline_(2 * TTF_GetFontOutline(font)) {
     for (int c = 1; c < characters; ++c) {
         int left = 0, right = 0, advance = 0;
         TTF_GlyphMetrics(font, static_cast<Uint16>(c), &left, &right, nullptr, nullptr, &advance);
+        right -= overhang_; // TTF_GlyphMetrics adds it to both
+        advance -= overhang_;
         glyphs_[c] = {left, std::max(advance, right), advance};
     }
     if (TTF_GetFontKerning(font) == 0) return;
@@ -15,6 +18,17 @@ FloorBreaker::FloorBreaker(TTF_Font *font) : font_(font) {
     separators_ = width_between_separators(0, 0);
     for (int c = 1; c < characters; ++c)
         alone_[c] = width_between_separators(static_cast<unsigned char>(c), 0);
+}
+
+int FloorBreaker::bold_overhang() const {
+    const int style = TTF_GetFontStyle(font_);
+    if ((style & TTF_STYLE_BOLD) == 0) return 0;
+    int bold = 0, plain = 0;
+    TTF_GlyphMetrics(font_, 'M', nullptr, nullptr, nullptr, nullptr, &bold);
+    TTF_SetFontStyle(font_, style & ~TTF_STYLE_BOLD);
+    TTF_GlyphMetrics(font_, 'M', nullptr, nullptr, nullptr, nullptr, &plain);
+    TTF_SetFontStyle(font_, style);
+    return bold - plain;
 }
 
 // Words and blanks are measured one by one. One that does not fit starts a line; if it is a blank,
@@ -30,7 +44,7 @@ int FloorBreaker::count_lines(const std::string &text, int width) {
             add(with_next, text[end++]);
         else
             while (end < text.size() && text[end] != ' ') add(with_next, text[end++]);
-        if (with_next.pixels() > width && at > start) {
+        if (pixels(with_next) > width && at > start) {
             if (text[at] == ' ') at = end;
             start = at;
             so_far = {};
@@ -48,6 +62,7 @@ inline void FloorBreaker::add(Width &width, char character) {
     const Glyph &glyph = glyphs_[c];
     width.x += kerning(width.last, c);
     width.left = std::min(width.left, width.x + glyph.left);
+    width.x += overhang_;
     width.right = std::max(width.right, width.x + glyph.reach);
     width.x += glyph.advance;
     width.last = c;

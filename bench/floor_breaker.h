@@ -12,7 +12,6 @@ namespace office {
 
 class FloorBreaker {
 public:
-    // The font has no synthetic style and no outline.
     explicit FloorBreaker(TTF_Font *font);
 
     // Lines of words that are at most so many pixels wide.
@@ -26,16 +25,18 @@ private:
     struct Width {
         int x = 0, left = 0, right = 0;
         unsigned char last = 0;
-        int pixels() const { return right - left; }
     };
     static constexpr int characters = 256;
     static constexpr std::int16_t unknown = -1000;
 
+    int bold_overhang() const;
+    int pixels(const Width &width) const { return width.right - width.left + outline_; }
     void add(Width &width, char character);
     int kerning(unsigned char first, unsigned char second);
     int width_between_separators(unsigned char first, unsigned char second) const;
 
     TTF_Font *font_;
+    int overhang_, outline_; // of synthetic bold, and on both sides
     Glyph glyphs_[characters]{};
     int alone_[characters]{}; // widths between separators
     int separators_ = 0;      // the width of the separators alone

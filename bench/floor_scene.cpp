@@ -148,11 +148,7 @@ void FloorScene::draw(const Line &step) const {
     const int limit = step.upright ? screen.h - step.y : screen.w - step.x;
     const int length = std::min(step.length, limit), stride = step.upright ? pitch : 1;
     Uint32 *pixel = static_cast<Uint32 *>(screen.pixels) + step.y * pitch + step.x;
-    if (step.upright) {
-        for (int k = 0; k < length; ++k, pixel += stride) *pixel = step.pixel;
-    } else {
-        std::fill_n(pixel, length, step.pixel);
-    }
+    for (int k = 0; k < length; ++k, pixel += stride) *pixel = step.pixel;
 }
 
 void FloorScene::draw(const Blit &step) const {
