@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
 """Compares the library with its floor and with other toolkits, and prints a table of ratios.
 
-Each round runs every program once, in turn, and a ratio is that of two figures of one round, because
-other work on the machine slows down all of a round alike. Shown are the median of the rounds and
-the middle half of them. Times are processor times.
+Each round runs every program once, in turn, and a ratio is that of two figures of one round,
+because other work on the machine slows down all of a round alike. Shown are the median of the
+rounds and the middle half of them. Times are processor times.
 
 usage: compare.py BUILD [--rounds N] [--only GROUP]... [--json FILE] [--markdown FILE]
 """
@@ -33,14 +33,14 @@ TOOLKITS = {"bench_fltk": "FLTK", "bench_qt5": "Qt 5", "bench_imgui": "Dear ImGu
 def form_source(titles, count):
     """Returns a form source in which every second object is the title of a menu.
 
-    The menu is the object after it, or with 'missing' none at all.
+    The object after it is that menu, or with titles 'missing' a label of another name.
     """
     other = "menu" if titles == "menus" else "label"
-    pair = (
-        '[[object]]\nid = "title_{0}"\ntype = "label"\nrect = [0, 0, 60, 30]\nmenu = "{1}_{0}"\n\n'
-        '[[object]]\nid = "{2}_{0}"\ntype = "{2}"\nrect = [0, 0, 80, 90]\n\n'
+    return "".join(
+        f'[[object]]\nid = "title_{k}"\ntype = "label"\nrect = [0, 0, 60, 30]\nmenu = "menu_{k}"\n'
+        f'[[object]]\nid = "{other}_{k}"\ntype = "{other}"\nrect = [0, 0, 80, 90]\n'
+        for k in range(count // 2)
     )
-    return "".join(pair.format(k, "menu", other) for k in range(count // 2))
 
 
 class Works:
@@ -100,13 +100,13 @@ class Works:
 
 def measure(works, rows, rounds):
     """Returns a dict from figure to its values, one for each round."""
-    figures = {f for row in rows for f in (row.own, row.base) if f is not None}
-    todo = list(dict.fromkeys((f.program, f.work) for row in rows for f in (row.own, row.base) if f))
+    figures = [f for row in rows for f in (row.own, row.base) if f is not None]
+    todo = list(dict.fromkeys((f.program, f.work) for f in figures))
     values = {figure: [] for figure in figures}
     for number in range(rounds):
         start = number % len(todo)
         told = {pair: works.run(*pair) for pair in todo[start:] + todo[:start]}
-        for figure in figures:
+        for figure in values:
             values[figure].append(told[figure.program, figure.work][figure.name])
         load = os.getloadavg()[0]
         print(f"round {number + 1} of {rounds}, load {load:.1f}", file=sys.stderr, flush=True)
@@ -122,15 +122,17 @@ def middle(values):
 
 
 def result_of(row, values):
-    own = measured = values[row.own]
+    result = {"work": row.work, "against": row.against, "unit": row.unit}
+    measured = own = values[row.own]
     if row.base is not None:
-        measured = [a / b for a, b in zip(own, values[row.base])]
+        base = values[row.base]
+        measured = [a / b for a, b in zip(own, base)]
+        result["microseconds"] = statistics.median(own)
+        result["base_microseconds"] = statistics.median(base)
     median, low, high = middle(measured)
-    return {"work": row.work, "against": row.against, "unit": row.unit,
-            "median": median, "low": low, "high": high,
-            "microseconds": statistics.median(own) if row.base else None,
-            "required": row.required, "wanted": row.wanted,
-            "reached": row.required is None or median <= row.required}  # fmt: skip
+    reached = row.required is None or median <= row.required
+    return result | {"median": median, "low": low, "high": high, "required": row.required,
+                     "wanted": row.wanted, "reached": reached}  # fmt: skip
 
 
 def number(value):
@@ -150,10 +152,10 @@ def duration(microseconds):
 
 def cells(result):
     half = f"{number(result['low'])} to {number(result['high'])}"
+    measured = f"{number(result['median'])} {result['unit']}".strip()
     short = "" if result["reached"] else " (short)"
-    return [result["work"], result["against"], f"{number(result['median'])} {result['unit']}".strip(),
-            half, number(result["required"]) + short, number(result["wanted"]),
-            duration(result["microseconds"])]  # fmt: skip
+    return [result["work"], result["against"], measured, half, number(result["required"]) + short,
+            number(result["wanted"]), duration(result.get("microseconds"))]  # fmt: skip
 
 
 HEADS = ["work", "against", "measured", "middle half", "required", "wanted", "time"]

@@ -47,8 +47,8 @@ void break_lines() {
     measure::demand(lines == last + 1, "the floor breaks the text into other lines");
 }
 
-// What the form takes beyond its tables, after some redraws: its pictures, and what the library and
-// SDL keep.
+// MiB that the form takes beyond its tables, after some redraws: its pictures, and what the library
+// and SDL keep.
 void memory() {
     const office::Display display = office::open_display();
     const double before = measure::anonymous_kib();
@@ -56,7 +56,7 @@ void memory() {
     form.show();
     for (int k = 0; k < 5; ++k) form.redraw();
     const double tables = static_cast<double>(form.table_bytes()) / 1024;
-    measure::say("memory", measure::anonymous_kib() - before - tables);
+    measure::say("memory", (measure::anonymous_kib() - before - tables) / 1024);
 }
 
 // Allocations of the library for one run of the work, on average; the counter is preloaded.
@@ -76,6 +76,8 @@ void allocations() {
     form.show();
     say_allocations("redraw", [&form] { form.redraw(); });
     say_allocations("key", [&form] { form.strike_next(); });
+    form.ctx.partial_redraw = 1;
+    say_allocations("partial-key", [&form] { form.strike_next(); });
 }
 
 void picture() {

@@ -1,4 +1,4 @@
-"""The rows of the table that compare.py prints: what is measured, against what, and what is required.
+"""The rows of the table of compare.py: what is measured, against what, and what is required.
 
 README.md says what they mean.
 """
@@ -81,10 +81,11 @@ ROWS = [
     deep_row("hit-test", "hit test"),
     allocations_row("redraw", "a repeated redraw"),
     allocations_row("key", "a key"),
+    allocations_row("partial-key", "a key, partial_redraw = 1"),
     Row("size", "code and data of the shared library", "", Figure("size", "library", "size"), None,
         200, 120, "KiB"),  # fmt: skip
     Row("memory", "memory beyond the tables, form on screen", "",
-        Figure("bench_library", "memory", "memory"), None, 5 * 1024, 2 * 1024, "KiB"),  # fmt: skip
+        Figure("bench_library", "memory", "memory"), None, 5, 2, "MiB"),  # fmt: skip
     velform_row("menus", "half of them titles"),
     velform_row("missing", "of menus that do not exist"),
 ]
