@@ -30,15 +30,14 @@ void forget_undone(History &history) {
 }
 
 void forget_oldest(History &history) {
-    const auto is_too_long = [&history] {
-        const std::size_t count = history.steps.size();
-        return count > most_steps || (history.bytes > most_bytes && count > least_steps);
-    };
-    while (is_too_long()) {
-        history.bytes -= bytes_of(history.steps.front());
-        history.steps.pop_front();
-        --history.done;
+    std::size_t count = history.steps.size(), oldest = 0;
+    while (count > most_steps || (history.bytes > most_bytes && count > least_steps)) {
+        history.bytes -= bytes_of(history.steps[oldest++]);
+        --count;
     }
+    const auto first = history.steps.begin();
+    history.steps.erase(first, first + static_cast<std::ptrdiff_t>(oldest));
+    history.done -= oldest;
 }
 
 } // namespace

@@ -3,8 +3,8 @@
 #pragma once
 
 #include <chrono>
-#include <deque>
 #include <string>
+#include <vector>
 
 #include "velumo.h"
 
@@ -35,7 +35,7 @@ struct Step {
 
 // The steps of one field or text.
 struct History {
-    std::deque<Step> steps;
+    std::vector<Step> steps;
     std::size_t done = 0;  // steps that were not undone; the others can be done again
     std::size_t bytes = 0; // of the characters in the steps
     std::string known;     // the text as the last step left it

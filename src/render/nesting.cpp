@@ -130,8 +130,9 @@ bool Way::is_on_it(u32 number) {
 }
 
 void Way::cut(std::size_t length) {
-    numbers_.resize(length);
-    levels_.resize(length);
+    const auto kept = static_cast<std::ptrdiff_t>(length);
+    numbers_.erase(numbers_.begin() + kept, numbers_.end());
+    levels_.erase(levels_.begin() + kept, levels_.end());
 }
 
 void Way::append(const vel_context &ctx, u32 number) {
