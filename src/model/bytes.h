@@ -1,6 +1,7 @@
 // Reads little-endian fields from bytes. For the form files.
 #pragma once
 
+#include <bit>
 #include <cstddef>
 #include <cstring>
 #include <span>
@@ -12,15 +13,15 @@ namespace velumo {
 using Bytes = std::span<const unsigned char>;
 
 inline u32 little_endian(Bytes bytes, std::size_t offset) {
-    return static_cast<u32>(bytes[offset]) | static_cast<u32>(bytes[offset + 1]) << 8 |
-           static_cast<u32>(bytes[offset + 2]) << 16 | static_cast<u32>(bytes[offset + 3]) << 24;
+    u32 value = 0;
+    std::memcpy(&value, bytes.data() + offset, sizeof value);
+    return std::endian::native == std::endian::little ? value : __builtin_bswap32(value);
 }
 
-// Copies a string up to its NUL; one that has none is ended inside its field.
+// Copies a string up to its NUL into a field of zeros; one that has none is ended inside its field.
 template <std::size_t N> void copy_string(Bytes bytes, std::size_t offset, char (&field)[N]) {
-    std::memcpy(field, bytes.data() + offset, N - 1);
-    field[N - 1] = '\0';
-    std::memset(field + std::strlen(field), 0, N - std::strlen(field));
+    const auto *string = reinterpret_cast<const char *>(bytes.data() + offset);
+    std::memcpy(field, string, strnlen(string, N - 1));
 }
 
 } // namespace velumo

@@ -40,6 +40,7 @@ private:
         check_number(number, "master", o.master, tables_.object_records);
         check_number(number, "text_index", o.text_index, tables_.text_records);
         const std::size_t listed = dependents_of(o).size();
+        if (listed == 0) return;                   // then the whole list is 0
         for (u32 &entry : std::span(o.dep_objs)) { // also after the end of the list
             check_number(number, "dep_objs", entry, tables_.object_records);
         }

@@ -24,13 +24,15 @@ i32 error_code(FileError error, i32 open_error) {
 }
 
 i32 read_tables(const Form &form, Tables &tables) {
-    const FileContent objects = read_file(form.form_path, form.access);
-    if (objects.error != FileError::none) return error_code(objects.error, VEL_ERROR_FORM_FILE);
-    if (!read_objects(objects.bytes(), form.spare_objects, tables)) return VEL_ERROR_MEMORY;
-    if (!needs_texts(tables)) return VEL_OK;
-    const FileContent texts = read_file(form.text_path, form.access);
-    if (texts.error != FileError::none) return error_code(texts.error, VEL_ERROR_TEXT_FILE);
-    return read_texts(texts.bytes(), form.spare_texts, tables) ? VEL_OK : VEL_ERROR_MEMORY;
+    RecordReader objects(form.form_path, form.access, sizeof(vel_object_file_rec));
+    FileError error = objects.error();
+    if (error == FileError::none) error = read_objects(objects, form.spare_objects, tables);
+    if (error != FileError::none) return error_code(error, VEL_ERROR_FORM_FILE);
+    if (!tables.need_texts) return VEL_OK;
+    RecordReader texts(form.text_path, form.access, sizeof(vel_text_rec));
+    error = texts.error();
+    if (error == FileError::none) error = read_texts(texts, form.spare_texts, tables);
+    return error_code(error, VEL_ERROR_TEXT_FILE);
 }
 
 void hand_over(Tables &tables, std::map<u32, Traits> traits, vel_context &ctx, vel_state &state) {

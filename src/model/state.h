@@ -22,6 +22,8 @@ struct Traits {
     char key = '\0'; // with Alt it reaches the object; a small letter or digit
 };
 
+class FontTable;
+
 } // namespace velumo
 
 struct vel_state {
@@ -43,8 +45,10 @@ struct vel_state {
     std::string clipboard, primary; // what the program itself has copied and selected, in UTF-8
     std::unique_ptr<velumo::SharedClipboard> shared_clipboard; // null until it is needed
     std::unique_ptr<velumo::Kept> fonts; // tables of their glyphs, see text/fonts
+    TTF_Font *looked_at_font = nullptr;  // the last one, while no font can change
+    velumo::FontTable *looked_at_table = nullptr;
     std::unique_ptr<velumo::Kept> picture; // rendered lines and operations, see render/painting
-    std::unique_ptr<velumo::Kept> way; // of masters, see render/limits
+    std::unique_ptr<velumo::Kept> way;     // of masters, see render/limits
     // For tests: nothing is kept between drawings and nothing left out, as it is without memory.
     bool draws_plainly = false;
 };

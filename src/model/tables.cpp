@@ -37,13 +37,14 @@ template <class Record> bool make_table(std::size_t count, u32 spare, Table<Reco
 }
 
 void read_list(Bytes record, std::size_t place, u32 (&list)[VEL_MAX_DEPENDENTS]) {
+    // A list that begins with 0 is empty, whatever comes after.
+    if (little_endian(record, place) == 0) return;
     for (std::size_t k = 0; k < VEL_MAX_DEPENDENTS; ++k) {
         list[k] = little_endian(record, place + 4 * k);
     }
-    // A list that begins with 0 is empty, whatever comes after.
-    if (list[0] == 0) std::fill_n(list, VEL_MAX_DEPENDENTS, 0U);
 }
 
+// The object is all zeros before.
 void read_object(Bytes record, vel_object &object) {
 #define NUMBER(field, byte, ...) object.field = little_endian(record, byte);
 #define FLAG NUMBER
@@ -73,36 +74,33 @@ void read_text(Bytes record, vel_text_rec &text) {
 
 } // namespace
 
-bool read_objects(Bytes form, u32 spare, Tables &tables) {
-    const std::size_t count = form.size() / sizeof(FileRecord);
-    if (!make_table(count, spare, tables.objects)) return false;
+FileError read_objects(RecordReader &form, u32 spare, Tables &tables) {
+    const std::size_t count = form.count();
+    if (!make_table(count, spare, tables.objects)) return FileError::memory;
     tables.object_count = static_cast<u32>(count);
     tables.object_records = tables.object_count + spare + 1;
-    for (std::size_t k = 0; k < count; ++k) {
-        read_object(form.subspan(k * sizeof(FileRecord), sizeof(FileRecord)),
-                    tables.objects[k + 1]);
+    for (std::size_t k = 1; k <= count; ++k) {
+        Bytes record;
+        if (!form.next(record)) return FileError::read;
+        read_object(record, tables.objects[k]);
+        if (tables.objects[k].text_index != 0) tables.need_texts = true;
     }
-    return true;
+    return FileError::none;
 }
 
-bool needs_texts(const Tables &tables) {
-    const vel_object *first = tables.objects.get() + 1;
-    return std::any_of(first, first + tables.object_count,
-                       [](const vel_object &object) { return object.text_index != 0; });
-}
-
-bool read_texts(Bytes texts, u32 spare, Tables &tables) {
-    const std::size_t count = texts.size() / sizeof(vel_text_rec);
+FileError read_texts(RecordReader &texts, u32 spare, Tables &tables) {
+    const std::size_t count = texts.count();
     if (!make_table(count, spare, tables.texts) || !make_table(count, spare, tables.buffers)) {
-        return false;
+        return FileError::memory;
     }
     tables.text_count = static_cast<u32>(count);
     tables.text_records = tables.text_count + spare + 1;
-    for (std::size_t k = 0; k < count; ++k) {
-        read_text(texts.subspan(k * sizeof(vel_text_rec), sizeof(vel_text_rec)),
-                  tables.texts[k + 1]);
+    for (std::size_t k = 1; k <= count; ++k) {
+        Bytes record;
+        if (!texts.next(record)) return FileError::read;
+        read_text(record, tables.texts[k]);
     }
-    return true;
+    return FileError::none;
 }
 
 } // namespace velumo

@@ -1,8 +1,7 @@
 // Tables made from the bytes of the form files, before a context owns them. For start-up.
 #pragma once
 
-#include "model/bytes.h"
-#include "model/memory.h"
+#include "model/file.h"
 
 namespace velumo {
 
@@ -17,13 +16,11 @@ struct Tables {
     u32 object_records = 0; // record 0 and the spare ones included
     u32 text_count = 0;
     u32 text_records = 0;
+    bool need_texts = false; // an object has a text
 };
 
-// Both return false when the table does not fit into memory. Bytes after the last whole record are
-// ignored; the spare records after the loaded ones are zero.
-bool read_objects(Bytes form, u32 spare, Tables &tables);
-bool read_texts(Bytes texts, u32 spare, Tables &tables);
-
-bool needs_texts(const Tables &tables);
+// The records of a file; the spare ones after them are zero.
+FileError read_objects(RecordReader &form, u32 spare, Tables &tables);
+FileError read_texts(RecordReader &texts, u32 spare, Tables &tables);
 
 } // namespace velumo

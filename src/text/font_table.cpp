@@ -55,28 +55,6 @@ u32 width_asked_of(TTF_Font *font, const char *text) {
     return static_cast<u32>(width);
 }
 
-// What was learnt once is looked up in place: every character of every line passes here.
-inline const FontTable::Glyph &FontTable::glyph(u8 character) {
-    if (!glyphs_[character].is_known) learn_glyph(character);
-    return glyphs_[character];
-}
-
-inline int FontTable::kerning(u8 before, u8 character) {
-    const KerningRow *row = kerning_[before].get();
-    if (row == nullptr || (*row)[character] == unknown_kerning) learn_kerning(before, character);
-    return (*kerning_[before])[character];
-}
-
-inline void FontTable::add(u8 character, LineExtent &line) {
-    const Glyph &g = glyph(character);
-    if (kerns_ && line.last != 0) line.x += kerning(line.last, character);
-    line.min_x = std::min(line.min_x, line.x + g.min_x);
-    line.x += overhang_;
-    line.max_x = std::max(line.max_x, line.x + g.reach);
-    line.x += g.advance;
-    line.last = character;
-}
-
 FontTable::FontTable(const FontLook &look, u32 own_id)
     : id(own_id), look_(look), outline_(std::max(TTF_GetFontOutline(look.font), 0)),
       kerns_(TTF_GetFontKerning(look.font) != 0), overhang_(overhang_of(look.font)) {
@@ -89,8 +67,7 @@ FontTable::FontTable(const FontLook &look, u32 own_id)
 }
 
 u32 FontTable::width(const char *text) {
-    LineExtent line;
-    for (const char *at = text; *at != '\0'; ++at) add(static_cast<u8>(*at), line);
+    const LineExtent line = extended({}, text, text + std::strlen(text));
     return is_exact_ ? width_of(line) : width_asked_of(look_.font, text);
 }
 
@@ -99,32 +76,53 @@ u32 FontTable::growing_width(const char *text) {
         grown_length_ = 0;
         grown_line_ = {};
     }
-    LineExtent line = grown_line_;
-    const char *at = text + grown_length_;
-    for (; *at != '\0' && at < text + sizeof grown_; ++at) add(static_cast<u8>(*at), line);
-    std::copy(text + grown_length_, at, grown_ + grown_length_);
-    grown_length_ = static_cast<u32>(at - text);
-    grown_line_ = line;
-    for (; *at != '\0'; ++at) add(static_cast<u8>(*at), line);
+    const char *const start = text + grown_length_;
+    const std::size_t added = std::strlen(start);
+    const LineExtent line = extended(grown_line_, start, start + added);
+    if (grown_length_ + added <= sizeof grown_) {
+        std::memcpy(grown_ + grown_length_, start, added);
+        grown_length_ += static_cast<u32>(added);
+        grown_line_ = line;
+    }
     return is_exact_ ? width_of(line) : width_asked_of(look_.font, text);
+}
+
+// Every character of every line passes here, so that what is unknown is learnt elsewhere.
+LineExtent FontTable::extended(LineExtent line, const char *at, const char *end) {
+    for (; at != end; ++at) {
+        const u8 character = static_cast<u8>(*at);
+        const KerningRow *row = kerning_[line.last].get();
+        const int known = row == nullptr ? unknown_kerning : (*row)[character];
+        line.x += known != unknown_kerning ? known : learn_pair(line.last, character);
+        const Glyph &glyph = glyphs_[character];
+        line.min_x = std::min(line.min_x, line.x + glyph.min_x);
+        line.x += overhang_;
+        line.max_x = std::max(line.max_x, line.x + glyph.reach);
+        line.x += glyph.advance;
+        line.last = character;
+    }
+    return line;
+}
+
+// Returns the kerning of a character after another, or after NUL at the start of a line.
+[[gnu::noinline]] int FontTable::learn_pair(u8 before, u8 character) {
+    std::unique_ptr<KerningRow> &row = kerning_[before];
+    if (row == nullptr) {
+        row = std::make_unique<KerningRow>();
+        row->fill(unknown_kerning);
+    }
+    learn_glyph(character);
+    const int kerning = kerns_ && before != 0 ? measured_kerning(before, character) : 0;
+    if (before != 0) check_pair(before, character, kerning);
+    (*row)[character] = static_cast<std::int16_t>(kerning);
+    return kerning;
 }
 
 // The font adds the overhang to both, and once more to the line.
 void FontTable::learn_glyph(u8 character) {
     const FontLook::Metrics m = metrics_of(look_.font, character);
     const int advance = m.advance - overhang_;
-    glyphs_[character] = {true, m.min_x, std::max(advance, m.max_x - overhang_), advance};
-}
-
-void FontTable::learn_kerning(u8 before, u8 character) {
-    std::unique_ptr<KerningRow> &row = kerning_[before];
-    if (row == nullptr) {
-        row = std::make_unique<KerningRow>();
-        row->fill(unknown_kerning);
-    }
-    const int measured = measured_kerning(before, character);
-    (*row)[character] = static_cast<std::int16_t>(measured);
-    check_pair(before, character, measured);
+    glyphs_[character] = {m.min_x, std::max(advance, m.max_x - overhang_), advance};
 }
 
 int FontTable::measured_kerning(u8 before, u8 character) {
@@ -142,9 +140,9 @@ int FontTable::width_between_separators(std::initializer_list<u8> characters) co
     return width;
 }
 
-// A pair that the rule does not explain shows that it is not the font's.
+// A pair that the rule does not explain shows that it is not the font's. Both glyphs are known.
 void FontTable::check_pair(u8 before, u8 character, int kerning) {
-    const Glyph &a = glyph(before), &b = glyph(character);
+    const Glyph &a = glyphs_[before], &b = glyphs_[character];
     const int start = overhang_ + a.advance + kerning;
     const int min_x = std::min({0, a.min_x, start + b.min_x});
     const int max_x = std::max({0, overhang_ + a.reach, start + overhang_ + b.reach});

@@ -51,19 +51,16 @@ public:
 
 private:
     struct Glyph {
-        bool is_known = false;
         int min_x = 0, reach = 0,
             advance = 0; // reach: the larger of the advance and the last pixel
     };
     using KerningRow = std::array<std::int16_t, 256>;
 
-    const Glyph &glyph(u8 character);
+    int learn_pair(u8 before, u8 character);
     void learn_glyph(u8 character);
-    int kerning(u8 before, u8 character);
-    void learn_kerning(u8 before, u8 character);
     int measured_kerning(u8 before, u8 character);
     int width_between_separators(std::initializer_list<u8> characters) const;
-    void add(u8 character, LineExtent &line);
+    LineExtent extended(LineExtent line, const char *at, const char *end);
     u32 width_of(const LineExtent &line) const {
         return static_cast<u32>(line.width() + 2 * outline_);
     }

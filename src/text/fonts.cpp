@@ -23,14 +23,6 @@ public:
 
     FontTable &table_of(TTF_Font *font) {
         if (depth == 0) begin_call();
-        if (last_ != nullptr && last_call_ == call_ && last_->look().font == font) return *last_;
-        last_ = &found_table(font);
-        last_call_ = call_;
-        return *last_;
-    }
-
-private:
-    FontTable &found_table(TTF_Font *font) {
         // The last ones first: a font that was used before is mostly the next one, too.
         for (std::size_t k = fonts_.size(); k-- > 0;) {
             if (fonts_[k].table->look().font != font) continue;
@@ -58,31 +50,36 @@ private:
 
     std::vector<KnownFont> fonts_; // the one looked at last at the end
     std::uint64_t call_ = 0;
-    FontTable *last_ = nullptr; // asked for last, in last_call_
-    std::uint64_t last_call_ = 0;
     u32 last_id_ = 0;
 };
 
 } // namespace
 
-FontTable *table_of(const vel_context &ctx, TTF_Font *font) try {
+FontTable *found_table(const vel_context &ctx, TTF_Font *font) try {
     if (ctx.state == nullptr || ctx.state->draws_plainly) return nullptr;
-    return &kept<Fonts>(ctx.state->fonts).table_of(font);
+    auto &fonts = kept<Fonts>(ctx.state->fonts);
+    FontTable &table = fonts.table_of(font);
+    if (fonts.depth != 0) {
+        ctx.state->looked_at_font = font;
+        ctx.state->looked_at_table = &table;
+    }
+    return &table;
 } catch (const std::bad_alloc &) {
     return nullptr;
 }
 
-FontsStay::FontsStay(vel_context &ctx) {
+FontsStay::FontsStay(vel_context &ctx) : ctx_(ctx) {
     try {
         auto &fonts = kept<Fonts>(state_of(ctx).fonts);
         if (fonts.depth++ == 0) fonts.begin_call();
-        depth_ = &fonts.depth;
+        are_known_ = true;
     } catch (const std::bad_alloc &) {
     }
 }
 
 FontsStay::~FontsStay() {
-    if (depth_ != nullptr) --*depth_;
+    if (!are_known_ || --static_cast<Fonts &>(*ctx_.state->fonts).depth != 0) return;
+    ctx_.state->looked_at_font = nullptr;
 }
 
 } // namespace velumo

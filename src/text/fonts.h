@@ -6,10 +6,12 @@
 
 namespace velumo {
 
-class FontTable;
-
 // Null when there is no memory for the table. The font is not null.
-FontTable *table_of(const vel_context &ctx, TTF_Font *font);
+FontTable *found_table(const vel_context &ctx, TTF_Font *font);
+inline FontTable *table_of(const vel_context &ctx, TTF_Font *font) {
+    const bool is_last = ctx.state != nullptr && ctx.state->looked_at_font == font;
+    return is_last ? ctx.state->looked_at_table : found_table(ctx, font);
+}
 
 // A font may be closed, opened again or changed between two calls of the program, so each is looked
 // at when it is first used in a call. As long as one of these lives, no font is looked at twice:
@@ -22,7 +24,8 @@ public:
     FontsStay &operator=(const FontsStay &) = delete;
 
 private:
-    u32 *depth_ = nullptr; // null without memory for tables
+    vel_context &ctx_;
+    bool are_known_ = false; // not without memory for tables
 };
 
 } // namespace velumo
