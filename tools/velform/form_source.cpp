@@ -214,6 +214,10 @@ private:
 
     void read_list(const ListKey &list, const toml::node &node,
                    std::vector<ObjectSource> &objects) {
+        // Objects are large, and a list that grows moves them again and again.
+        if (const toml::array *entries = node.as_array()) {
+            objects.reserve(objects.size() + entries->size());
+        }
         for_each_table(list.key, node, [&](const toml::table &table) {
             objects.push_back(read_object(table));
             objects.back().default_type = list.type;

@@ -69,6 +69,7 @@ void put_field(std::string &record, const RecordField &row, const FormObject &ob
 
 std::string form_file_bytes(const Form &form) {
     std::string bytes;
+    bytes.reserve(form.objects.size() * sizeof(vel_object_file_rec));
     for (const FormObject &object : form.objects) {
         std::string record(sizeof(vel_object_file_rec), '\0');
         for (const RecordField &row : record_table()) put_field(record, row, object);
