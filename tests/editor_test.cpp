@@ -75,6 +75,10 @@ TEST_F(Editor, entry_fields_take_64_characters_or_fewer) {
 // Before and after. Left stays on its line, and Right does nothing on an empty one.
 TEST_F(Editor, keys_change_a_text_at_its_cursor) {
     const std::string i64(64, 'i'), full = "|" + i64 + " > |" + i64; // takes no more
+    const std::string feeds(38, '\n'), x48(48, 'x');
+    std::string x998 = x48, x999 = x48 + "x";
+    for (std::string *text : {&x998, &x999})
+        for (int k = 0; k < 19; ++k) text->insert(0, x48 + "x\n");
     enum Where { in_entry, overwriting, in_text, overwriting_text };
     const std::tuple<Where, uint32_t, Names> cases[] = {
         {in_entry, 'x', {"a|bc > ax|bc", "|abc > x|abc", "abc| > abcx|", full}},
@@ -92,7 +96,13 @@ TEST_F(Editor, keys_change_a_text_at_its_cursor) {
         {in_text, left, {"ab\n|cd > ab\n|cd", "ab\nc|d > ab\n|cd"}},
         {in_text, right, {"a|b\ncd > ab|\ncd", "ab|\ncd > ab\n|cd", "ab| > ab|", "|\na > |\na"}},
         {in_text, up, {"xyz\nabcde|f > xy|z\nabcdef", "\nab|c > |\nabc", "a|b > a|b"}},
-        {in_text, down, {"abcde|f\nxyz > abcdef\nxy|z", "abc\nx|yz > abc\nx|yz"}}};
+        {in_text, down, {"abcde|f\nxyz > abcdef\nxy|z", "abc\nx|yz > abc\nx|yz"}},
+        // A text has 999 characters and 40 lines.
+        {in_text, 'x', {x998 + "| > " + x999 + "|", x999 + "| > " + x999 + "|"}},
+        {in_text, enter, {"|" + x998 + " > \n|" + x998, feeds + "z| > " + feeds + "z\n|"}},
+        {in_text, enter, {feeds + "\nz| > " + feeds + "\nz|"}},
+        {in_text, enter, {"\n|\n" + feeds + " > \n|\n" + feeds}},
+        {in_text, 'x', {feeds + "\nz| > " + feeds + "\nzx|"}}};
     make(9, VEL_TYPE_WINDOW, 20, 30, 110, 50);
     ctx.active_window = 9;
     for (const auto &[where, code, changes] : cases) {
@@ -188,22 +198,6 @@ TEST_F(Editor, hidden_lines_are_scrolled_to) {
         key(code);
         EXPECT_EQ(std::tuple(o.scroll_y - test::u32(scroll), o.cursor_y), std::tuple(by, y))
             << code << " " << scroll;
-    }
-}
-
-TEST_F(Editor, texts_end_with_999_characters_and_line_39) {
-    std::string full, feeds(38, '\n');
-    for (int k = 0; k < 111; ++k) full += "abcdefgh ";
-    const std::string room = full.substr(0, 998);
-    using Case = std::tuple<std::string, uint32_t, std::string>;
-    for (const auto &[before, code, after] :
-         {Case(full + "|", 'x', full + "|"), Case(room + "|", 'x', room + "x|"),
-          Case("|" + room, enter, "\n|" + room), Case(feeds + "\nz|", enter, feeds + "\nz|"),
-          Case(feeds + "\nz|", 'x', feeds + "\nzx|"), Case(feeds + "z|", enter, feeds + "z\n|"),
-          Case("\n|\n" + feeds, enter, "\n|\n" + feeds)}) {
-        edit_text(before);
-        key(code);
-        EXPECT_EQ(marked(true), after);
     }
 }
 

@@ -1,13 +1,5 @@
 // The file of the address book, its order and its search; contacts in and out as CSV.
-#include <algorithm>
-#include <cstring>
-#include <filesystem>
-#include <fstream>
-#include <string>
-#include <tuple>
-#include <vector>
-
-#include <gtest/gtest.h>
+#include "support.h"
 
 extern "C" {
 #include "store.h"
@@ -15,18 +7,8 @@ extern "C" {
 
 namespace {
 
-namespace fs = std::filesystem;
-using Names = std::vector<std::string>;
-
-std::string content_of(const fs::path &path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
-fs::path write_file(const fs::path &path, const std::string &content) {
-    std::ofstream(path, std::ios::binary) << content;
-    return path;
-}
+using test::contents;
+using test::Names;
 
 Contact contact_with(const std::string &name, const std::string &notes = "") {
     Contact contact{};
@@ -37,16 +19,8 @@ Contact contact_with(const std::string &name, const std::string &notes = "") {
 
 class Book : public testing::Test {
 protected:
-    Book() {
-        char name[] = "/tmp/addressbook_test.XXXXXX";
-        folder = mkdtemp(name);
-        file = folder / "contacts.db";
-        EXPECT_EQ(store_open(&store, file.c_str()), 1) << store.message;
-    }
-    ~Book() override {
-        sqlite3_close(store.database);
-        fs::remove_all(folder);
-    }
+    Book() { EXPECT_EQ(store_open(&store, file.c_str()), 1) << store.message; }
+    ~Book() override { sqlite3_close(store.database); }
 
     // Names of what is found, in the order of the list.
     Names found(const char *words) {
@@ -75,10 +49,11 @@ protected:
         store_run(&store, nullptr, nullptr, "DELETE FROM contact WHERE id = %lld", id);
     }
     int import(const std::string &content) {
-        return import_contacts(&store, write_file(folder / "in.csv", content).c_str());
+        return import_contacts(&store, folder.write("in.csv", content).c_str());
     }
 
-    fs::path folder, file;
+    const test::Folder folder;
+    const std::string file = folder.file("contacts.db");
     Store store{};
 };
 
@@ -114,7 +89,7 @@ TEST_F(Book, finds_contacts_with_words_that_begin_so) {
     EXPECT_EQ(found("%"), both);
 }
 
-void expect_refusal(const fs::path &path, const char *reason) {
+void expect_refusal(const std::string &path, const char *reason) {
     Store store{};
     EXPECT_EQ(store_open(&store, path.c_str()), 0) << reason;
     EXPECT_NE(std::strstr(store.message, reason), nullptr) << store.message;
@@ -123,7 +98,7 @@ void expect_refusal(const fs::path &path, const char *reason) {
 
 TEST_F(Book, refuses_a_file_that_is_damaged_foreign_or_missing) {
     for (int k = 0; k < 30; ++k) save(contact_with("Contact", std::string(999, 'x')));
-    const std::string sound = content_of(file);
+    const std::string sound = contents(file);
     const std::size_t half = sound.size() / 2 / 4096 * 4096;
     std::string middle = sound, foreign = sound;
     std::fill_n(middle.begin() + static_cast<std::ptrdiff_t>(half), 4096, '\xa5');
@@ -135,15 +110,15 @@ TEST_F(Book, refuses_a_file_that_is_damaged_foreign_or_missing) {
         {foreign, "not an address book"},
     };
     for (const auto &[content, reason] : cases) {
-        const fs::path bad = write_file(folder / "bad.db", content);
+        const std::string bad = folder.write("bad.db", content);
         expect_refusal(bad, reason);
-        EXPECT_TRUE(content_of(bad) == content) << reason;
+        EXPECT_TRUE(contents(bad) == content) << reason;
     }
-    expect_refusal(folder / "no" / "folder.db", "cannot be opened");
+    expect_refusal(folder.file("no/folder.db"), "cannot be opened");
 }
 
 TEST_F(Book, leaves_a_locked_file_unchanged) {
-    const std::string before = content_of(file);
+    const std::string before = contents(file);
     Store other{};
     Contact contact = contact_with("New");
     ASSERT_EQ(store_open(&other, file.c_str()), 1);
@@ -153,7 +128,7 @@ TEST_F(Book, leaves_a_locked_file_unchanged) {
     expect_refusal(file, "locked");
     sqlite3_close(other.database);
 
-    EXPECT_TRUE(content_of(file) == before);
+    EXPECT_TRUE(contents(file) == before);
     save(contact);
 }
 
@@ -197,9 +172,9 @@ TEST_F(Book, keeps_the_longest_contact_and_its_number_and_exports_what_it_import
     fill(PICTURE, 333, "€");
     const Contact saved = save(contact);
     expect_kept(contact, saved.id);
-    const std::string path = folder / "out.csv";
+    const std::string path = folder.file("out.csv");
     ASSERT_EQ(export_contacts(&store, path.c_str()), 1) << store.message;
-    EXPECT_EQ(content_of(path).rfind(header + "\"ÿ", 0), 0U);
+    EXPECT_EQ(contents(path).rfind(header + "\"ÿ", 0), 0U);
 
     remove(saved.id);
     EXPECT_EQ(store_load(&store, saved.id, &loaded), 0);

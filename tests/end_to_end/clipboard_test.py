@@ -6,7 +6,7 @@ import tempfile
 import time
 from pathlib import Path
 
-from session import PATIENCE, Display
+from session import PATIENCE, Session
 from x_peer import ATOM, DELETED, NEW_VALUE, STRING, Peer
 
 SHORT = "Grüße, Łódź: 5 € \U0001f600\n"
@@ -14,32 +14,22 @@ LONG = "".join(f"{k} ä€\n" for k in range(90000))  # more than a megabyte
 assert len(LONG.encode()) > 1 << 20
 
 
-class Program:
-    def __init__(self, command, display, folder):
-        self._process = subprocess.Popen(
-            [command], env=display.environment, stdin=subprocess.PIPE, stdout=subprocess.PIPE,
-            text=True)  # fmt: skip
-        self._file = Path(folder, "text")
-
+class Program(Session):
     def begin(self, *words):
-        print(*words, self._file, file=self._process.stdin, flush=True)
+        print(*words, self.file, file=self.program.stdin, flush=True)
 
     def end(self):
-        assert self._process.stdout.readline() == "done\n", "the program has ended"
-        return self._file.read_bytes().decode()
+        self.expect("done")
+        return self.file.read_bytes().decode()
 
     def offer(self, board, text):
-        self._file.write_bytes(text.encode())
+        self.file.write_bytes(text.encode())
         self.begin("offer", board)
         self.end()
 
     def paste(self, board):
         self.begin("paste", board)
         return self.end()
-
-    def close(self):
-        self._process.stdin.close()
-        assert self._process.wait(PATIENCE) == 0, "the program ended badly"
 
 
 def xclip(display, board, *options, **how):
@@ -164,17 +154,13 @@ def lose_the_connection(display, program):
 
 
 def main():
-    with tempfile.TemporaryDirectory() as folder:
-        display = Display()
-        try:
-            program = Program(sys.argv[1], display, folder)
-            share_with_xclip(display, program)
-            paste_from_odd_owners(display, program)
-            give_to_odd_receivers(display, program)
-            lose_the_connection(display, program)
-            program.close()
-        finally:
-            display.close()
+    with tempfile.TemporaryDirectory() as folder, Program(sys.argv[1]) as program:
+        program.file = Path(folder, "text")
+        for test in (share_with_xclip, paste_from_odd_owners, give_to_odd_receivers,
+                     lose_the_connection):  # fmt: skip
+            test(program.display, program)
+        program.program.stdin.close()
+        program.expect_end()
 
 
 main()

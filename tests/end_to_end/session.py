@@ -90,7 +90,8 @@ class Session:
     def start(self):
         self.program = subprocess.Popen(
             self._command, cwd=os.path.dirname(self._command[-1]), start_new_session=True,
-            env=self.display.environment, stdout=subprocess.PIPE, text=True)  # fmt: skip
+            env=self.display.environment, stdin=subprocess.PIPE, stdout=subprocess.PIPE,
+            text=True)  # fmt: skip
         self._reader = threading.Thread(target=self._read)
         self._reader.start()
 

@@ -1,13 +1,20 @@
 // A text to type into. At rests it says "ready", or "held" once a key has typed a row of "a", and
 // how keys are repeated; at F12 "typed", the text and the character refused last, and empties the
-// text. There is a pilcrow for the end of a line.
+// text. There is a pilcrow for the end of a line. It also offers and pastes as a line on standard
+// input says: "offer clipboard FILE" reads the text from the file, "paste primary FILE" writes it
+// there. Then it says "done".
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <fstream>
 #include <iostream>
-#include <string>
+#include <iterator>
+#include <sstream>
 
-#include "velumo.h"
+#include <poll.h>
+#include <unistd.h>
+
+#include "clipboard/clipboard.h"
 
 namespace {
 
@@ -32,6 +39,36 @@ void say_text(vel_context *ctx) {
     uint32_t refused = 0;
     vel_last_refusal(ctx, &refused);
     std::cout << "typed " << utf8.c_str() << ' ' << refused << std::endl;
+}
+
+void obey(vel_context &ctx, const std::string &line) {
+    std::istringstream words(line);
+    std::string what, board_name, path;
+    words >> what >> board_name >> path;
+    const auto board = board_name == "primary" ? velumo::Board::primary : velumo::Board::clipboard;
+    if (what == "offer") {
+        std::ifstream file(path, std::ios::binary);
+        velumo::offer(ctx, board, {std::istreambuf_iterator<char>(file), {}});
+    } else {
+        std::ofstream(path, std::ios::binary) << velumo::offered(ctx, board);
+    }
+    std::cout << "done" << std::endl;
+}
+
+void read_line(vel_context &ctx) {
+    pollfd input{STDIN_FILENO, POLLIN, 0};
+    if (poll(&input, 1, 0) == 0) return;
+    std::string line;
+    for (char c = 0; read(STDIN_FILENO, &c, 1) == 1 && c != '\n';) line += c;
+    if (!line.empty()) return obey(ctx, line);
+    SDL_Event end{};
+    end.type = SDL_QUIT;
+    SDL_PushEvent(&end);
+}
+
+void rest(vel_context *ctx) {
+    say_news(ctx);
+    read_line(*ctx);
 }
 
 uint32_t answer_f12(vel_context *ctx, SDL_Event *event) {
@@ -74,9 +111,9 @@ int main() {
     ctx.font = TTF_OpenFont("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf", 14);
     ctx.screen_width = 800, ctx.screen_height = 600;
     ctx.screen_rect = {0, 0, 800, 600};
-    ctx.comfort = VEL_COMFORT_TYPING;
+    ctx.comfort = VEL_COMFORT_TYPING | VEL_COMFORT_CLIPBOARD;
     ctx.application_a[0] = &known;
-    ctx.idle_hook = say_news;
+    ctx.idle_hook = rest;
     ctx.event_filter = answer_f12;
     make_form(ctx);
     ctx.window_to_activate = window;
