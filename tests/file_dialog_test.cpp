@@ -1,5 +1,7 @@
-// The file dialog, driven by clicks and keys on the dummy display.
+// Lists of folders, and the file dialog, driven by clicks and keys on the dummy display.
 #include "support.h"
+
+#include <sys/stat.h>
 
 namespace {
 
@@ -39,14 +41,20 @@ protected:
     Step type(const std::string &name) {
         return [this, name] { set_label(objects[15], name); };
     }
+    Names shown_rows() const {
+        Names names;
+        for (uint32_t row = 11; row < 15; ++row) {
+            const bool is_empty = objects[row].label[0] == '\0';
+            EXPECT_EQ(objects[row].width, is_empty ? 0U : 180U);
+            EXPECT_EQ(objects[row].hidden, is_empty ? 1U : 0U);
+            if (!is_empty) names.emplace_back(objects[row].label);
+        }
+        return names;
+    }
     // The rows that show names, and whether the message shows.
     Step expect_list(const Names &rows, bool has_message = false) {
         return [=, this] {
-            Names shown;
-            for (uint32_t row = 11; row < 15; ++row) {
-                if (objects[row].width != 0) shown.emplace_back(objects[row].label);
-            }
-            EXPECT_EQ(shown, rows);
+            EXPECT_EQ(shown_rows(), rows);
             EXPECT_EQ(at(200, 156), has_message ? test::green : test::red);
         };
     }
@@ -68,6 +76,101 @@ protected:
     const std::filesystem::path here_ = std::filesystem::current_path();
     std::string path_;
 };
+
+class FolderList : public FileDialog {
+protected:
+    int32_t list(const Folder &folder, const char *pattern = nullptr) {
+        return vel_list_directory(&ctx, 10, folder.file("").c_str(), pattern);
+    }
+    // All names, by scrolling from the start to the end.
+    Names all_names(int32_t count) {
+        open(8);
+        objects[10].scroll_y = 0;
+        vel_scroll_win_down(&ctx);
+        Names names;
+        for (int32_t k = 0; k < count; ++k, vel_scroll_win_up(&ctx)) {
+            const Names shown = shown_rows();
+            names.resize((0 - objects[10].scroll_y) / 16);
+            names.insert(names.end(), shown.begin(), shown.end());
+        }
+        return names;
+    }
+};
+
+// Links are what they lead to.
+TEST_F(FolderList, folders_come_first_and_all_in_order) {
+    const Folder folder;
+    folder.fill({"b", "A", "a", "a.b", "B10", "b1", "_", ".hidden", "Zz", "x/", "Y/", ".git/"});
+    std::filesystem::create_symlink("b", folder.file("to_file"));
+    std::filesystem::create_symlink("x", folder.file("to_folder"));
+    std::filesystem::create_symlink("nothing", folder.file("to_nothing"));
+    mkfifo(folder.file("pipe").c_str(), 0600);
+    EXPECT_EQ(all_names(list(folder)), (Names{"../", "to_folder/", "x/", "Y/", "_", "A", "a", "a.b",
+                                              "b", "b1", "B10", "to_file", "Zz"}));
+    vel_list_directory(&ctx, 10, "/", nullptr); // only the root has no parent
+    EXPECT_STRNE(objects[11].label, "../");
+}
+
+TEST_F(FolderList, patterns_choose_among_files_but_not_folders) {
+    const Folder folder;
+    const Names all{"a.csv", "b.CSV", "c.txt", "f"};
+    folder.fill(all);
+    folder.fill({"sub/"});
+    using Case = std::pair<const char *, Names>;
+    for (const auto &[pattern, files] :
+         {Case(nullptr, all), Case("", all), Case("*.csv", {"a.csv"}),
+          Case("*.txt;*.csv", {"a.csv", "c.txt"}), Case(";?;", {"f"}), Case(";", {})}) {
+        Names names = all_names(list(folder, pattern));
+        ASSERT_GE(names.size(), 2U);
+        EXPECT_EQ(names[0] + names[1], "../sub/");
+        EXPECT_EQ(Names(names.begin() + 2, names.end()), files) << files.size();
+    }
+}
+
+TEST_F(FolderList, names_are_shown_in_latin1_and_cut_but_kept) {
+    const std::pair<std::string, std::string> cases[] = {
+        {"\xC3\xBC\xC3\xBF \xC2\xA0~", "\xFC\xFF \xA0~"},
+        {"\xE2\x82\xAC\xF0\x9F\x98\x80z", "??z"},
+        {"\xC3z\xBC", "?z?"},       // cut short, and without a beginning
+        {"\xC4\x80\xC0\xAF", "??"}, // the first after ISO 8859-1, and too long a form
+        {"a\nb\x7F\xC2\x85", "a?b??"},
+        {std::string(64, 'y'), std::string(64, 'y')},
+        {std::string(255, 'x'), std::string(64, 'x')}};
+    for (const auto &[name, shown] : cases) {
+        for (const bool is_folder : {false, true}) {
+            const Folder folder;
+            folder.fill({name + (is_folder ? "/" : "")});
+            list(folder);
+            EXPECT_EQ(objects[12].label, is_folder ? shown.substr(0, 63) + "/" : shown);
+            EXPECT_EQ(vel_listed_name(&ctx, 12), name);
+        }
+    }
+    for (const uint32_t no_row : {0U, 8U, 10U, 13U, 15U})
+        EXPECT_EQ(vel_listed_name(&ctx, no_row), nullptr);
+}
+
+TEST_F(FolderList, frame_actions_scroll_names_in_their_window_only) {
+    const Folder folder;
+    for (int k = 10; k < 20; ++k) folder.write(std::to_string(k));
+    open(8);
+    list(folder);
+    using Case = std::tuple<uint32_t, void (*)(vel_context *) noexcept, const char *>;
+    for (const auto &[step, scroll, first] :
+         {Case(0, &vel_scroll_win_up, "10"), Case(15, &vel_scroll_win_up, "11"),
+          Case(32, &vel_scroll_win_up, "13"), Case(47, &vel_scroll_win_down, "11"),
+          Case(1, &vel_scroll_win_left, "11")}) {
+        ctx.scroll_step = step;
+        test::updates().clear();
+        scroll(&ctx);
+        EXPECT_STREQ(objects[11].label, first) << step;
+        EXPECT_EQ(std::tuple(objects[10].y, test::updates().size()), std::tuple(52U, 1U));
+    }
+    // Without the list the window scrolls by itself.
+    objects[10].width = 0;
+    vel_scroll_win_up(&ctx);
+    EXPECT_EQ(objects[10].y, 51U);
+    EXPECT_STREQ(objects[11].label, "11");
+}
 
 TEST_F(FileDialog, walks_in_and_out_and_chooses) {
     const Folder folder;
