@@ -3,8 +3,6 @@
 namespace velumo {
 namespace {
 
-constexpr std::size_t max_changes = 8;
-
 bool overlap(const Area &a, const Area &b) { return !common(a, b).is_empty(); }
 
 class Changes {

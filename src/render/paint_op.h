@@ -18,9 +18,11 @@ struct Area {
     bool operator==(const Area &) const = default;
 };
 
+// Nothing in common is an area without width or height, never a negative one.
 inline Area common(const Area &a, const Area &b) {
-    return {std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right),
-            std::min(a.bottom, b.bottom)};
+    const i32 left = std::max(a.left, b.left), top = std::max(a.top, b.top);
+    return {left, top, std::max(left, std::min(a.right, b.right)),
+            std::max(top, std::min(a.bottom, b.bottom))};
 }
 inline Area around(const Area &a, const Area &b) {
     return {std::min(a.left, b.left), std::min(a.top, b.top), std::max(a.right, b.right),
@@ -31,6 +33,12 @@ inline Area area_of(const SDL_Surface &s) { return {0, 0, s.w, s.h}; }
 inline SDL_Rect sdl_rect(const Area &a) {
     return sdl_rect(Rect{a.left, a.top, i64{a.right} - a.left, i64{a.bottom} - a.top});
 }
+
+struct TextLine {
+    TTF_Font *font;
+    const char *text;
+    vel_colour colour;
+};
 
 struct RenderedLine;
 

@@ -40,11 +40,6 @@ void begin_object(vel_context &ctx);
 // Paints with the picture that is being made, or at once.
 void paint(vel_context &ctx, const PaintOp &op);
 
-struct TextLine {
-    TTF_Font *font;
-    const char *text;
-    vel_colour colour;
-};
 // The operation says where, and which part of the line. The line painted last is text_surface.
 void paint_text(vel_context &ctx, const TextLine &line, PaintOp place);
 

@@ -78,10 +78,32 @@ void lay_veil(SDL_Surface &screen, const Area &area, vel_colour colour, u8 opaci
 }
 
 void blit(SDL_Surface &screen, SDL_Surface *surface, i32 from_x, i32 from_y, const Area &area) {
-    if (surface == nullptr) return;
+    constexpr i32 last = 0x7FFF; // that SDL_Rect holds
+    if (surface == nullptr || from_x > last || from_y > last) return;
     SDL_Rect to = sdl_rect(area);
     SDL_Rect from{static_cast<Sint16>(from_x), static_cast<Sint16>(from_y), to.w, to.h};
     SDL_UpperBlit(surface, &from, &screen, &to);
+}
+
+void paint_part(SDL_Surface &screen, const PaintOp &op, const Area &part) {
+    switch (op.kind) {
+    case PaintOp::Kind::box:
+        fill_area(screen, part, op.colour);
+        break;
+    case PaintOp::Kind::run:
+        if (op.takes_lock) lock(&screen);
+        fill_run(screen, part, op.colour);
+        if (op.takes_lock) unlock(&screen);
+        break;
+    case PaintOp::Kind::veil:
+        lay_veil(screen, part, op.colour, op.opacity);
+        break;
+    case PaintOp::Kind::image:
+    case PaintOp::Kind::text:
+        blit(screen, op.image, op.from_x + part.left - op.area.left,
+             op.from_y + part.top - op.area.top, part);
+        break;
+    }
 }
 
 } // namespace velumo

@@ -1,7 +1,10 @@
 #include "render/scene.h"
 
+#include <array>
+
 #include "model/types.h"
 #include "model/walk.h"
+#include "render/changes.h"
 #include "render/cursor.h"
 #include "render/display.h"
 #include "render/limits.h"
@@ -163,9 +166,11 @@ void show_edited_window(vel_context &ctx) {
     if (ctx.active_window == 0) return;
     const SDL_Rect window = rect_of_active_window(ctx);
     if (!changes) return update_display(ctx, window);
-    for (const Area &area : *changes) {
-        update_display(ctx, sdl_rect(common(area, area_of(window))));
-    }
+    std::array<SDL_Rect, max_changes> rects;
+    const auto end = std::transform(
+        changes->begin(), changes->end(), rects.begin(),
+        [&window](const Area &area) { return sdl_rect(common(area, area_of(window))); });
+    update_display(ctx, std::span(rects.begin(), end));
 }
 
 void erase_object(vel_context &ctx, u32 number) {

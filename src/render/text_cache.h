@@ -6,6 +6,7 @@
 #include <string_view>
 #include <unordered_map>
 
+#include "render/paint_op.h"
 #include "text/font_table.h"
 
 namespace velumo {

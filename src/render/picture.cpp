@@ -1,0 +1,168 @@
+#include "render/picture.h"
+
+#include <new>
+
+#include "render/changes.h"
+#include "render/pixels.h"
+
+namespace velumo {
+namespace {
+
+constexpr std::size_t default_cache_size = std::size_t{4} << 20; // bytes
+// A longer picture is painted in pieces, so that its operations do not fill the memory.
+constexpr std::size_t max_ops = 8192;
+constexpr int max_side = 32767; // of a surface, so that parts of boxes fit SDL_Rect
+
+bool lies_on(const SDL_Surface &screen, const SDL_Surface *image) {
+    const auto *pixels = static_cast<const u8 *>(screen.pixels);
+    const std::less<> is_before;
+    return image != nullptr && !is_before(image->pixels, pixels) &&
+           is_before(image->pixels,
+                     pixels + std::size_t{screen.pitch} * static_cast<std::size_t>(screen.h));
+}
+
+} // namespace
+
+Picture::Ground::Ground(SDL_Surface &s)
+    : screen(&s), pixels(s.pixels), width(s.w), height(s.h), bytes(s.format->BytesPerPixel),
+      clip(area_of(s.clip_rect)) {}
+
+void Picture::open(const vel_context &ctx) {
+    if (depth_++ != 0) return;
+    lines_.set_limit(ctx.text_cache_size == 0 ? default_cache_size : ctx.text_cache_size);
+    is_whole_ = true;
+}
+
+void Picture::add(vel_context &ctx, const PaintOp &op) {
+    make_room(ctx);
+    append(*ctx.screen, op);
+}
+
+void Picture::add_text(vel_context &ctx, const TextLine &line, const FontTable &table,
+                       PaintOp place) {
+    make_room(ctx);
+    RenderedLine &rendered = lines_.line_of(table, line.colour, line.text);
+    place.line = &rendered;
+    place.line_number = rendered.number;
+    append(*ctx.screen, place);
+    last_line_ = &rendered;
+}
+
+void Picture::make_room(vel_context &ctx) {
+    if (ops_.size() == max_ops) paint(ctx);
+}
+
+void Picture::append(const SDL_Surface &screen, const PaintOp &op) {
+    const Area on_screen = common(op.area, area_of(screen));
+    if (on_screen.is_empty()) return;
+    ops_.push_back(op);
+    if (begins_group_ || groups_.empty()) {
+        try {
+            groups_.push_back({static_cast<u32>(ops_.size() - 1), on_screen});
+        } catch (...) {
+            ops_.pop_back();
+            throw;
+        }
+        begins_group_ = false;
+    }
+    groups_.back().area = around(groups_.back().area, on_screen);
+}
+
+void Picture::paint(vel_context &ctx) {
+    ground_ = {};
+    is_whole_ = false;
+    if (!ops_.empty()) paint_ops(*ctx.screen);
+    end(ctx);
+}
+
+void Picture::paint_window(vel_context &ctx) {
+    if (!ops_.empty()) paint_ops(*ctx.screen);
+    remember_window(ctx);
+    end(ctx);
+}
+
+bool Picture::paint_changes_of_window(vel_context &ctx) {
+    if (!is_whole_ || ctx.screen == nullptr || !find_changes_on(*ctx.screen)) return false;
+    for (const Area &area : changes_) paint_again(*ctx.screen, area);
+    remember_window(ctx);
+    end(ctx);
+    return true;
+}
+
+void Picture::paint_op(SDL_Surface &screen, PaintOp op, const Area &part) {
+    if (op.kind == PaintOp::Kind::text) op.image = lines_.surface_for(screen, *op.line);
+    paint_part(screen, op, part);
+}
+
+void Picture::paint_ops(SDL_Surface &screen) {
+    const bool leaves_out = may_leave_out(screen) && find_visible(screen);
+    for (std::size_t k = 0; k < ops_.size(); ++k) {
+        const auto whole = std::span(&ops_[k].area, 1);
+        for (const Area &part : leaves_out ? visibility_.shown(k) : whole) {
+            paint_op(screen, ops_[k], part);
+        }
+    }
+}
+
+// Where a pixel is refused with a message, each is refused; and what is painted from the surface
+// itself needs what is painted there before, seen or not.
+bool Picture::may_leave_out(const SDL_Surface &screen) const {
+    const int bytes = screen.format->BytesPerPixel;
+    const bool has_pixels = screen.format->BitsPerPixel >= 8 && bytes != 3 && bytes <= 4;
+    return has_pixels && screen.w <= max_side && screen.h <= max_side &&
+           std::none_of(ops_.begin(), ops_.end(),
+                        [&screen](const PaintOp &op) { return lies_on(screen, op.image); });
+}
+
+bool Picture::find_visible(const SDL_Surface &screen) try {
+    visibility_.find(ops_, groups_, area_of(screen.clip_rect));
+    return true;
+} catch (const std::bad_alloc &) {
+    return false;
+}
+
+bool Picture::find_changes_on(SDL_Surface &screen) try {
+    if (!(ground_ == Ground(screen)) || !may_leave_out(screen)) return false;
+    find_changes(window_, ops_, area_of(screen), changes_);
+    return true;
+} catch (const std::bad_alloc &) {
+    return false;
+}
+
+void Picture::paint_again(SDL_Surface &screen, const Area &area) {
+    const SDL_Rect whole = screen.clip_rect;
+    const SDL_Rect part = sdl_rect(common(area, area_of(whole)));
+    SDL_SetClipRect(&screen, &part);
+    for (std::size_t k = first_op_in(area, area_of(whole)); k < ops_.size(); ++k) {
+        const Area painted = common(ops_[k].area, area);
+        if (!painted.is_empty()) paint_op(screen, ops_[k], painted);
+    }
+    SDL_SetClipRect(&screen, &whole);
+}
+
+// From the last box on that covers the area. Runs of pixels are not clipped, so that a box covers
+// them only where it is not, either.
+std::size_t Picture::first_op_in(const Area &area, const Area &clip) const {
+    for (std::size_t k = ops_.size(); k-- > 0 && clip.contains(area);) {
+        if (ops_[k].kind == PaintOp::Kind::box && ops_[k].area.contains(area)) return k;
+    }
+    return 0;
+}
+
+void Picture::remember_window(const vel_context &ctx) {
+    ground_ = {};
+    if (ctx.partial_redraw != 1 || !is_whole_ || ctx.screen == nullptr) return;
+    window_.swap(ops_);
+    ground_ = Ground(*ctx.screen);
+}
+
+void Picture::end(vel_context &ctx) {
+    if (last_line_ != nullptr) lines_.hand_over(*last_line_, ctx.text_surface);
+    last_line_ = nullptr;
+    ops_.clear();
+    groups_.clear();
+    begins_group_ = false;
+    lines_.trim();
+}
+
+} // namespace velumo

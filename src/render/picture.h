@@ -1,0 +1,69 @@
+// A picture as the operations that make it up: gathered, and painted as far as they show. For
+// painting.
+#pragma once
+
+#include "render/text_cache.h"
+#include "render/visibility.h"
+
+namespace velumo {
+
+class Picture : public Kept {
+public:
+    bool is_gathering() const { return depth_ != 0; }
+    void open(const vel_context &ctx);
+    // True when the outermost is closed.
+    bool close() { return --depth_ == 0; }
+
+    // What follows is of one object.
+    void begin_object() { begins_group_ = true; }
+    // Both throw std::bad_alloc, and then add nothing.
+    void add(vel_context &ctx, const PaintOp &op);
+    void add_text(vel_context &ctx, const TextLine &line, const FontTable &table, PaintOp place);
+
+    // Paints what was gathered.
+    void paint(vel_context &ctx);
+    // The same, to be compared with the next picture of a window.
+    void paint_window(vel_context &ctx);
+    // False, and nothing is painted, when it is not known what the surface shows.
+    bool paint_changes_of_window(vel_context &ctx);
+    std::span<const Area> changes() const { return changes_; }
+
+private:
+    // The surface as it was when a window was painted on it.
+    struct Ground {
+        SDL_Surface *screen = nullptr;
+        void *pixels = nullptr;
+        int width = 0, height = 0, bytes = 0;
+        Area clip{};
+
+        Ground() = default;
+        explicit Ground(SDL_Surface &s);
+        bool operator==(const Ground &) const = default;
+    };
+
+    void append(const SDL_Surface &screen, const PaintOp &op);
+    void make_room(vel_context &ctx);
+    void paint_ops(SDL_Surface &screen);
+    void paint_op(SDL_Surface &screen, PaintOp op, const Area &part);
+    bool may_leave_out(const SDL_Surface &screen) const;
+    bool find_visible(const SDL_Surface &screen);
+    bool find_changes_on(SDL_Surface &screen);
+    void paint_again(SDL_Surface &screen, const Area &area);
+    std::size_t first_op_in(const Area &area, const Area &clip) const;
+    void remember_window(const vel_context &ctx);
+    void end(vel_context &ctx);
+
+    u32 depth_ = 0;                  // of Painting
+    std::vector<PaintOp> ops_;       // in the order of painting
+    std::vector<PaintGroup> groups_; // what each object paints
+    bool begins_group_ = false;
+    bool is_whole_ = true; // nothing of it was painted already
+    TextCache lines_;
+    RenderedLine *last_line_ = nullptr; // that was to be painted
+    Visibility visibility_;
+    Ground ground_; // of the window painted last, if nothing was painted since
+    std::vector<PaintOp> window_;
+    std::vector<Area> changes_;
+};
+
+} // namespace velumo
