@@ -4,6 +4,7 @@
 #include "support.h"
 
 #include "model/state.h"
+#include "render/limits.h"
 #include "text/font_table.h"
 
 namespace test {
@@ -70,6 +71,8 @@ public:
         velumo::state_of(ctx).draws_plainly = plainly;
         for (std::uint32_t k = 8; k <= object_count; ++k) make_object(random, k);
         for (std::uint32_t k = 1; k <= last_text; ++k) write(random, texts[k].text, 400);
+        objects[1].type = VEL_TYPE_PICTURE;
+        objects[1].image = pictures_.emplace_back(make_picture(random));
         make_window_to_type_in();
     }
     ~Twin() {
@@ -282,9 +285,36 @@ TEST(QuickDrawing, strings_are_as_wide_as_the_font_says) {
             ASSERT_EQ(table.growing_width(text.c_str()), table.width(text.c_str()));
             ASSERT_EQ(table.growing_width(longer.c_str()), table.width(longer.c_str()));
         }
+        EXPECT_TRUE(table.is_exact()) << c.font;
         TTF_CloseFont(font);
     }
     TTF_Quit();
+}
+
+// --- Limits
+
+class KnownLimits : public Form {};
+
+// Near 0, where the end of a master's area counts as none.
+TEST_F(KnownLimits, of_nested_masters_are_those_found_by_climbing) {
+    Random random{std::mt19937(2)};
+    for (int form = 0; form < 3000; ++form) {
+        velumo::Way way;
+        for (std::uint32_t k = 8; k < 16; ++k) {
+            vel_object &o = make(k, VEL_TYPE_LABEL, static_cast<int>(random.below(7)) - 5, -2,
+                                 random.below(9), random.below(9));
+            o.master = k == 8 ? 0 : k - 1 - random.below(std::min(k - 8, 2U));
+            o.clip_mode = random.below(3);
+            set_margins(o, random.below(3));
+        }
+        for (int look = 0; look < 20; ++look) {
+            const std::uint32_t object = 9 + random.below(7);
+            const auto known = velumo::dependent_limits(ctx, object, way);
+            const auto climbed = velumo::dependent_limits(ctx, object);
+            ASSERT_EQ(std::tie(known.x.begin, known.x.end, known.y.begin, known.y.end),
+                      std::tie(climbed.x.begin, climbed.x.end, climbed.y.begin, climbed.y.end));
+        }
+    }
 }
 
 // --- What is updated

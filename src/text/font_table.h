@@ -43,6 +43,8 @@ public:
     const u32 id; // no other table of the context ever has the same
 
     const FontLook &look() const { return look_; }
+    // False when the font adds up in another way, so that it is asked each time.
+    bool is_exact() const { return is_exact_; }
 
     // Throws std::bad_alloc.
     u32 width(const char *text);
@@ -71,7 +73,7 @@ private:
     bool kerns_;
     int overhang_ = 0; // of a bold style that the font itself does not have
     int separators_ = 0, separators_width_ = 0;
-    bool is_exact_ = true; // false: the font adds up in another way, and is asked each time
+    bool is_exact_ = true;
     std::array<Glyph, 256> glyphs_{};
     std::array<std::unique_ptr<KerningRow>, 256> kerning_{};
     char grown_[VEL_LINE_SIZE] = {}; // the text of the last growing_width()
