@@ -20,6 +20,7 @@ const char *start_display(vel_context *ctx) {
     ctx->mark_colour_a = ctx->mark_colour_b = (vel_colour){0x2f, 0x6f, 0xde};
     ctx->texts_loaded = 1;
     ctx->comfort = VEL_COMFORT_ALL;
+    ctx->partial_redraw = 1; /* nothing but the form is drawn in the windows */
     const int32_t result = vel_load_forms(ctx, 0, 0, "addressbook.form", "addressbook.text");
     if (result != VEL_OK) return vel_error_text(result);
     vel_draw_all_objects(ctx, 1, 0); /* centres the captions; the rows are still empty */

@@ -64,6 +64,7 @@ static void fill_context(vel_context *ctx) {
     ctx->scroll_step = SCROLL_STEP;
     ctx->texts_loaded = 1;
     ctx->comfort = VEL_COMFORT_ALL;
+    ctx->partial_redraw = 1; /* nothing but the form is drawn in the windows */
 }
 
 static char *text_of(vel_context *ctx, uint32_t object) {
