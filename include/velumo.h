@@ -1121,7 +1121,7 @@ VEL_API void vel_getfinalkeyinformation(vel_context *ctx) VEL_NOTHROW;
 
 /**
  * Applies final_key to the text of cursor_object, resets final_key and key_printable to 0, redraws
- * the active window and updates it.
+ * the active window and updates it; with vel_context::partial_redraw, only what has changed in it.
  *
  * A key that has no room or nowhere to go changes nothing. If there is no cursor object, or it has
  * no text to edit, final_key is kept.

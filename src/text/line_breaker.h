@@ -155,7 +155,6 @@ private:
         switch (target_.place_word(word_.word())) {
         case Remains::nothing:
             word_.clear();
-            end_line();
             break;
         // On purpose: a word that was split stays in the buffer and is placed once more, joined to
         // the next.

@@ -6,6 +6,19 @@
 #include "text/fonts.h"
 
 namespace velumo {
+namespace {
+
+template <u32 (FontTable::*width_in)(const char *)>
+u32 measured(const vel_context &ctx, TTF_Font *font, const char *text) try {
+    if (font == nullptr) return 0;
+    FontTable *table = table_of(ctx, font);
+    return table != nullptr ? (table->*width_in)(text) : width_asked_of(font, text);
+} catch (const std::bad_alloc &) {
+    return width_asked_of(font, text);
+}
+
+} // namespace
+
 TTF_Font *font_of(const vel_context &ctx, const vel_object &object) {
     switch (object.font_choice) {
     case 0:
@@ -21,20 +34,12 @@ u32 font_height(TTF_Font *font) {
     return font == nullptr ? 0 : static_cast<u32>(TTF_FontHeight(font));
 }
 
-u32 text_width(const vel_context &ctx, TTF_Font *font, const char *text) try {
-    if (font == nullptr) return 0;
-    FontTable *table = table_of(ctx, font);
-    return table != nullptr ? table->width(text) : width_asked_of(font, text);
-} catch (const std::bad_alloc &) {
-    return width_asked_of(font, text);
+u32 text_width(const vel_context &ctx, TTF_Font *font, const char *text) {
+    return measured<&FontTable::width>(ctx, font, text);
 }
 
-u32 growing_width(const vel_context &ctx, TTF_Font *font, const char *text) try {
-    if (font == nullptr) return 0;
-    FontTable *table = table_of(ctx, font);
-    return table != nullptr ? table->growing_width(text) : width_asked_of(font, text);
-} catch (const std::bad_alloc &) {
-    return width_asked_of(font, text);
+u32 growing_width(const vel_context &ctx, TTF_Font *font, const char *text) {
+    return measured<&FontTable::growing_width>(ctx, font, text);
 }
 
 } // namespace velumo
