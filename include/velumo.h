@@ -401,8 +401,8 @@ typedef struct vel_context {
     uint32_t partial_redraw;  /**< Read-write. 1 = nobody but the library draws inside windows, so
                                    that vel_get_text() repaints and updates only what a key has
                                    changed; default 0, the whole active window. A program that
-                                   changes the pixels of a picture has to draw the window
-                                   itself. */
+                                   changes or replaces a picture, the screen or its palette has
+                                   to draw the window itself. */
     uint32_t text_cache_size; /**< Read-write. Bytes of rendered lines that are kept for the next
                                    redraw; default 0, 4 MiB. */
 } vel_context;

@@ -317,6 +317,21 @@ TEST_F(KnownLimits, of_nested_masters_are_those_found_by_climbing) {
     }
 }
 
+// The margins of a master that is a label follow from its caption.
+TEST_F(KnownLimits, follow_a_master_that_is_centred_between_two_texts) {
+    make(8, VEL_TYPE_LABEL, 20, 20, 280, 170);
+    make(9, VEL_TYPE_TEXT, 30, 30, 200, 70, 10).text_index = 1;
+    set_label(make(10, VEL_TYPE_LABEL, 30, 30, 200, 150, 8), "ab");
+    make(11, VEL_TYPE_TEXT, 30, 30, 200, 70, 10).text_index = 2;
+    set_text(1, "some words");
+    set_text(2, "some words");
+    vel_draw_all_objects(&ctx, 0, 0);
+    vel_draw_all_objects(&ctx, 1, 0);
+    std::uint32_t left = 0, right = 0, top = 0, bottom = 0;
+    vel_get_borders_for_text(&ctx, 11, &left, &right, &top, &bottom);
+    EXPECT_EQ(objects[11].line_width, right - left - 1);
+}
+
 // --- What is updated
 
 class PartialRedraw : public Form {};

@@ -13,12 +13,15 @@ constexpr std::size_t default_cache_size = std::size_t{4} << 20; // bytes
 constexpr std::size_t max_ops = 8192;
 constexpr int max_side = 32767; // of a surface, so that parts of boxes fit SDL_Rect
 
-bool lies_on(const SDL_Surface &screen, const SDL_Surface *image) {
-    const auto *pixels = static_cast<const u8 *>(screen.pixels);
+// As the screen may with a picture that it is a part of. What SDL keeps encoded has no pixels.
+bool share_pixels(const SDL_Surface &screen, const SDL_Surface *image) {
+    if (image == nullptr || image->pixels == nullptr) return false;
+    const auto start = [](const SDL_Surface &s) { return static_cast<const u8 *>(s.pixels); };
+    const auto end = [start](const SDL_Surface &s) {
+        return start(s) + std::size_t{s.pitch} * static_cast<std::size_t>(s.h);
+    };
     const std::less<> is_before;
-    return image != nullptr && !is_before(image->pixels, pixels) &&
-           is_before(image->pixels,
-                     pixels + std::size_t{screen.pitch} * static_cast<std::size_t>(screen.h));
+    return is_before(start(*image), end(screen)) && is_before(start(screen), end(*image));
 }
 
 } // namespace
@@ -111,7 +114,7 @@ bool Picture::may_leave_out(const SDL_Surface &screen) const {
     const bool has_pixels = screen.format->BitsPerPixel >= 8 && bytes != 3 && bytes <= 4;
     return has_pixels && screen.w <= max_side && screen.h <= max_side &&
            std::none_of(ops_.begin(), ops_.end(),
-                        [&screen](const PaintOp &op) { return lies_on(screen, op.image); });
+                        [&screen](const PaintOp &op) { return share_pixels(screen, op.image); });
 }
 
 bool Picture::find_visible(const SDL_Surface &screen) try {

@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "model/types.h"
+#include "render/limits.h"
 #include "text/fonts.h"
 #include "text/line_breaker.h"
 #include "text/line_width.h"
@@ -99,7 +100,11 @@ u32 format_caption(vel_context &ctx, u32 number) {
     // On purpose: the rest of the label is lost, and umlauts are not converted here.
     if (void *feed = std::memchr(o.label, '\n', length)) *static_cast<char *>(feed) = '\0';
     if (is_field(o)) return 3;
-    return has_caption(o) ? centre_caption(o, font_of(ctx, o)) : 0;
+    if (!has_caption(o)) return 0;
+    const u32 centred = centre_caption(o, font_of(ctx, o));
+    // Its margins limit its dependents.
+    if (centred != 0) forget_master(ctx, number);
+    return centred;
 }
 
 } // namespace velumo
