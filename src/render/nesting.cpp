@@ -96,13 +96,7 @@ Tightest Tightest::before(Span nearer) const {
     return all;
 }
 
-Limits Way::limits_of(const vel_context &ctx, const vel_object &object) {
-    go_to(ctx, object.master);
-    const u32 mode = std::min(object.clip_mode, no_own_limits);
-    return {levels_.back().x[mode].limits(), levels_.back().y[mode].limits()};
-}
-
-void Way::go_to(const vel_context &ctx, u32 master) {
+Limits WayOfMode::limits_below(const vel_context &ctx, u32 master) {
     climbed_.clear();
     for (u32 at = master; !leads_to(ctx, at); at = object_at(ctx, at).master) {
         climbed_.push_back(at);
@@ -112,38 +106,37 @@ void Way::go_to(const vel_context &ctx, u32 master) {
         }
     }
     for (; !climbed_.empty(); climbed_.pop_back()) append(ctx, climbed_.back());
+    return {levels_.back().x.limits(), levels_.back().y.limits()};
 }
 
 // Mostly to its end, or to an object just below its end, which is not worth a search.
-bool Way::leads_to(const vel_context &ctx, u32 number) {
+bool WayOfMode::leads_to(const vel_context &ctx, u32 number) {
     if (numbers_.empty()) return false;
     if (numbers_.back() == number) return true;
     return object_at(ctx, number).master != numbers_.back() && is_on_it(number);
 }
 
 // Cuts off what comes after it.
-bool Way::is_on_it(u32 number) {
+bool WayOfMode::is_on_it(u32 number) {
     const auto found = std::find(numbers_.rbegin(), numbers_.rend(), number);
     if (found == numbers_.rend()) return false;
     cut(static_cast<std::size_t>(numbers_.rend() - found));
     return true;
 }
 
-void Way::cut(std::size_t length) {
+void WayOfMode::cut(std::size_t length) {
     const auto kept = static_cast<std::ptrdiff_t>(length);
     numbers_.erase(numbers_.begin() + kept, numbers_.end());
     levels_.erase(levels_.begin() + kept, levels_.end());
 }
 
-void Way::append(const vel_context &ctx, u32 number) {
+void WayOfMode::append(const vel_context &ctx, u32 number) {
     Level level;
     if (!levels_.empty()) {
         const vel_object &o = object_at(ctx, number);
-        for (u32 mode = 0; mode <= no_own_limits; ++mode) {
-            const Level &above = levels_.back();
-            level.x[mode] = above.x[mode].before(limits_of_master(ctx, o, mode, horizontal));
-            level.y[mode] = above.y[mode].before(limits_of_master(ctx, o, mode, vertical));
-        }
+        const Level &above = levels_.back();
+        level.x = above.x.before(limits_of_master(ctx, o, clip_mode_, horizontal));
+        level.y = above.y.before(limits_of_master(ctx, o, clip_mode_, vertical));
     }
     levels_.push_back(level);
     try {
@@ -152,6 +145,18 @@ void Way::append(const vel_context &ctx, u32 number) {
         levels_.pop_back();
         throw;
     }
+}
+
+Limits Way::limits_of(const vel_context &ctx, const vel_object &object) {
+    return ways_[std::min(object.clip_mode, no_own_limits)].limits_below(ctx, object.master);
+}
+
+void Way::forget(u32 object) {
+    for (WayOfMode &way : ways_) way.forget(object);
+}
+
+void Way::clear() {
+    for (WayOfMode &way : ways_) way.clear();
 }
 
 } // namespace velumo

@@ -29,36 +29,50 @@ private:
     bool is_empty_ = true;
 };
 
-// The masters from a root down to one of its dependents, and what they set together.
-class Way : public Kept {
+// The masters from a root down to one of its dependents, and what they set together to objects of
+// one clip mode.
+class WayOfMode {
 public:
-    u32 users = 0;
+    explicit WayOfMode(u32 clip_mode) : clip_mode_(clip_mode) {}
 
-    // The limits of an object whose master has a master. The way then ends there, so that those of
-    // the next object nearby cost no climbing. Throws std::bad_alloc.
-    Limits limits_of(const vel_context &ctx, const vel_object &object);
-
-    // To be called when an object was moved or resized.
+    // Of the objects whose master is this one, below a root. The way then ends there. Throws
+    // std::bad_alloc.
+    Limits limits_below(const vel_context &ctx, u32 master);
     void forget(u32 object) {
         if (is_on_it(object)) cut(numbers_.size() - 1);
     }
     void clear() { cut(0); }
 
 private:
-    // One for each clip mode.
     struct Level {
-        Tightest x[3], y[3];
+        Tightest x, y;
     };
 
-    void go_to(const vel_context &ctx, u32 master);
     bool leads_to(const vel_context &ctx, u32 number);
     bool is_on_it(u32 number);
     void cut(std::size_t length);
     void append(const vel_context &ctx, u32 number);
 
+    const u32 clip_mode_;
     std::vector<u32> numbers_;
     std::vector<Level> levels_;
     std::vector<u32> climbed_; // masters below the way, the lowest first
+};
+
+class Way : public Kept {
+public:
+    u32 users = 0;
+
+    // The limits of an object whose master has a master. Those of the next object nearby then cost
+    // no climbing. Throws std::bad_alloc.
+    Limits limits_of(const vel_context &ctx, const vel_object &object);
+
+    // To be called when an object was moved or resized.
+    void forget(u32 object);
+    void clear();
+
+private:
+    WayOfMode ways_[3] = {WayOfMode(0), WayOfMode(1), WayOfMode(2)};
 };
 
 } // namespace velumo
