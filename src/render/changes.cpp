@@ -52,8 +52,8 @@ bool mixes(const PaintOp &op) {
 bool PaintOp::paints_same_as(const PaintOp &other) const {
     return kind == other.kind && opacity == other.opacity && colour.r == other.colour.r &&
            colour.g == other.colour.g && colour.b == other.colour.b && area == other.area &&
-           from_x == other.from_x && from_y == other.from_y && image == other.image &&
-           line_number == other.line_number;
+           from_x == other.from_x && from_y == other.from_y && line_number == other.line_number &&
+           image == other.image;
 }
 
 void find_changes(std::span<const PaintOp> before, std::span<const PaintOp> after, const Area &clip,

@@ -40,7 +40,7 @@ struct TextLine {
     vel_colour colour;
 };
 
-struct RenderedLine;
+class FontTable;
 
 struct PaintOp {
     enum class Kind : u8 {
@@ -55,10 +55,11 @@ struct PaintOp {
     u8 opacity = 0;          // of a veil
     vel_colour colour{};
     Area area{};
-    i32 from_x = 0, from_y = 0;   // in the surface or line
-    SDL_Surface *image = nullptr; // of an image
-    RenderedLine *line = nullptr; // of a text
-    u32 line_number = 0;          // no other line of the context ever has the same
+    i32 from_x = 0, from_y = 0;      // in the surface or line
+    SDL_Surface *image = nullptr;    // of an image
+    const char *text = nullptr;      // of a text; it stays where it is until it is painted
+    const FontTable *font = nullptr; // of a text
+    u32 line_number = 0;             // of a text that is compared; different texts never share one
 
     bool paints_same_as(const PaintOp &other) const;
 };

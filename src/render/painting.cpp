@@ -40,7 +40,8 @@ void paint_text_now(vel_context &ctx, const TextLine &line, PaintOp place) {
 Painting::Painting(vel_context &ctx, Of what) : ctx_(ctx), what_(what), fonts_stay_(ctx) {
     try {
         if (state_of(ctx).draws_plainly) return;
-        kept<Picture>(ctx.state->picture).open(ctx);
+        kept<Picture>(ctx.state->picture)
+            .open(ctx, what != Of::anything && ctx.partial_redraw == 1);
         is_gathering_ = true;
     } catch (const std::bad_alloc &) {
     }

@@ -30,8 +30,9 @@ Picture::Ground::Ground(SDL_Surface &s)
     : screen(&s), pixels(s.pixels), width(s.w), height(s.h), bytes(s.format->BytesPerPixel),
       clip(area_of(s.clip_rect)) {}
 
-void Picture::open(const vel_context &ctx) {
+void Picture::open(const vel_context &ctx, bool compares_texts) {
     if (depth_++ != 0) return;
+    compares_texts_ = compares_texts;
     lines_.set_limit(ctx.text_cache_size == 0 ? default_cache_size : ctx.text_cache_size);
     is_whole_ = true;
 }
@@ -44,11 +45,12 @@ void Picture::add(vel_context &ctx, const PaintOp &op) {
 void Picture::add_text(vel_context &ctx, const TextLine &line, const FontTable &table,
                        PaintOp place) {
     make_room(ctx);
-    RenderedLine &rendered = lines_.line_of(table, line.colour, line.text);
-    place.line = &rendered;
-    place.line_number = rendered.number;
+    place.font = &table;
+    place.text = line.text;
+    place.colour = line.colour;
+    if (compares_texts_) place.line_number = lines_.line_of(table, line.colour, line.text).number;
     append(*ctx.screen, place);
-    last_line_ = &rendered;
+    last_text_ = place;
 }
 
 void Picture::make_room(vel_context &ctx) {
@@ -93,7 +95,9 @@ bool Picture::paint_changes_of_window(vel_context &ctx) {
 }
 
 void Picture::paint_op(SDL_Surface &screen, PaintOp op, const Area &part) {
-    if (op.kind == PaintOp::Kind::text) op.image = lines_.surface_for(screen, *op.line);
+    if (op.kind == PaintOp::Kind::text) {
+        op.image = lines_.surface_for(screen, *op.font, op.colour, op.text);
+    }
     paint_part(screen, op, part);
 }
 
@@ -160,8 +164,10 @@ void Picture::remember_window(const vel_context &ctx) {
 }
 
 void Picture::end(vel_context &ctx) {
-    if (last_line_ != nullptr) lines_.hand_over(*last_line_, ctx.text_surface);
-    last_line_ = nullptr;
+    if (last_text_.font != nullptr) {
+        lines_.hand_over(*last_text_.font, last_text_.colour, last_text_.text, ctx.text_surface);
+    }
+    last_text_ = {};
     ops_.clear();
     groups_.clear();
     begins_group_ = false;

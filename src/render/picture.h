@@ -10,7 +10,8 @@ namespace velumo {
 class Picture : public Kept {
 public:
     bool is_gathering() const { return depth_ != 0; }
-    void open(const vel_context &ctx);
+    // Texts are compared only when changes of a window are wanted.
+    void open(const vel_context &ctx, bool compares_texts);
     // True when the outermost is closed.
     bool close() { return --depth_ == 0; }
 
@@ -59,7 +60,8 @@ private:
     bool begins_group_ = false;
     bool is_whole_ = true; // nothing of it was painted already
     TextCache lines_;
-    RenderedLine *last_line_ = nullptr; // that was to be painted
+    bool compares_texts_ = false;
+    PaintOp last_text_; // that was to be painted, without a font when there was none
     Visibility visibility_;
     Ground ground_; // of the window painted last, if nothing was painted since
     std::vector<PaintOp> window_;

@@ -1,6 +1,7 @@
 #include "render/text_cache.h"
 
 #include <functional>
+#include <new>
 
 namespace velumo {
 namespace {
@@ -90,7 +91,18 @@ RenderedLine &TextCache::line_of(const FontTable &table, vel_colour colour, cons
     return line;
 }
 
-SDL_Surface *TextCache::surface_for(const SDL_Surface &screen, RenderedLine &line) {
+RenderedLine *TextCache::line_if_memory(const FontTable &table, vel_colour colour,
+                                        const char *text) try {
+    return &line_of(table, colour, text);
+} catch (const std::bad_alloc &) {
+    return nullptr;
+}
+
+SDL_Surface *TextCache::surface_for(const SDL_Surface &screen, const FontTable &table,
+                                    vel_colour colour, const char *text) {
+    RenderedLine *found = line_if_memory(table, colour, text);
+    if (found == nullptr) return nullptr;
+    RenderedLine &line = *found;
     if (line.surface == nullptr) render(line);
     if (line.surface == nullptr) return nullptr;
     rendered_.splice(rendered_.begin(), rendered_, line.place);
@@ -98,7 +110,11 @@ SDL_Surface *TextCache::surface_for(const SDL_Surface &screen, RenderedLine &lin
     return line.surface;
 }
 
-void TextCache::hand_over(RenderedLine &line, SDL_Surface *&text_surface) {
+void TextCache::hand_over(const FontTable &table, vel_colour colour, const char *text,
+                          SDL_Surface *&text_surface) {
+    RenderedLine *found = line_if_memory(table, colour, text);
+    if (found == nullptr) return;
+    RenderedLine &line = *found;
     if (line.surface != nullptr && line.surface == text_surface) return;
     // The program sees the pixels as the font rendered them.
     if (is_run_length_encoded(line)) drop_surface(line);
