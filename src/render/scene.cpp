@@ -132,8 +132,9 @@ void place_dependents(vel_context &ctx, u32 number) {
     for (const u32 dependent : dependents_of(master)) {
         vel_object &o = object_at(ctx, dependent);
         if (border_of(o).is_fitted && number != 0) {
-            const bool moves = fit(o, master, horizontal) | fit(o, master, vertical);
-            if (moves) forget_master(ctx, dependent);
+            const bool moves_across = fit(o, master, horizontal);
+            const bool moves_down = fit(o, master, vertical);
+            if (moves_across || moves_down) forget_master(ctx, dependent);
         }
         if (has_area(o) && o.type != VEL_TYPE_MENU) {
             o.hidden = shows_inside_masters(ctx, dependent) ? 0 : 1;
