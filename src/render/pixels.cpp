@@ -17,7 +17,7 @@ Uint32 value_of(const SDL_Surface &surface, vel_colour c) {
 template <class Cell> void fill_cells(SDL_Surface &surface, const Area &area, Uint32 value) {
     auto *cells = static_cast<Cell *>(surface.pixels);
     for (i32 y = area.top; y < area.bottom; ++y) {
-        const u32 row = static_cast<u32>(y) * surface.pitch / sizeof(Cell);
+        const std::size_t row = static_cast<u32>(y) * surface.pitch / sizeof(Cell);
         std::fill(cells + row + area.left, cells + row + area.right, static_cast<Cell>(value));
     }
 }
