@@ -13,12 +13,12 @@ Span inner_pixels(u32 start, u32 size) { return between(start, start + size); }
 // A click, and the way to the masters of the object that was looked at last.
 class Click {
 public:
-    Click(const vel_context &ctx, i64 x, i64 y) : ctx_(ctx), x_(x), y_(y) {}
+    Click(const vel_context &ctx, i64 x, i64 y) : ctx_(ctx), x_(x), y_(y), masters_(ctx) {}
 
     bool hits(u32 number) {
         const vel_object &o = object_at(ctx_, number);
         return inner_pixels(o.x, o.width).holds(x_) && inner_pixels(o.y, o.height).holds(y_) &&
-               (o.master == 0 || dependent_limits(ctx_, number, way_).hold(x_, y_));
+               (o.master == 0 || dependent_limits(ctx_, number, way()).hold(x_, y_));
     }
 
     u32 innermost_dependent(u32 master) {
@@ -44,9 +44,12 @@ private:
         return 0;
     }
 
+    Way &way() { return masters_.way() == nullptr ? own_way_ : *masters_.way(); }
+
     const vel_context &ctx_;
     const i64 x_, y_;
-    Way way_;
+    const KnownMasters masters_;
+    Way own_way_; // in a context without a state
 };
 
 u32 hit_frame_button(const vel_context &ctx, Click &click) {

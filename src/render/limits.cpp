@@ -60,6 +60,8 @@ KnownMasters::KnownMasters(const vel_context &ctx) : ctx_(ctx) {
     }
 }
 
+Way *KnownMasters::way() const { return are_kept_ ? known_way(ctx_) : nullptr; }
+
 KnownMasters::~KnownMasters() {
     if (!are_kept_) return;
     Way &way = *known_way(ctx_);

@@ -17,6 +17,8 @@ class KnownMasters {
 public:
     explicit KnownMasters(const vel_context &ctx);
     ~KnownMasters();
+    // Null when there is no state to keep it in.
+    Way *way() const;
     KnownMasters(const KnownMasters &) = delete;
     KnownMasters &operator=(const KnownMasters &) = delete;
 

@@ -105,6 +105,9 @@ Limits WayOfMode::limits_below(const vel_context &ctx, u32 master) {
             break;
         }
     }
+    // A long climb takes its room at once; one level more grows it as vectors do.
+    const std::size_t length = levels_.size() + climbed_.size();
+    if (length > 2 * levels_.capacity()) levels_.reserve(length);
     for (; !climbed_.empty(); climbed_.pop_back()) append(ctx, climbed_.back());
     return {levels_.back().x.limits(), levels_.back().y.limits()};
 }
