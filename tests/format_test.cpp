@@ -127,7 +127,7 @@ TEST_F(Format, a_text_replaces_the_lines_of_the_one_before) {
 
 TEST_F(Format, buttons_are_centred_with_the_text) {
     make_text(8, "old", 200);
-    for (const uint32_t k : {9, 10})
+    for (const uint32_t k : {9U, 10U})
         set_label(make(k, VEL_TYPE_LABEL, 0, 0, width_of("Yes") + 10, 5), "Yes\nx");
     EXPECT_EQ(vel_load_window_text_buttons(&ctx, 8, "new", 9, 10), 1U);
     EXPECT_EQ(std::tuple(objects[9].margin_left, objects[10].margin_left), std::tuple(5U, 5U));

@@ -40,8 +40,6 @@ struct TextLine {
     vel_colour colour;
 };
 
-class FontTable;
-
 struct PaintOp {
     enum class Kind : u8 {
         box,
@@ -55,11 +53,12 @@ struct PaintOp {
     u8 opacity = 0;          // of a veil
     vel_colour colour{};
     Area area{};
-    i32 from_x = 0, from_y = 0;      // in the surface or line
-    SDL_Surface *image = nullptr;    // of an image
-    const char *text = nullptr;      // of a text; it stays where it is until it is painted
-    const FontTable *font = nullptr; // of a text
-    u32 line_number = 0;             // of a text that is compared; different texts never share one
+    i32 from_x = 0, from_y = 0;   // in the surface or line
+    SDL_Surface *image = nullptr; // of an image
+    const char *text = nullptr;   // of a text; it stays where it is until it is painted
+    TTF_Font *font = nullptr;     // of a text
+    u32 font_id = 0;              // of its table, which may be gone when the text is painted
+    u32 line_number = 0;          // of a text that is compared; different texts never share one
 
     bool paints_same_as(const PaintOp &other) const;
 };

@@ -4,6 +4,7 @@
 
 #include "render/picture.h"
 #include "render/pixels.h"
+#include "text/font_table.h"
 
 namespace velumo {
 namespace {
@@ -84,7 +85,7 @@ void paint_text(vel_context &ctx, const TextLine &line, PaintOp place) {
     Picture *picture = gathering_picture(ctx);
     const FontTable *table = picture == nullptr ? nullptr : table_of(ctx, line.font);
     try {
-        if (table != nullptr) return picture->add_text(ctx, line, *table, place);
+        if (table != nullptr) return picture->add_text(ctx, line, table->id, place);
     } catch (const std::bad_alloc &) {
     }
     paint_text_now(ctx, line, place);

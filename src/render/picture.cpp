@@ -24,6 +24,8 @@ bool share_pixels(const SDL_Surface &screen, const SDL_Surface *image) {
     return is_before(start(*image), end(screen)) && is_before(start(screen), end(*image));
 }
 
+LineKey key_of(const PaintOp &text) { return {text.font_id, text.colour, text.text}; }
+
 } // namespace
 
 Picture::Ground::Ground(SDL_Surface &s)
@@ -42,13 +44,13 @@ void Picture::add(vel_context &ctx, const PaintOp &op) {
     append(*ctx.screen, op);
 }
 
-void Picture::add_text(vel_context &ctx, const TextLine &line, const FontTable &table,
-                       PaintOp place) {
+void Picture::add_text(vel_context &ctx, const TextLine &line, u32 font_id, PaintOp place) {
     make_room(ctx);
-    place.font = &table;
+    place.font = line.font;
+    place.font_id = font_id;
     place.text = line.text;
     place.colour = line.colour;
-    if (compares_texts_) place.line_number = lines_.line_of(table, line.colour, line.text).number;
+    if (compares_texts_) place.line_number = lines_.line_of(key_of(place), line.font).number;
     append(*ctx.screen, place);
     last_text_ = place;
 }
@@ -96,7 +98,7 @@ bool Picture::paint_changes_of_window(vel_context &ctx) {
 
 void Picture::paint_op(SDL_Surface &screen, PaintOp op, const Area &part) {
     if (op.kind == PaintOp::Kind::text) {
-        op.image = lines_.surface_for(screen, *op.font, op.colour, op.text);
+        op.image = lines_.surface_for(screen, key_of(op), op.font);
     }
     paint_part(screen, op, part);
 }
@@ -165,7 +167,7 @@ void Picture::remember_window(const vel_context &ctx) {
 
 void Picture::end(vel_context &ctx) {
     if (last_text_.font != nullptr) {
-        lines_.hand_over(*last_text_.font, last_text_.colour, last_text_.text, ctx.text_surface);
+        lines_.hand_over(key_of(last_text_), last_text_.font, ctx.text_surface);
     }
     last_text_ = {};
     ops_.clear();

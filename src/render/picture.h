@@ -19,7 +19,7 @@ public:
     void begin_object() { begins_group_ = true; }
     // Both throw std::bad_alloc, and then add nothing.
     void add(vel_context &ctx, const PaintOp &op);
-    void add_text(vel_context &ctx, const TextLine &line, const FontTable &table, PaintOp place);
+    void add_text(vel_context &ctx, const TextLine &line, u32 font_id, PaintOp place);
 
     // Paints what was gathered.
     void paint(vel_context &ctx);

@@ -70,14 +70,14 @@ TextCache::~TextCache() {
     for (const RenderedLine &line : rendered_) SDL_FreeSurface(line.surface);
 }
 
-RenderedLine &TextCache::line_of(const FontTable &table, vel_colour colour, const char *text) {
-    const auto found = places_.find({table.id, colour, text});
+RenderedLine &TextCache::line_of(const LineKey &key, TTF_Font *font) {
+    const auto found = places_.find(key);
     if (found != places_.end()) {
         RenderedLine &line = *found->second;
         if (line.surface == nullptr) waiting_.splice(waiting_.begin(), waiting_, line.place);
         return line;
     }
-    waiting_.push_front({text, {table.id, colour, {}}, table.look().font, ++last_number_});
+    waiting_.push_front({std::string(key.text), key, font, ++last_number_});
     RenderedLine &line = waiting_.front();
     line.key.text = line.text;
     line.place = waiting_.begin();
@@ -91,16 +91,14 @@ RenderedLine &TextCache::line_of(const FontTable &table, vel_colour colour, cons
     return line;
 }
 
-RenderedLine *TextCache::line_if_memory(const FontTable &table, vel_colour colour,
-                                        const char *text) try {
-    return &line_of(table, colour, text);
+RenderedLine *TextCache::line_if_memory(const LineKey &key, TTF_Font *font) try {
+    return &line_of(key, font);
 } catch (const std::bad_alloc &) {
     return nullptr;
 }
 
-SDL_Surface *TextCache::surface_for(const SDL_Surface &screen, const FontTable &table,
-                                    vel_colour colour, const char *text) {
-    RenderedLine *found = line_if_memory(table, colour, text);
+SDL_Surface *TextCache::surface_for(const SDL_Surface &screen, const LineKey &key, TTF_Font *font) {
+    RenderedLine *found = line_if_memory(key, font);
     if (found == nullptr) return nullptr;
     RenderedLine &line = *found;
     if (line.surface == nullptr) render(line);
@@ -110,9 +108,8 @@ SDL_Surface *TextCache::surface_for(const SDL_Surface &screen, const FontTable &
     return line.surface;
 }
 
-void TextCache::hand_over(const FontTable &table, vel_colour colour, const char *text,
-                          SDL_Surface *&text_surface) {
-    RenderedLine *found = line_if_memory(table, colour, text);
+void TextCache::hand_over(const LineKey &key, TTF_Font *font, SDL_Surface *&text_surface) {
+    RenderedLine *found = line_if_memory(key, font);
     if (found == nullptr) return;
     RenderedLine &line = *found;
     if (line.surface != nullptr && line.surface == text_surface) return;

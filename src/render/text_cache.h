@@ -7,7 +7,6 @@
 #include <unordered_map>
 
 #include "render/paint_op.h"
-#include "text/font_table.h"
 
 namespace velumo {
 
@@ -37,14 +36,12 @@ public:
     TextCache &operator=(const TextCache &) = delete;
 
     // The text is not rendered yet. Throws std::bad_alloc.
-    RenderedLine &line_of(const FontTable &table, vel_colour colour, const char *text);
+    RenderedLine &line_of(const LineKey &key, TTF_Font *font);
 
     // To be drawn on the screen; null when the font cannot render it, and without memory for it.
-    SDL_Surface *surface_for(const SDL_Surface &screen, const FontTable &table, vel_colour colour,
-                             const char *text);
+    SDL_Surface *surface_for(const SDL_Surface &screen, const LineKey &key, TTF_Font *font);
     // Hands the surface of a line to the program, which may free it.
-    void hand_over(const FontTable &table, vel_colour colour, const char *text,
-                   SDL_Surface *&text_surface);
+    void hand_over(const LineKey &key, TTF_Font *font, SDL_Surface *&text_surface);
 
     // Forgets the lines that were not used for longest, as far as they do not fit. Until then a
     // line that was given stays; its surface may not.
@@ -57,7 +54,7 @@ private:
     };
     using Lines = std::list<RenderedLine>;
 
-    RenderedLine *line_if_memory(const FontTable &table, vel_colour colour, const char *text);
+    RenderedLine *line_if_memory(const LineKey &key, TTF_Font *font);
     bool is_run_length_encoded(const RenderedLine &line) const;
     void encode(RenderedLine &line, const SDL_Surface &screen);
     void render(RenderedLine &line);

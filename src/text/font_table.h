@@ -53,8 +53,9 @@ public:
 
 private:
     struct Glyph {
-        int min_x = 0, reach = 0,
-            advance = 0; // reach: the larger of the advance and the last pixel
+        int min_x = 0;
+        int reach = 0; // the larger of the advance and the last pixel
+        int advance = 0;
     };
     using KerningRow = std::array<std::int16_t, 256>;
 
