@@ -259,6 +259,29 @@ TEST(QuickDrawing, gives_the_pixels_and_fields_of_plain_drawing) {
     SDL_Quit();
 }
 
+class QuickForm : public Form {};
+
+// More fonts than tables of them are kept, in one picture.
+TEST_F(QuickForm, many_fonts_in_one_picture_are_each_their_own) {
+    std::vector<vel_object> many(8 + 90);
+    std::vector<TTF_Font *> fonts;
+    for (std::uint32_t k = 8; k < many.size(); ++k) {
+        fonts.push_back(TTF_OpenFont(font_file, 8 + static_cast<int>(k % 5)));
+        vel_object &o = many[k] = make(8, VEL_TYPE_LABEL, static_cast<int>(k % 10) * 32,
+                                       static_cast<int>(k / 10) * 20, 32, 20);
+        o.font_choice = 1;
+        o.own_font = fonts.back();
+        set_label(o, std::to_string(k));
+    }
+    ctx.objects = many.data();
+    ctx.object_count = static_cast<std::uint32_t>(many.size() - 1);
+    velumo::state_of(ctx).draws_plainly = true;
+    vel_draw_all_objects(&ctx, 0, 0);
+    velumo::state_of(ctx).draws_plainly = false;
+    expect_drawn_afresh();
+    for (TTF_Font *font : fonts) TTF_CloseFont(font);
+}
+
 // --- Widths
 
 TEST(QuickDrawing, strings_are_as_wide_as_the_font_says) {
@@ -334,9 +357,7 @@ TEST_F(KnownLimits, follow_a_master_that_is_centred_between_two_texts) {
 
 // --- What is updated
 
-class PartialRedraw : public Form {};
-
-TEST_F(PartialRedraw, key_updates_only_the_line_that_it_changes) {
+TEST_F(QuickForm, key_updates_only_the_line_that_it_changes) {
     make_frame_buttons();
     make_window(8, 30, 40, 250, 140);
     make_field(9, 40, 50, 100, 24, 8);
