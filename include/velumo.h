@@ -405,6 +405,9 @@ typedef struct vel_context {
                                    to draw the window itself. */
     uint32_t text_cache_size; /**< Read-write. Bytes of rendered lines that are kept for the next
                                    redraw; default 0, 4 MiB. */
+    uint32_t strict_pictures; /**< Read-write. 1 = of pictures only PNG, BMP and JPEG files are
+                                   loaded; default 0, whatever SDL_image knows, some of whose
+                                   decoders do not withstand a damaged file. */
 } vel_context;
 
 /** \name Start-up and shutdown */
