@@ -67,6 +67,25 @@ TEST_F(Depth24, refuses_each_pixel_with_a_line_and_fills_boxes) {
     EXPECT_EQ(box_of(test::red), "1,1 1x1");
 }
 
+// SDL makes them, and writes beside their memory.
+TEST_F(Form, surfaces_that_cannot_hold_their_pixels_get_none) {
+    SDL_Surface *screen = ctx.screen;
+    make(8, VEL_TYPE_LABEL, 1, 1, 50, 40).border_style = VEL_BORDER_FRAME;
+    set_label(objects[8], "text");
+    std::vector<uint8_t> pixels(100 * 400);
+    for (const auto &[depth, pitch] : {std::pair(32, 399), {12, 400}, {20, 400}, {28, 400}}) {
+        ctx.screen = SDL_CreateRGBSurfaceFrom(pixels.data(), 100, 100, depth, pitch, 7, 56, 448, 0);
+        ASSERT_NE(ctx.screen, nullptr);
+        testing::internal::CaptureStdout();
+        vel_evoke_object(&ctx, 8);
+        EXPECT_EQ(testing::internal::GetCapturedStdout().substr(0, 34),
+                  "Error - can't get color depth. \nEr");
+        EXPECT_EQ(pixels, std::vector<uint8_t>(pixels.size())) << depth;
+        SDL_FreeSurface(ctx.screen);
+    }
+    ctx.screen = screen;
+}
+
 // SDL 1.2 packs its pixels so that they need a lock; its successors may not.
 TEST_F(Form, packed_surfaces_are_locked) {
     SDL_Surface *packed = test::make_surface(8, 8);

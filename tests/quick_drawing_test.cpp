@@ -322,7 +322,7 @@ class KnownLimits : public Form {};
 TEST_F(KnownLimits, of_nested_masters_are_those_found_by_climbing) {
     Random random{std::mt19937(2)};
     for (int form = 0; form < 3000; ++form) {
-        velumo::Way way;
+        velumo::NestedLimits known_limits;
         for (std::uint32_t k = 8; k < 16; ++k) {
             vel_object &o = make(k, VEL_TYPE_LABEL, static_cast<int>(random.below(7)) - 5, -2,
                                  random.below(9), random.below(9));
@@ -332,7 +332,7 @@ TEST_F(KnownLimits, of_nested_masters_are_those_found_by_climbing) {
         }
         for (int look = 0; look < 20; ++look) {
             const std::uint32_t object = 9 + random.below(7);
-            const auto known = velumo::dependent_limits(ctx, object, way);
+            const auto known = velumo::dependent_limits(ctx, object, known_limits);
             const auto climbed = velumo::dependent_limits(ctx, object);
             ASSERT_EQ(std::tie(known.x.begin, known.x.end, known.y.begin, known.y.end),
                       std::tie(climbed.x.begin, climbed.x.end, climbed.y.begin, climbed.y.end));

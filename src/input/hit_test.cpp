@@ -2,6 +2,7 @@
 
 #include "model/traits.h"
 #include "model/types.h"
+#include "model/walk.h"
 #include "render/limits.h"
 
 namespace velumo {
@@ -10,7 +11,7 @@ namespace {
 // On purpose: the outermost pixels of an object belong to none.
 Span inner_pixels(u32 start, u32 size) { return between(start, start + size); }
 
-// A click, and the way to the masters of the object that was looked at last.
+// A click, and the limits of the masters that were looked at.
 class Click {
 public:
     Click(const vel_context &ctx, i64 x, i64 y) : ctx_(ctx), x_(x), y_(y), masters_(ctx) {}
@@ -18,12 +19,13 @@ public:
     bool hits(u32 number) {
         const vel_object &o = object_at(ctx_, number);
         return inner_pixels(o.x, o.width).holds(x_) && inner_pixels(o.y, o.height).holds(y_) &&
-               (o.master == 0 || dependent_limits(ctx_, number, way()).hold(x_, y_));
+               (o.master == 0 || dependent_limits(ctx_, number, limits()).hold(x_, y_));
     }
 
     u32 innermost_dependent(u32 master) {
         u32 innermost = 0;
-        for (u32 hit = master; (hit = dependent_of(hit)) != 0;) innermost = hit;
+        Steps steps(ctx_);
+        for (u32 hit = master; (hit = dependent_of(hit)) != 0 && steps.take();) innermost = hit;
         return innermost;
     }
     u32 innermost(u32 number) {
@@ -44,12 +46,14 @@ private:
         return 0;
     }
 
-    Way &way() { return masters_.way() == nullptr ? own_way_ : *masters_.way(); }
+    NestedLimits &limits() {
+        return masters_.limits() == nullptr ? own_limits_ : *masters_.limits();
+    }
 
     const vel_context &ctx_;
     const i64 x_, y_;
     const KnownMasters masters_;
-    Way own_way_; // in a context without a state
+    NestedLimits own_limits_; // in a context without a state
 };
 
 u32 hit_frame_button(const vel_context &ctx, Click &click) {

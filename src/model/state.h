@@ -48,7 +48,7 @@ struct vel_state {
     TTF_Font *looked_at_font = nullptr;  // the last one, while no font can change
     velumo::FontTable *looked_at_table = nullptr;
     std::unique_ptr<velumo::Kept> picture; // rendered lines and operations, see render/painting
-    std::unique_ptr<velumo::Kept> way;     // of masters, see render/limits
+    std::unique_ptr<velumo::Kept> limits;  // of masters, see render/limits
     // For tests: nothing is kept between drawings and nothing left out, as it is without memory.
     bool draws_plainly = false;
 };

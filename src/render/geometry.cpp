@@ -2,6 +2,8 @@
 
 #include <new>
 
+#include "model/walk.h"
+
 namespace velumo {
 namespace {
 
@@ -31,9 +33,8 @@ void leave_room_for_frame(vel_object &object) {
 }
 
 u32 root_of(const vel_context &ctx, u32 number) {
-    u32 root = object_at(ctx, number).master;
-    if (root == 0) return 0;
-    while (object_at(ctx, root).master != 0) root = object_at(ctx, root).master;
+    u32 root = 0;
+    for (const u32 master : Masters(ctx, number)) root = master;
     return root;
 }
 
@@ -55,7 +56,7 @@ Rect cut_rect(const vel_context &ctx, const vel_object &object) {
 u32 size_in_masters(const vel_context &ctx, u32 number, const Axis &axis, Climb climb) try {
     std::vector<u32> way{number};
     u32 master = object_at(ctx, number).master;
-    while (object_at(ctx, master).master != 0) {
+    for (Steps steps(ctx); object_at(ctx, master).master != 0 && steps.take();) {
         way.push_back(climb == Climb::master ? master : object_at(ctx, master).master);
         master = object_at(ctx, way.back()).master;
     }

@@ -5,9 +5,10 @@
 namespace velumo {
 namespace {
 
-Way *known_way(const vel_context &ctx) {
-    Way *way = ctx.state == nullptr ? nullptr : static_cast<Way *>(ctx.state->way.get());
-    return way == nullptr || way->users == 0 ? nullptr : way;
+NestedLimits *known_limits(const vel_context &ctx) {
+    NestedLimits *known =
+        ctx.state == nullptr ? nullptr : static_cast<NestedLimits *>(ctx.state->limits.get());
+    return known == nullptr || known->users == 0 ? nullptr : known;
 }
 
 bool is_nested(const vel_context &ctx, const vel_object &o) {
@@ -20,8 +21,8 @@ Limits climbed_limits(const vel_context &ctx, u32 number) {
     if (object.master == root) {
         return {direct_limits(ctx, object, horizontal), direct_limits(ctx, object, vertical)};
     }
-    return {nested_limits(ctx, object, root, horizontal),
-            nested_limits(ctx, object, root, vertical)};
+    return {nested_limits(ctx, number, root, horizontal),
+            nested_limits(ctx, number, root, vertical)};
 }
 
 Span tighter(Span a, Span b) { return {std::max(a.begin, b.begin), std::min(a.end, b.end)}; }
@@ -29,13 +30,13 @@ Span tighter(Span a, Span b) { return {std::max(a.begin, b.begin), std::min(a.en
 } // namespace
 
 Limits dependent_limits(const vel_context &ctx, u32 number) {
-    if (Way *way = known_way(ctx)) return dependent_limits(ctx, number, *way);
+    if (NestedLimits *known = known_limits(ctx)) return dependent_limits(ctx, number, *known);
     return climbed_limits(ctx, number);
 }
 
-Limits dependent_limits(const vel_context &ctx, u32 number, Way &way) try {
+Limits dependent_limits(const vel_context &ctx, u32 number, NestedLimits &known) try {
     const vel_object &object = object_at(ctx, number);
-    return is_nested(ctx, object) ? way.limits_of(ctx, object) : climbed_limits(ctx, number);
+    return is_nested(ctx, object) ? known.limits_of(ctx, object) : climbed_limits(ctx, number);
 } catch (const std::bad_alloc &) {
     return climbed_limits(ctx, number);
 }
@@ -54,22 +55,22 @@ Limits text_limits(const vel_context &ctx, u32 number) {
 KnownMasters::KnownMasters(const vel_context &ctx) : ctx_(ctx) {
     if (ctx.state == nullptr || ctx.state->draws_plainly) return;
     try {
-        ++kept<Way>(ctx.state->way).users;
+        ++kept<NestedLimits>(ctx.state->limits).users;
         are_kept_ = true;
     } catch (const std::bad_alloc &) {
     }
 }
 
-Way *KnownMasters::way() const { return are_kept_ ? known_way(ctx_) : nullptr; }
+NestedLimits *KnownMasters::limits() const { return are_kept_ ? known_limits(ctx_) : nullptr; }
 
 KnownMasters::~KnownMasters() {
     if (!are_kept_) return;
-    Way &way = *known_way(ctx_);
-    if (--way.users == 0) way.clear();
+    NestedLimits &known = *known_limits(ctx_);
+    if (--known.users == 0) known.clear();
 }
 
 void forget_master(const vel_context &ctx, u32 object) {
-    if (Way *way = known_way(ctx)) way->forget(object);
+    if (NestedLimits *known = known_limits(ctx)) known->forget(ctx, object);
 }
 
 } // namespace velumo

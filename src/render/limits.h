@@ -7,8 +7,8 @@
 namespace velumo {
 
 Limits dependent_limits(const vel_context &ctx, u32 object);
-// The same for a walk that keeps its own way.
-Limits dependent_limits(const vel_context &ctx, u32 object, Way &way);
+// The same for a walk that keeps them itself.
+Limits dependent_limits(const vel_context &ctx, u32 object, NestedLimits &known);
 Limits text_limits(const vel_context &ctx, u32 object);
 
 // As long as one of these lives, the limits that the masters of one object set together are known
@@ -18,7 +18,7 @@ public:
     explicit KnownMasters(const vel_context &ctx);
     ~KnownMasters();
     // Null when there is no state to keep it in.
-    Way *way() const;
+    NestedLimits *limits() const;
     KnownMasters(const KnownMasters &) = delete;
     KnownMasters &operator=(const KnownMasters &) = delete;
 

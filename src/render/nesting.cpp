@@ -1,5 +1,9 @@
 #include "render/nesting.h"
 
+#include <new>
+
+#include "model/walk.h"
+
 namespace velumo {
 namespace {
 
@@ -72,10 +76,12 @@ Span direct_limits(const vel_context &ctx, const vel_object &object, const Axis 
 
 // From the nearest master to the one below the root.
 // On purpose: an end of 0 counts as none, so that the masters after it begin again.
-Span nested_limits(const vel_context &ctx, const vel_object &object, u32 root, const Axis &axis) {
+Span nested_limits(const vel_context &ctx, u32 number, u32 root, const Axis &axis) {
+    const u32 clip_mode = object_at(ctx, number).clip_mode;
     Span limits = not_limited_yet;
-    for (u32 master = object.master; master != root; master = object_at(ctx, master).master) {
-        const Span next = limits_of_master(ctx, object_at(ctx, master), object.clip_mode, axis);
+    for (const u32 master : Masters(ctx, number)) {
+        if (master == root) break;
+        const Span next = limits_of_master(ctx, object_at(ctx, master), clip_mode, axis);
         limits = limits.end == no_end ? Span{std::max(limits.begin, next.begin), next.end}
                                       : tighter(limits, next);
     }
@@ -96,70 +102,88 @@ Tightest Tightest::before(Span nearer) const {
     return all;
 }
 
-Limits WayOfMode::limits_below(const vel_context &ctx, u32 master) {
-    climbed_.clear();
-    for (u32 at = master; !leads_to(ctx, at); at = object_at(ctx, at).master) {
-        climbed_.push_back(at);
-        if (object_at(ctx, at).master == 0) {
-            clear();
-            break;
-        }
-    }
-    // A long climb takes its room at once; one level more grows it as vectors do.
-    const std::size_t length = levels_.size() + climbed_.size();
-    if (length > 2 * levels_.capacity()) levels_.reserve(length);
-    for (; !climbed_.empty(); climbed_.pop_back()) append(ctx, climbed_.back());
-    return {levels_.back().x.limits(), levels_.back().y.limits()};
+std::size_t KnownLimits::place_of(u32 record) const {
+    if (record >= places_.size()) return unknown;
+    const std::size_t place = places_[record];
+    return place < masters_.size() && masters_[place].record == record ? place : unknown;
 }
 
-// Mostly to its end, or to an object just below its end, which is not worth a search.
-bool WayOfMode::leads_to(const vel_context &ctx, u32 number) {
-    if (numbers_.empty()) return false;
-    if (numbers_.back() == number) return true;
-    return object_at(ctx, number).master != numbers_.back() && is_on_it(number);
+Limits KnownLimits::limits_below(const vel_context &ctx, u32 master) {
+    const std::size_t place = find(ctx, master);
+    return {masters_[place].x.limits(), masters_[place].y.limits()};
 }
 
-// Cuts off what comes after it.
-bool WayOfMode::is_on_it(u32 number) {
-    const auto found = std::find(numbers_.rbegin(), numbers_.rend(), number);
-    if (found == numbers_.rend()) return false;
-    cut(static_cast<std::size_t>(numbers_.rend() - found));
-    return true;
-}
-
-void WayOfMode::cut(std::size_t length) {
-    const auto kept = static_cast<std::ptrdiff_t>(length);
-    numbers_.erase(numbers_.begin() + kept, numbers_.end());
-    levels_.erase(levels_.begin() + kept, levels_.end());
-}
-
-void WayOfMode::append(const vel_context &ctx, u32 number) {
-    Level level;
-    if (!levels_.empty()) {
-        const vel_object &o = object_at(ctx, number);
-        const Level &above = levels_.back();
-        level.x = above.x.before(limits_of_master(ctx, o, clip_mode_, horizontal));
-        level.y = above.y.before(limits_of_master(ctx, o, clip_mode_, vertical));
-    }
-    levels_.push_back(level);
+// Those that are not known are appended from the lowest to the highest, and get their limits from
+// the highest to the lowest. A ring of masters has its top where it closes.
+std::size_t KnownLimits::find(const vel_context &ctx, u32 number) {
+    const std::size_t first = masters_.size();
+    std::size_t above = unknown;
     try {
-        numbers_.push_back(number);
+        for (u32 at = number; at != 0 && above == unknown; at = object_at(ctx, at).master) {
+            above = place_of(object_index(ctx, at));
+            if (above == unknown) append(object_index(ctx, at));
+        }
     } catch (...) {
-        levels_.pop_back();
+        masters_.erase(masters_.begin() + static_cast<std::ptrdiff_t>(first), masters_.end());
         throw;
     }
+    if (masters_.size() == first) return above;
+    if (above != unknown && above >= first) above = unknown;
+    for (std::size_t k = masters_.size(); k-- > first; above = k) {
+        set_limits(ctx, masters_[k], above);
+    }
+    return first;
 }
 
-Limits Way::limits_of(const vel_context &ctx, const vel_object &object) {
-    return ways_[std::min(object.clip_mode, no_own_limits)].limits_below(ctx, object.master);
+void KnownLimits::append(u32 record) {
+    constexpr u32 most_records = 1U << 24; // so that no number of a table of unknown length takes
+                                           // all memory
+    if (record >= most_records) throw std::bad_alloc();
+    if (record >= places_.size()) places_.resize(record + record / 2 + 1);
+    masters_.push_back({record});
+    places_[record] = static_cast<u32>(masters_.size() - 1);
+    ++looked_at_;
 }
 
-void Way::forget(u32 object) {
-    for (WayOfMode &way : ways_) way.forget(object);
+void KnownLimits::set_limits(const vel_context &ctx, Master &master, std::size_t above) noexcept {
+    if (above == unknown) return;
+    const vel_object &o = object_at(ctx, master.record);
+    Master &next = masters_[above];
+    next.limits_others = true;
+    master.x = next.x.before(limits_of_master(ctx, o, clip_mode_, horizontal));
+    master.y = next.y.before(limits_of_master(ctx, o, clip_mode_, vertical));
 }
 
-void Way::clear() {
-    for (WayOfMode &way : ways_) way.clear();
+// Objects are mostly moved before what hangs on them is looked at. Where a form is so entangled
+// that this fails again and again, the limits of before the move stay, so that no more masters are
+// looked at again.
+void KnownLimits::forget(const vel_context &ctx, u32 master) {
+    constexpr std::size_t most_looks = 1U << 20;
+    constexpr u32 no_record = 0xFFFFFFFF;
+    const std::size_t place = place_of(object_index(ctx, master));
+    if (place == unknown) return;
+    if (!masters_[place].limits_others) {
+        masters_[place].record = no_record;
+    } else if (looked_at_ < most_looks || !is_guarded) {
+        masters_.clear();
+    }
+}
+
+void KnownLimits::clear() {
+    masters_.clear();
+    looked_at_ = 0;
+}
+
+Limits NestedLimits::limits_of(const vel_context &ctx, const vel_object &object) {
+    return modes_[std::min(object.clip_mode, no_own_limits)].limits_below(ctx, object.master);
+}
+
+void NestedLimits::forget(const vel_context &ctx, u32 object) {
+    for (KnownLimits &mode : modes_) mode.forget(ctx, object);
+}
+
+void NestedLimits::clear() {
+    for (KnownLimits &mode : modes_) mode.clear();
 }
 
 } // namespace velumo

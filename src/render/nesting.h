@@ -2,6 +2,7 @@
 #pragma once
 
 #include <limits>
+#include <vector>
 
 #include "render/geometry.h"
 
@@ -11,7 +12,7 @@ namespace velumo {
 Span direct_limits(const vel_context &ctx, const vel_object &object, const Axis &axis);
 
 // The tightest limits of all masters of an object that has several.
-Span nested_limits(const vel_context &ctx, const vel_object &object, u32 root, const Axis &axis);
+Span nested_limits(const vel_context &ctx, u32 number, u32 root, const Axis &axis);
 
 // The tightest limits from one master upwards. A nearer one can be put before them.
 class Tightest {
@@ -29,50 +30,50 @@ private:
     bool is_empty_ = true;
 };
 
-// The masters from a root down to one of its dependents, and what they set together to objects of
-// one clip mode.
-class WayOfMode {
+// What the masters of nested objects set together, as far as it is known: each master is looked at
+// once, in whatever order objects are.
+class KnownLimits {
 public:
-    explicit WayOfMode(u32 clip_mode) : clip_mode_(clip_mode) {}
+    explicit KnownLimits(u32 clip_mode) : clip_mode_(clip_mode) {}
 
-    // Of the objects whose master is this one, below a root. The way then ends there. Throws
-    // std::bad_alloc.
+    // Of the objects whose master is this one, below a root. Throws std::bad_alloc.
     Limits limits_below(const vel_context &ctx, u32 master);
-    void forget(u32 object) {
-        if (is_on_it(object)) cut(numbers_.size() - 1);
-    }
-    void clear() { cut(0); }
-
-private:
-    struct Level {
-        Tightest x, y;
-    };
-
-    bool leads_to(const vel_context &ctx, u32 number);
-    bool is_on_it(u32 number);
-    void cut(std::size_t length);
-    void append(const vel_context &ctx, u32 number);
-
-    const u32 clip_mode_;
-    std::vector<u32> numbers_;
-    std::vector<Level> levels_;
-    std::vector<u32> climbed_; // masters below the way, the lowest first
-};
-
-class Way : public Kept {
-public:
-    u32 users = 0;
-
-    // The limits of an object whose master has a master. Those of the next object nearby then cost
-    // no climbing. Throws std::bad_alloc.
-    Limits limits_of(const vel_context &ctx, const vel_object &object);
-
-    // To be called when an object was moved or resized.
-    void forget(u32 object);
+    // Also what is known of others, when that followed from it.
+    void forget(const vel_context &ctx, u32 master);
     void clear();
 
 private:
-    WayOfMode ways_[3] = {WayOfMode(0), WayOfMode(1), WayOfMode(2)};
+    struct Master {
+        u32 record;
+        bool limits_others = false; // that are known
+        Tightest x{}, y{};
+    };
+
+    static constexpr std::size_t unknown = std::numeric_limits<std::size_t>::max();
+    std::size_t place_of(u32 record) const;
+    std::size_t find(const vel_context &ctx, u32 number);
+    void append(u32 record);
+    void set_limits(const vel_context &ctx, Master &master, std::size_t above) noexcept;
+
+    const u32 clip_mode_;
+    std::vector<Master> masters_;
+    std::vector<u32> places_; // in it, by record; anything for those that are not there
+    std::size_t looked_at_ = 0;
+};
+
+class NestedLimits : public Kept {
+public:
+    u32 users = 0;
+
+    // The limits of an object whose master has a master. Throws std::bad_alloc.
+    Limits limits_of(const vel_context &ctx, const vel_object &object);
+
+    // To be called when an object was moved or resized.
+    void forget(const vel_context &ctx, u32 object);
+    void clear();
+
+private:
+    KnownLimits modes_[3] = {KnownLimits(0), KnownLimits(1), KnownLimits(2)};
 };
 
 } // namespace velumo

@@ -1,5 +1,7 @@
 #include "render/paint.h"
 
+#include <cmath>
+
 #include "model/traits.h"
 #include "model/types.h"
 #include "render/borders.h"
@@ -154,12 +156,14 @@ private:
     }
 
     void show_dot(i64 x, i64 y, i64 radius) {
-        for (i64 row = -radius; row <= radius; ++row) {
-            i64 reach = 0;
-            while ((reach + 1) * (reach + 1) + row * row <= radius * radius + 1) ++reach;
+        const i64 first = std::max(-radius, limits_.y.begin - y);
+        const i64 last = std::min(radius, limits_.y.end - 1 - y);
+        for (i64 row = first; row <= last; ++row) {
+            const auto square = static_cast<double>(radius * radius + 1 - row * row);
+            const auto reach = static_cast<i64>(std::sqrt(square));
             const Span columns{std::max(x - reach, limits_.x.begin),
                                std::min(x + reach + 1, limits_.x.end)};
-            if (!limits_.y.holds(y + row) || columns.begin >= columns.end) continue;
+            if (columns.begin >= columns.end) continue;
             draw_box(ctx_, {columns.begin, y + row, columns.end - columns.begin, 1}, text_colour());
         }
     }

@@ -29,16 +29,16 @@ void paint_now(vel_context &ctx, const PaintOp &op) {
 
 void paint_text_now(vel_context &ctx, const TextLine &line, PaintOp place) {
     paint_what_was_gathered(ctx);
-    const SDL_Color colour{line.colour.r, line.colour.g, line.colour.b, 0};
     SDL_FreeSurface(ctx.text_surface);
-    ctx.text_surface = TTF_RenderText_Blended(line.font, line.text, colour);
+    ctx.text_surface = render_line(line.font, line.text, line.colour);
     place.image = ctx.text_surface;
     paint_part(*ctx.screen, place, place.area);
 }
 
 } // namespace
 
-Painting::Painting(vel_context &ctx, Of what) : ctx_(ctx), what_(what), fonts_stay_(ctx) {
+Painting::Painting(vel_context &ctx, Of what)
+    : ctx_(ctx), what_(what), fonts_stay_(ctx), own_steps_(ctx) {
     try {
         if (state_of(ctx).draws_plainly) return;
         kept<Picture>(ctx.state->picture)
@@ -46,6 +46,11 @@ Painting::Painting(vel_context &ctx, Of what) : ctx_(ctx), what_(what), fonts_st
         is_gathering_ = true;
     } catch (const std::bad_alloc &) {
     }
+}
+
+Steps &Painting::steps() {
+    Picture *picture = is_gathering_ ? picture_of(ctx_) : nullptr;
+    return picture == nullptr ? own_steps_ : *picture->steps();
 }
 
 std::optional<std::span<const Area>> Painting::finish() {

@@ -5,6 +5,7 @@
 #include <optional>
 #include <span>
 
+#include "model/walk.h"
 #include "render/paint_op.h"
 #include "text/fonts.h"
 
@@ -27,10 +28,14 @@ public:
     // Paints now. Returns where a window has changed; nothing when all of it was painted.
     std::optional<std::span<const Area>> finish();
 
+    // For the walks over dependents that the picture consists of.
+    Steps &steps();
+
 private:
     vel_context &ctx_;
     const Of what_;
     const FontsStay fonts_stay_;
+    Steps own_steps_;
     bool is_gathering_ = false;
 };
 

@@ -11,6 +11,8 @@ namespace {
 constexpr std::size_t default_cache_size = std::size_t{4} << 20; // bytes
 // A longer picture is painted in pieces, so that its operations do not fill the memory.
 constexpr std::size_t max_ops = 8192;
+// No form paints so much; one that is made for it must not take minutes.
+constexpr u32 most_ops = 1U << 21;
 constexpr int max_side = 32767; // of a surface, so that parts of boxes fit SDL_Rect
 
 // As the screen may with a picture that it is a part of. What SDL keeps encoded has no pixels.
@@ -35,6 +37,9 @@ Picture::Ground::Ground(SDL_Surface &s)
 void Picture::open(const vel_context &ctx, bool compares_texts) {
     if (depth_++ != 0) return;
     compares_texts_ = compares_texts;
+    steps_.emplace(ctx);
+    ops_left_ = most_ops;
+    lines_.begin_picture();
     lines_.set_limit(ctx.text_cache_size == 0 ? default_cache_size : ctx.text_cache_size);
     is_whole_ = true;
 }
@@ -61,7 +66,8 @@ void Picture::make_room(vel_context &ctx) {
 
 void Picture::append(const SDL_Surface &screen, const PaintOp &op) {
     const Area on_screen = common(op.area, area_of(screen));
-    if (on_screen.is_empty()) return;
+    if (on_screen.is_empty() || (ops_left_ == 0 && is_guarded)) return;
+    --ops_left_;
     ops_.push_back(op);
     if (begins_group_ || groups_.empty()) {
         try {

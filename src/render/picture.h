@@ -2,6 +2,9 @@
 // painting.
 #pragma once
 
+#include <optional>
+
+#include "model/walk.h"
 #include "render/text_cache.h"
 #include "render/visibility.h"
 
@@ -10,6 +13,9 @@ namespace velumo {
 class Picture : public Kept {
 public:
     bool is_gathering() const { return depth_ != 0; }
+    // For the walks of the picture that is open.
+    std::optional<Steps> &steps() { return steps_; }
+
     // Texts are compared only when changes of a window are wanted.
     void open(const vel_context &ctx, bool compares_texts);
     // True when the outermost is closed.
@@ -54,7 +60,9 @@ private:
     void remember_window(const vel_context &ctx);
     void end(vel_context &ctx);
 
-    u32 depth_ = 0;                  // of Painting
+    u32 depth_ = 0; // of Painting
+    std::optional<Steps> steps_;
+    u32 ops_left_ = 0;               // that the picture may still have
     std::vector<PaintOp> ops_;       // in the order of painting
     std::vector<PaintGroup> groups_; // what each object paints
     bool begins_group_ = false;

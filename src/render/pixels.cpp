@@ -2,6 +2,8 @@
 
 #include <cstdio>
 
+#include "model/guard.h"
+
 namespace velumo {
 namespace {
 
@@ -24,6 +26,23 @@ template <class Cell> void fill_cells(SDL_Surface &surface, const Area &area, Ui
 
 void say_for_each_pixel(const Area &area, const char *message) {
     for (i64 k = 0; k < area.size(); ++k) std::puts(message);
+}
+
+constexpr const char *depth_message = "Error - can't get color depth. ";
+
+// SDL makes surfaces of any depth up to 32, and cuts the bytes of a row to 16 bits. What has to be
+// locked, or is encoded, may have its pixels elsewhere.
+bool holds_pixels(const SDL_Surface &s) {
+    constexpr int depths[] = {8, 15, 16, 24, 32};
+    const SDL_PixelFormat &f = *s.format;
+    const bool has_depth =
+        std::find(std::begin(depths), std::end(depths), f.BitsPerPixel) != std::end(depths);
+    const bool has_rows = s.w >= 0 && s.h >= 0 && s.pitch >= i64{s.w} * f.BytesPerPixel;
+    return has_depth && has_rows && (s.pixels != nullptr || must_be_locked(&s));
+}
+
+void refuse(const PaintOp &op, const Area &part) {
+    say_for_each_pixel(op.kind == PaintOp::Kind::run ? part : Area{0, 0, 1, 1}, depth_message);
 }
 
 } // namespace
@@ -59,14 +78,14 @@ void fill_run(SDL_Surface &screen, const Area &area, vel_colour colour) {
         fill_cells<Uint32>(screen, area, value);
         break;
     default:
-        say_for_each_pixel(area, "Error - can't get color depth. ");
+        say_for_each_pixel(area, depth_message);
         break;
     }
 }
 
 // Without memory for it there is no veil.
 void lay_veil(SDL_Surface &screen, const Area &area, vel_colour colour, u8 opacity) {
-    SDL_Rect at = sdl_rect(area);
+    SDL_Rect at = sdl_rect(common(area, area_of(screen)));
     const SDL_PixelFormat &f = *screen.format;
     SDL_Surface *veil = SDL_CreateRGBSurface(SDL_SWSURFACE, at.w, at.h, f.BitsPerPixel, f.Rmask,
                                              f.Gmask, f.Bmask, 0);
@@ -81,11 +100,15 @@ void blit(SDL_Surface &screen, SDL_Surface *surface, i32 from_x, i32 from_y, con
     constexpr i32 last = 0x7FFF; // that SDL_Rect holds
     if (surface == nullptr || from_x > last || from_y > last) return;
     SDL_Rect to = sdl_rect(area);
-    SDL_Rect from{static_cast<Sint16>(from_x), static_cast<Sint16>(from_y), to.w, to.h};
+    SDL_Rect from = sdl_rect(Rect{from_x, from_y, to.w, to.h});
     SDL_UpperBlit(surface, &from, &screen, &to);
 }
 
 void paint_part(SDL_Surface &screen, const PaintOp &op, const Area &part) {
+    const bool has_image = op.kind == PaintOp::Kind::image && op.image != nullptr;
+    if (is_guarded && !(holds_pixels(screen) && (!has_image || holds_pixels(*op.image)))) {
+        return refuse(op, part);
+    }
     switch (op.kind) {
     case PaintOp::Kind::box:
         fill_area(screen, part, op.colour);

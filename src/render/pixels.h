@@ -16,7 +16,8 @@ void lay_veil(SDL_Surface &screen, const Area &area, vel_colour colour, u8 opaci
 void blit(SDL_Surface &screen, SDL_Surface *surface, i32 from_x, i32 from_y, const Area &area);
 
 // A part of what an operation paints, all of it when the part is its area. A text is the image that
-// it was rendered to.
+// it was rendered to. A surface that cannot hold the pixels of its size and depth gets none, with a
+// line on standard output.
 void paint_part(SDL_Surface &screen, const PaintOp &op, const Area &part);
 
 } // namespace velumo

@@ -114,10 +114,10 @@ void show_all(vel_context &ctx) {
 
 void draw_dependents(vel_context &ctx, u32 master) {
     if (!has_dependents(object_at(ctx, master))) return;
-    const Painting painting(ctx);
+    Painting painting(ctx);
     const KnownMasters masters(ctx);
     place_dependents(ctx, master);
-    walk_dependents(ctx, master, [&ctx](u32 number) {
+    walk_dependents(ctx, master, painting.steps(), [&ctx](u32 number) {
         const vel_object &o = object_at(ctx, number);
         if (!is_drawable(o)) return Walk::skip;
         paint_with_cursor(ctx, number);

@@ -4,6 +4,7 @@
 
 #include "model/traits.h"
 #include "model/types.h"
+#include "model/walk.h"
 #include "render/limits.h"
 #include "render/surface.h"
 #include "text/letters.h"
@@ -39,11 +40,16 @@ struct Tint {
     int parts;
 };
 
-// An object in a disabled one cannot be reached either.
+// An object in a disabled one cannot be reached either. It is asked for each object of a picture,
+// so that only so many of its masters are looked at.
 bool is_disabled(const vel_context &ctx, u32 number) {
+    constexpr int most_masters = 1000;
     if (ctx.state == nullptr || ctx.state->traits.empty()) return false;
-    for (; number != 0; number = object_at(ctx, number).master) {
-        if (!is_enabled(ctx, number)) return true;
+    if (!is_enabled(ctx, number)) return true;
+    int looked_at = 0;
+    for (const u32 master : Masters(ctx, number)) {
+        if (!is_enabled(ctx, master)) return true;
+        if (++looked_at == most_masters && is_guarded) break;
     }
     return false;
 }

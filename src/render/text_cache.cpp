@@ -3,6 +3,8 @@
 #include <functional>
 #include <new>
 
+#include "model/guard.h"
+
 namespace velumo {
 namespace {
 
@@ -54,7 +56,24 @@ bool is_encoding_exact_on(const SDL_PixelFormat &format) {
                       [=](Uint32 p, Uint32 q) { return ((p ^ q) & colours) == 0; });
 }
 
+constexpr int longest_side = 16000; // pixels
+constexpr i64 largest_line = i64{1} << 24;
+// About a nanosecond a pixel, and what each line takes besides. A picture has some hundred lines.
+constexpr i64 work_of_a_line = 20000;
+constexpr i64 work_of_a_picture = 200'000'000;
+
+bool may_be_rendered(TTF_Font *font, const char *text) {
+    int width = 0, height = 0;
+    return TTF_SizeText(font, text, &width, &height) == 0 && width <= longest_side &&
+           height <= longest_side && i64{width} * height <= largest_line;
+}
+
 } // namespace
+
+SDL_Surface *render_line(TTF_Font *font, const char *text, vel_colour colour) {
+    if (is_guarded && !may_be_rendered(font, text)) return nullptr;
+    return TTF_RenderText_Blended(font, text, {colour.r, colour.g, colour.b, 0});
+}
 
 bool LineKey::operator==(const LineKey &other) const {
     return font == other.font && colour.r == other.colour.r && colour.g == other.colour.g &&
@@ -69,6 +88,8 @@ std::size_t TextCache::KeyHash::operator()(const LineKey &key) const {
 TextCache::~TextCache() {
     for (const RenderedLine &line : rendered_) SDL_FreeSurface(line.surface);
 }
+
+void TextCache::begin_picture() { work_left_ = work_of_a_picture; }
 
 RenderedLine &TextCache::line_of(const LineKey &key, TTF_Font *font) {
     const auto found = places_.find(key);
@@ -141,9 +162,11 @@ void TextCache::encode(RenderedLine &line, const SDL_Surface &screen) {
 }
 
 void TextCache::render(RenderedLine &line) {
-    const vel_colour c = line.key.colour;
-    line.surface = TTF_RenderText_Blended(line.font, line.text.c_str(), {c.r, c.g, c.b, 0});
+    if (work_left_ <= 0 && is_guarded) return;
+    line.surface = render_line(line.font, line.text.c_str(), line.key.colour);
+    work_left_ -= work_of_a_line;
     if (line.surface == nullptr) return;
+    work_left_ -= i64{line.surface->w} * line.surface->h;
     rendered_.splice(rendered_.begin(), waiting_, line.place);
     line.draws = 0;
     bytes_ += bytes_of(*line.surface);

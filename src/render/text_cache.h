@@ -10,6 +10,10 @@
 
 namespace velumo {
 
+// Null when the font cannot render it, without memory for it, and when it would be larger than any
+// form shows.
+SDL_Surface *render_line(TTF_Font *font, const char *text, vel_colour colour);
+
 struct LineKey {
     u32 font; // id of its table
     vel_colour colour;
@@ -35,6 +39,8 @@ public:
     TextCache(const TextCache &) = delete;
     TextCache &operator=(const TextCache &) = delete;
 
+    // Lines of one picture are rendered as long as that does not take too long.
+    void begin_picture();
     // The text is not rendered yet. Throws std::bad_alloc.
     RenderedLine &line_of(const LineKey &key, TTF_Font *font);
 
@@ -64,6 +70,7 @@ private:
     Lines rendered_; // the one painted last in front
     std::unordered_map<LineKey, Lines::iterator, KeyHash> places_;
     std::size_t bytes_ = 0, limit_ = 0;
+    i64 work_left_ = 0; // of the present picture
     u32 last_number_ = 0;
     Uint32 checked_masks_[3] = {}; // of the screens that encoded lines were compared for
     bool is_encoding_exact_ = false;

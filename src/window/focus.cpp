@@ -33,8 +33,8 @@ std::vector<u32> focus_stops(const vel_context &ctx, const Reach &reach) {
     });
     if (!reach.selects) return stops;
     walk_everywhere(ctx, reach, [&](u32 number) {
-        const bool is_new = std::find(stops.begin(), stops.end(), number) == stops.end();
-        if (is_new && is_key_answer(ctx, reach, number)) stops.push_back(number);
+        if (!is_key_answer(ctx, reach, number)) return false;
+        if (std::find(stops.begin(), stops.end(), number) == stops.end()) stops.push_back(number);
         return false;
     });
     return stops;

@@ -30,10 +30,11 @@ bool is_reachable(const vel_context &ctx, u32 number);
 
 // An object and then its dependents, depth first, as far as they can be reached. The visitor
 // returns whether the walk is over, which is the result.
-template <class Visitor> bool walk_reachable_in(const vel_context &ctx, u32 top, Visitor visit) {
+template <class Visitor>
+bool walk_reachable_in(const vel_context &ctx, u32 top, Steps &steps, Visitor visit) {
     if (visit(top)) return true;
     bool is_over = false;
-    walk_dependents(ctx, top, [&](u32 number) {
+    walk_dependents(ctx, top, steps, [&](u32 number) {
         if (!is_reachable(ctx, number)) return Walk::skip;
         is_over = visit(number);
         return is_over ? Walk::stop : Walk::descend;
@@ -42,24 +43,28 @@ template <class Visitor> bool walk_reachable_in(const vel_context &ctx, u32 top,
 }
 
 // The same for the desktop, without windows and menus.
-template <class Visitor> bool walk_reachable_desktop(const vel_context &ctx, Visitor visit) {
+template <class Visitor>
+bool walk_reachable_desktop(const vel_context &ctx, Steps &steps, Visitor visit) {
     for (u32 number = VEL_FRAME_BUTTONS + 1; number <= ctx.object_count; ++number) {
-        if (is_on_desktop(ctx, number) && walk_reachable_in(ctx, number, visit)) return true;
+        if (is_on_desktop(ctx, number) && walk_reachable_in(ctx, number, steps, visit)) return true;
     }
     return false;
 }
 
 // Where Tab goes: the active window, or the desktop when there is none.
 template <class Visitor> bool walk_home(const vel_context &ctx, const Reach &reach, Visitor visit) {
-    if (ctx.active_window != 0) return walk_reachable_in(ctx, ctx.active_window, visit);
-    return !reach.is_dialog && walk_reachable_desktop(ctx, visit);
+    Steps steps(ctx);
+    if (ctx.active_window != 0) return walk_reachable_in(ctx, ctx.active_window, steps, visit);
+    return !reach.is_dialog && walk_reachable_desktop(ctx, steps, visit);
 }
 
 // Where Alt goes: the active window, then the desktop.
 template <class Visitor>
 bool walk_everywhere(const vel_context &ctx, const Reach &reach, Visitor visit) {
-    if (ctx.active_window != 0 && walk_reachable_in(ctx, ctx.active_window, visit)) return true;
-    return !reach.is_dialog && walk_reachable_desktop(ctx, visit);
+    Steps steps(ctx);
+    const u32 window = ctx.active_window;
+    if (window != 0 && walk_reachable_in(ctx, window, steps, visit)) return true;
+    return !reach.is_dialog && walk_reachable_desktop(ctx, steps, visit);
 }
 
 } // namespace velumo

@@ -35,12 +35,15 @@ u32 neighbour_of(const vel_context &ctx, u32 title, const Reach &reach, bool bac
     const u32 root = root_of(ctx, title);
     const bool is_in_window = root != 0 && root == ctx.active_window;
     std::vector<u32> titles;
-    walk_everywhere(ctx, reach, [&](u32 number) {
-        const u32 top = root_of(ctx, number);
-        const bool fits = is_in_window == (top != 0 && top == ctx.active_window);
-        if (fits && menu_of_title(ctx, number) != 0) titles.push_back(number);
+    const auto note = [&](u32 number) {
+        if (menu_of_title(ctx, number) != 0) titles.push_back(number);
         return false;
-    });
+    };
+    Steps steps(ctx);
+    if (is_in_window)
+        walk_reachable_in(ctx, root, steps, note);
+    else if (!reach.is_dialog)
+        walk_reachable_desktop(ctx, steps, note);
     const auto here = std::find(titles.begin(), titles.end(), title);
     if (here == titles.end()) return title;
     const auto place = static_cast<std::size_t>(here - titles.begin());

@@ -3,6 +3,7 @@
 #include "input/events.h"
 #include "input/hit_test.h"
 #include "model/types.h"
+#include "model/walk.h"
 #include "render/geometry.h"
 #include "render/scene.h"
 #include "text/lines.h"
@@ -57,13 +58,18 @@ public:
 
     // Scrolls the object or the nearest of its masters that can be, though it may be at its end.
     bool scroll_from(u32 number) {
-        for (; number != 0; number = object_at(ctx_, number).master) {
-            if (scroll_text(number) || scroll_items(number) || scroll_contents(number)) return true;
+        if (number != 0 && scroll_one(number)) return true;
+        for (const u32 master : Masters(ctx_, number)) {
+            if (scroll_one(master)) return true;
         }
         return false;
     }
 
 private:
+    bool scroll_one(u32 number) {
+        return scroll_text(number) || scroll_items(number) || scroll_contents(number);
+    }
+
     Span area_of(const vel_object &o) const {
         return inside_margins(o, o.master == 0 ? cut_size(ctx_, o, axis_) : o.*axis_.size, axis_);
     }
