@@ -1,0 +1,16 @@
+// What a program can do: each function of the library, and changes of what it may change. For
+// programs.
+#pragma once
+
+#include "program.h"
+
+namespace fuzz {
+
+// The script says which and with what.
+void do_action(Program &program);
+
+// For seeds.
+std::size_t action_count();
+inline constexpr u8 open_window_action = 9;
+
+} // namespace fuzz

@@ -1,0 +1,56 @@
+#include "stage.h"
+
+#include <cstdlib>
+#include <cstring>
+#include <sys/mman.h>
+
+namespace fuzz {
+namespace {
+
+constexpr std::size_t page = 4096;
+constexpr int most_columns = 100, most_rows = 80;
+constexpr std::size_t room = (4 * most_columns * most_rows / page + 1) * page;
+
+struct Masks {
+    Uint32 r, g, b;
+};
+
+Masks masks_of(int depth) {
+    if (depth == 15) return {0x7C00, 0x3E0, 0x1F};
+    if (depth == 16) return {0xF800, 0x7E0, 0x1F};
+    if (depth > 16) return {0xFF0000, 0xFF00, 0xFF};
+    return {0, 0, 0};
+}
+
+} // namespace
+
+SurfaceShape read_shape(Input &input) {
+    constexpr int usual[] = {32, 32, 16, 8, 24, 15, 32, 16};
+    const u8 kind = input.byte();
+    const int depth = kind < 224 ? usual[kind % std::size(usual)] : kind % 32 + 1;
+    const int width = input.byte() % most_columns + 1;
+    const int height = input.byte() % most_rows + 1;
+    return {width, height, depth, (kind & 8) != 0};
+}
+
+Stage::Stage() {
+    void *const pages =
+        mmap(nullptr, room + 2 * page, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    if (pages == MAP_FAILED) std::abort();
+    begin_ = static_cast<u8 *>(pages) + page;
+    end_ = begin_ + room;
+    if (mprotect(begin_, room, PROT_READ | PROT_WRITE) != 0) std::abort();
+}
+
+SDL_Surface *Stage::make_surface(const SurfaceShape &shape) const {
+    const int pixel = (shape.depth + 7) / 8;
+    const int pitch = (shape.width * pixel + 3) / 4 * 4;
+    const auto size = static_cast<std::size_t>(pitch * shape.height);
+    u8 *const pixels = shape.at_end ? end_ - size : begin_;
+    std::memset(pixels, 0, size);
+    const Masks masks = masks_of(shape.depth);
+    return SDL_CreateRGBSurfaceFrom(pixels, shape.width, shape.height, shape.depth, pitch, masks.r,
+                                    masks.g, masks.b, 0);
+}
+
+} // namespace fuzz

@@ -1,0 +1,148 @@
+#include "world.h"
+
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <map>
+#include <string>
+#include <utility>
+
+namespace fuzz {
+namespace {
+
+constexpr const char *font_file = "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf";
+
+using Fonts = std::map<std::pair<std::string, int>, TTF_Font *>;
+
+Fonts &fonts() {
+    static Fonts &all = *new Fonts; // open to the very end
+    return all;
+}
+
+bool lasts(const TTF_Font *font) {
+    for (const auto &[name, opened] : fonts()) {
+        if (opened == font) return true;
+    }
+    return false;
+}
+
+// Opening the same font for every run takes longer than the run. Sizes are few for the same reason.
+TTF_Font *open_once(const char *path, int size) {
+    TTF_Font *&font = fonts()[{path, size}];
+    if (font == nullptr) font = TTF_OpenFont(path, size);
+    return font;
+}
+
+template <class T> T *counted(T *memory) {
+    if (memory != nullptr) ++world().live;
+    return memory;
+}
+template <class T> T *uncounted(T *memory) {
+    if (memory != nullptr) --world().live;
+    return memory;
+}
+
+} // namespace
+
+World &world() {
+    static World the_world;
+    return the_world;
+}
+
+TTF_Font *lasting_font() { return open_once(font_file, 10); }
+
+// What the library prints is not looked at, and written to nowhere in large pieces.
+void set_up_world() {
+    setenv("SDL_VIDEODRIVER", "dummy", 1);
+    if (SDL_Init(SDL_INIT_VIDEO) != 0 || TTF_Init() != 0) std::abort();
+    if (SDL_SetVideoMode(64, 64, 32, SDL_SWSURFACE) == nullptr) std::abort();
+    if (lasting_font() == nullptr) std::abort();
+    stdout = std::fopen("/dev/null", "w");
+    stderr = std::fopen("/dev/null", "w");
+    if (stdout == nullptr || stderr == nullptr) std::abort();
+}
+
+} // namespace fuzz
+
+using fuzz::Call;
+using fuzz::counted;
+using fuzz::uncounted;
+using fuzz::world;
+
+// In place of std::chrono::steady_clock::now().
+std::chrono::steady_clock::time_point
+simulated_now() asm("__wrap__ZNSt6chrono3_V212steady_clock3nowEv");
+std::chrono::steady_clock::time_point simulated_now() {
+    return std::chrono::steady_clock::time_point(std::chrono::milliseconds(world().milliseconds));
+}
+
+extern "C" {
+
+// --- Events
+
+int __wrap_SDL_PollEvent(SDL_Event *event) {
+    SDL_Event next{};
+    if (world().next_event == nullptr || !world().next_event(next)) return 0;
+    if (event != nullptr) *event = next;
+    return 1;
+}
+void __wrap_SDL_PumpEvents() {}
+int __wrap_SDL_PeepEvents(SDL_Event *, int, SDL_eventaction, Uint32) { return 0; }
+int __wrap_SDL_PushEvent(SDL_Event *) { return 0; }
+Uint8 __wrap_SDL_GetMouseState(int *x, int *y) {
+    if (x != nullptr) *x = world().pointer_x;
+    if (y != nullptr) *y = world().pointer_y;
+    return 0;
+}
+SDLMod __wrap_SDL_GetModState() { return static_cast<SDLMod>(world().modifiers); }
+SDL_Surface *__wrap_SDL_GetVideoSurface() { return world().display; }
+
+// An X server ends a program that shows pixels outside its surface.
+void __wrap_SDL_UpdateRects(SDL_Surface *screen, int count, SDL_Rect *rects) {
+    for (int k = 0; k < count; ++k) {
+        const SDL_Rect &r = rects[k];
+        if (r.x < 0 || r.y < 0 || r.x + r.w > screen->w || r.y + r.h > screen->h) std::abort();
+    }
+}
+
+// --- Time
+
+int __wrap_poll(void *, unsigned long, int timeout) {
+    world().milliseconds += static_cast<unsigned>(timeout > 0 ? timeout : 1);
+    return 0;
+}
+
+// --- Memory
+
+void *__wrap_malloc(std::size_t size) {
+    return fuzz::fails(Call::memory) ? nullptr : counted(std::malloc(size));
+}
+void *__wrap_calloc(std::size_t count, std::size_t size) {
+    return fuzz::fails(Call::memory) ? nullptr : counted(std::calloc(count, size));
+}
+void __wrap_free(void *memory) { std::free(uncounted(memory)); }
+SDL_Surface *__wrap_SDL_CreateRGBSurface(Uint32 flags, int width, int height, int depth, Uint32 r,
+                                         Uint32 g, Uint32 b, Uint32 a) {
+    if (fuzz::fails(Call::memory)) return nullptr;
+    return counted(SDL_CreateRGBSurface(flags, width, height, depth, r, g, b, a));
+}
+SDL_Surface *__wrap_TTF_RenderText_Blended(TTF_Font *font, const char *text, SDL_Color colour) {
+    if (fuzz::fails(Call::memory)) return nullptr;
+    return counted(TTF_RenderText_Blended(font, text, colour));
+}
+void __wrap_SDL_FreeSurface(SDL_Surface *surface) { SDL_FreeSurface(uncounted(surface)); }
+
+// --- Fonts, and the end of SDL
+
+TTF_Font *__wrap_TTF_OpenFont(const char *path, int size) {
+    if (std::strcmp(path, fuzz::font_file) != 0) return nullptr;
+    return fuzz::open_once(path, 6 + static_cast<int>(static_cast<unsigned>(size) % 10));
+}
+void __wrap_TTF_CloseFont(TTF_Font *font) {
+    if (!fuzz::lasts(font)) TTF_CloseFont(font);
+}
+void __wrap_TTF_Quit() {}
+void __wrap_SDL_Quit() {}
+
+} // extern "C"
