@@ -38,6 +38,7 @@ extern "C" {
 /** \name Sizes of the records */
 /**@{*/
 #define VEL_STRING_SIZE 68     /**< Bytes of a string field of an object, including the NUL. */
+#define VEL_MAX_RECORDS 65536  /**< Records of a form description file or a text file. */
 #define VEL_MAX_DEPENDENTS 100 /**< Entries in an object's list of dependents. */
 #define VEL_TEXT_SIZE 1000     /**< Bytes of a text, including the NUL. */
 #define VEL_TEXT_LINES 40      /**< Formatted lines of a text. */
@@ -175,7 +176,8 @@ enum vel_result {
     VEL_ERROR_READ = -4,      /**< A file was opened, but cannot be read to its end. */
     VEL_ERROR_MEMORY = -5,    /**< Out of memory. */
     VEL_ERROR_FOLDER = -6,    /**< A folder cannot be read. */
-    VEL_ERROR_SIZE = -7       /**< A path is longer than the room for it. */
+    VEL_ERROR_SIZE = -7,      /**< A path is longer than the room for it. */
+    VEL_ERROR_RECORDS = -8    /**< A file has more than VEL_MAX_RECORDS records. */
 };
 
 /** A colour. */
@@ -259,10 +261,11 @@ typedef struct vel_object {
     char label[VEL_STRING_SIZE]; /**< Read-write, file. Caption of types 2, 5 and 6. */
     uint32_t font_choice;        /**< Read-write, file. 0 = the context's font, 1 = own_font; with
                                       other values text is neither measured nor drawn. */
-    uint32_t font_size;          /**< Read-write, file. Size of own_font, points. */
+    uint32_t font_size;          /**< Read-write, file. Size of own_font, points; at most 2000. */
     char font_path[VEL_STRING_SIZE]; /**< Read-write, file. TrueType file of own_font. */
     TTF_Font *own_font;     /**< Read-write. Opened by loading if font_choice is 1; null if that
-                                 failed. For loaded objects, vel_close() closes it. */
+                                 failed. Loaded objects of the same file and size share it. For
+                                 loaded objects, vel_close() closes it. */
     uint32_t text_index;    /**< Read-write, file. Number of the object's text; 0 = none. */
     uint32_t text_r;        /**< Read-write, file. Text and cursor colour, red; low byte only. */
     uint32_t text_g;        /**< Read-write, file. Text and cursor colour, green; low byte only. */
@@ -421,13 +424,15 @@ typedef struct vel_context {
  * text k + 1; bytes after the last whole record are ignored. Dependents other than menus, and
  * objects of type 0, start visible whatever their record says. Invalid references are removed, each
  * with a line on standard error: masters, dependents and texts beyond the tables, cycles of masters
- * or dependents, objects listed as a dependent twice. A string without a NUL is cut to fit its
- * field.
+ * or dependents, objects listed as a dependent twice; after 20 lines, one says how many more there
+ * were. Control characters of the path are printed as \xNN. A string without a NUL is cut to fit
+ * its field.
  *
  * If the form description file cannot be opened, "Can't open file." and a line end are printed; if
  * a text file that is needed cannot be opened, "Can't open file !" and two line ends. Both go to
- * standard output, and the process exits with status 0. If a file cannot be read or does not fit
- * into memory, the first message is printed and the process exits in the same way. A font that
+ * standard output, and the process exits with status 0. If a file cannot be read, has
+ * more than VEL_MAX_RECORDS records or does not fit into memory, the first message is printed and
+ * the process exits in the same way. A font that
  * cannot be opened prints "TTF_OpenFont: ", SDL's error text and a line end to standard output. A
  * picture that cannot be loaded silently stays at type 4.
  *
@@ -462,7 +467,10 @@ VEL_API const char *vel_error_text(int32_t code) VEL_NOTHROW;
  * Loads the pictures of all objects of type 4 from first to object_count.
  *
  * An object whose picture loads gets image, the picture's width and height, and type 9; the others
- * are unchanged. Only regular files are read. Nothing is printed.
+ * are unchanged. Only regular files of at most 64 MiB are read. PNG, BMP and JPEG files are
+ * recognised by their content and must be whole; a picture of more than 2^26 pixels is not loaded,
+ * nor are more than 2^27 pixels in one call. Other files are loaded as SDL_image does unless
+ * strict_pictures is set. Nothing is printed.
  *
  * \param first number of the first object; 0 means 1
  * \returns 1 if the last picture tried was loaded, -1 if not; 0 if there was none
@@ -472,9 +480,17 @@ VEL_API int32_t vel_load_object_images(vel_context *ctx, uint32_t first) VEL_NOT
 /**
  * Opens own_font of all objects from first to object_count whose font_choice is 1.
  *
+ * A file is opened once for each size, and all objects that name it share the font, so that a style
+ * set on it shows on each; a program can give an object a font that it opened itself instead. A
+ * font that was already open is not closed. If a program closes a shared font with TTF_CloseFont(),
+ * own_font of every loaded object that has it becomes null.
+ *
  * A font that cannot be opened leaves own_font null and prints "TTF_OpenFont: ", SDL's error text
- * and a line end to standard output. Only regular files are read. A font that was already open is
- * not closed.
+ * and a line end to standard output; after 20 lines, one says how many more there were. Only
+ * regular files of at most 64 MiB are read. A font is refused in the same way if its size is above
+ * 2000, if a line or a character is out of proportion to its size, as in a damaged file, if the
+ * file is compressed or a web font, or if one call would open too many: 256 of up to 125 points, or
+ * fewer of larger ones. What the program opens itself, as the context's font, is not checked.
  *
  * \param first number of the first object; 0 means 1
  * \returns 1 if the last font tried was opened, -1 if not; 0 if there was none
@@ -485,9 +501,10 @@ VEL_API int32_t vel_load_object_fonts(vel_context *ctx, uint32_t first) VEL_NOTH
  * Releases what the library opened or allocated, and the context's font, text_surface, screen and
  * objects; then shuts down SDL_ttf and SDL. Call it once; the context must not be used afterwards.
  *
- * Tables that a program made itself must come from malloc(). Texts and line buffers are freed only
- * if texts_loaded is 1. The application releases the fonts and pictures of objects beyond
- * object_count itself, before this call.
+ * A font that several objects have is closed once if the library opened it. Tables that a program
+ * made itself must come from malloc(). Texts and line buffers are freed only if texts_loaded is 1.
+ * The application releases the fonts and pictures of objects beyond object_count itself, before
+ * this call.
  */
 VEL_API void vel_close(vel_context *ctx) VEL_NOTHROW;
 /**@}*/
@@ -1391,10 +1408,11 @@ VEL_API uint32_t vel_fill_form_with_dummies(vel_context *ctx, const char *string
                                             uint32_t field_length, uint8_t fill_char) VEL_NOTHROW;
 
 /**
- * Reads a whole regular file, which must be writable, too. No NUL is added.
+ * Reads a whole regular file of at most 64 MiB, which must be writable, too. A NUL follows its last
+ * byte, so that it can be the stream of a chain as it is.
  *
- * \returns a buffer of the file's size, to be released with free(); null if the file cannot be
- *          opened or read
+ * \returns the bytes of the file and the NUL, to be released with free(); null if the file cannot be
+ *          opened or read, or is larger
  */
 VEL_API char *vel_read_external_stream(const char *path) VEL_NOTHROW;
 /**@}*/

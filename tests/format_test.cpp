@@ -167,12 +167,12 @@ TEST_F(Format, labels_are_aligned_right) {
     }
 }
 
-TEST_F(Format, streams_are_read_whole) {
+TEST_F(Format, streams_are_read_whole_and_end_with_nul) {
     const test::Folder folder;
     const std::string content("a\nb\0c", 5);
     char *stream = vel_read_external_stream(folder.write("s", content).c_str());
     ASSERT_NE(stream, nullptr);
-    EXPECT_EQ(std::string(stream, content.size()), content);
+    EXPECT_EQ(std::string(stream, content.size() + 1), content + '\0');
     std::free(stream);
     EXPECT_EQ(vel_read_external_stream(folder.file("missing").c_str()), nullptr);
 }

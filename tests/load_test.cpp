@@ -107,6 +107,8 @@ TEST(Load, failures_have_their_code_and_leave_the_context) {
     const std::string form = files.folder.write("form", files.form);
     files.set(1, text_at, 1);
     const std::string with_text = files.folder.write("with_text", files.form);
+    const std::string sparse = files.folder.write("sparse");
+    std::filesystem::resize_file(sparse, 776 * (std::uintmax_t{VEL_MAX_RECORDS} + 1));
     vel_context ctx{};
     ctx.object_count = 42;
     const vel_context before = ctx;
@@ -114,7 +116,8 @@ TEST(Load, failures_have_their_code_and_leave_the_context) {
     for (const auto &[path, spare, result] :
          {Case("nowhere", 0, VEL_ERROR_FORM_FILE), Case(".", 0, VEL_ERROR_FORM_FILE),
           Case(with_text.c_str(), 0, VEL_ERROR_TEXT_FILE),
-          Case(form.c_str(), 0xFFFFFFFF, VEL_ERROR_MEMORY), Case(nullptr, 0, VEL_ERROR_ARGUMENT)}) {
+          Case(form.c_str(), 0xFFFFFFFF, VEL_ERROR_MEMORY), Case(nullptr, 0, VEL_ERROR_ARGUMENT),
+          Case(sparse.c_str(), 0, VEL_ERROR_RECORDS)}) {
         EXPECT_EQ(vel_load_forms(&ctx, spare, 0, path, "nowhere"), result);
     }
     EXPECT_STRNE(vel_error_text(VEL_ERROR_FORM_FILE), vel_error_text(VEL_ERROR_TEXT_FILE));
@@ -165,6 +168,23 @@ TEST(Faults, references_that_lead_nowhere_are_taken_out_with_a_line) {
                   expected)
             << printed;
     }
+}
+
+// 25 faults, in a file whose name would clear a terminal, and has letters of two encodings.
+TEST(Faults, many_are_counted_and_a_path_is_printed_as_text) {
+    Files files(25);
+    for (uint32_t number = 1; number <= 25; ++number) files.set(number, master_at, 99);
+    const std::string name = "%s\n\x1B[2J\x9B\xC2\x9B \xC3\x9F\xDF";
+    const std::string path = files.folder.write(name, files.form);
+    testing::internal::CaptureStderr();
+    ASSERT_EQ(vel_load_forms(&files.ctx, 0, 0, path.c_str(), ""), VEL_OK);
+    const std::string printed = testing::internal::GetCapturedStderr();
+    const std::string start =
+        files.folder.file("%s\\x0A\\x1B[2J\\x9B\\xC2\\x9B \xC3\x9F\xDF") + ": ";
+    EXPECT_EQ(std::count(printed.begin(), printed.end(), '\n'), 21) << printed;
+    EXPECT_TRUE(printed.starts_with(start + "record 0 (object 1), master 99: there is no"))
+        << printed;
+    EXPECT_TRUE(printed.ends_with(start + "5 more invalid references; taken out\n")) << printed;
 }
 
 TEST(Assets, pictures_and_fonts_are_opened_and_closed) {

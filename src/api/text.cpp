@@ -110,7 +110,7 @@ uint32_t vel_fill_form_with_dummies(vel_context *ctx, const char *string, uint32
 }
 
 char *vel_read_external_stream(const char *path) noexcept {
-    // On purpose: a file that may not be written counts as missing, and no NUL is added.
+    // On purpose: a file that may not be written counts as missing.
     FileContent content = read_file(path, Access::read_write);
     return reinterpret_cast<char *>(content.memory.release());
 }

@@ -1,5 +1,5 @@
-// Whole files read into memory, and files of records read through a small buffer. For start-up and
-// text streams.
+// Whole files read into memory, and records read from a file or from memory. For start-up, fonts,
+// pictures and text streams.
 #pragma once
 
 #include <optional>
@@ -10,11 +10,17 @@
 namespace velumo {
 
 enum class Access { read_only, read_write };
-enum class FileError { none, open, read, memory };
+enum class FileError { none, open, read, memory, records };
+
+// Bytes of a font, a picture or a stream. A sparse file can claim to be larger than any memory.
+inline constexpr std::size_t max_file_size = std::size_t{1} << 26;
+// Records of a form file or a text file.
+inline constexpr std::size_t max_records = VEL_MAX_RECORDS;
 
 // Only regular files are read: a pipe or a folder counts as one that cannot be opened.
 class File {
 public:
+    File() = default; // none
     File(const char *path, Access access);
     ~File();
     File(const File &) = delete;
@@ -24,7 +30,7 @@ public:
     bool read(unsigned char *to, std::size_t size) const;
 
 private:
-    const int descriptor_;
+    const int descriptor_ = -1;
 };
 
 struct FileContent {
@@ -35,12 +41,18 @@ struct FileContent {
     Bytes bytes() const { return {memory.get(), size}; }
 };
 
+// With a NUL after its last byte. A file above max_file_size does not fit into memory.
 FileContent read_file(const char *path, Access access);
+
+// Says in SDL's error text why a file was not read, as SDL itself would.
+void set_file_error(const char *path, FileError error);
 
 // The whole records of a file, one after the other. Bytes after the last one are ignored.
 class RecordReader {
 public:
     RecordReader(const char *path, Access access, std::size_t record_size);
+    // The file's bytes are in memory already, and stay there.
+    RecordReader(Bytes file, std::size_t record_size);
 
     // Why there is nothing to read, if there is not.
     FileError error() const { return error_; }
@@ -49,6 +61,7 @@ public:
     bool next(Bytes &record);
 
 private:
+    void count_records(std::size_t file_size);
     bool fill();
 
     const File file_;
@@ -56,9 +69,8 @@ private:
     std::size_t count_ = 0;
     FileError error_ = FileError::none;
     Table<unsigned char> buffer_;
-    std::size_t buffered_ = 0,
-                place_ = 0;  // records in the buffer, and those of them that were taken
-    std::size_t unread_ = 0; // records that the buffer never had
+    Bytes read_;             // records that were read and not taken yet
+    std::size_t unread_ = 0; // records of the file after them
 };
 
 } // namespace velumo

@@ -1,7 +1,10 @@
 #include "model/form_check.h"
 
 #include <cstdio>
+#include <new>
 #include <vector>
+
+#include "model/diagnostics.h"
 
 namespace velumo {
 namespace {
@@ -9,7 +12,10 @@ namespace {
 class FormCheck {
 public:
     FormCheck(Tables &tables, const char *form_path)
-        : tables_(tables), form_path_(form_path), lister_(tables.object_count + std::size_t{1}) {}
+        : tables_(tables), form_path_(printable(form_path)),
+          lister_(static_cast<u32 *>(std::calloc(tables.object_records, sizeof(u32)))) {
+        if (lister_ == nullptr) throw std::bad_alloc();
+    }
 
     void run() {
         for (u32 number = 1; number <= tables_.object_count; ++number) check_numbers(number);
@@ -18,18 +24,22 @@ public:
                    [this](u32 number) { drop_master(number); });
         cut_cycles([this](u32 number) { return lister_[number]; },
                    [this](u32 number) { drop_dependent(number); });
+        if (lines_.left_out() == 0) return;
+        std::fprintf(stderr, "%s: %u more invalid references; taken out\n", form_path_.c_str(),
+                     lines_.left_out());
     }
 
 private:
     vel_object &object(u32 number) { return tables_.objects[number]; }
     bool is_loaded(u32 number) const { return number <= tables_.object_count; }
 
-    void report(u32 number, const char *field, u32 value, const char *fault) const {
-        std::fprintf(stderr, "%s: record %u (object %u), %s %u: %s; taken out\n", form_path_,
-                     number - 1, number, field, value, fault);
+    void report(u32 number, const char *field, u32 value, const char *fault) {
+        if (!lines_.admits()) return;
+        std::fprintf(stderr, "%s: record %u (object %u), %s %u: %s; taken out\n",
+                     form_path_.c_str(), number - 1, number, field, value, fault);
     }
 
-    void check_number(u32 number, const char *field, u32 &value, u32 records) const {
+    void check_number(u32 number, const char *field, u32 &value, u32 records) {
         if (value == 0 || value < records) return;
         report(number, field, value, "there is no such record");
         value = 0;
@@ -67,7 +77,6 @@ private:
     }
 
     bool note_lister(u32 dependent, u32 number) {
-        if (dependent >= lister_.size()) lister_.resize(dependent + std::size_t{1});
         if (lister_[dependent] != 0) return false;
         lister_[dependent] = number;
         return true;
@@ -109,8 +118,11 @@ private:
     }
 
     Tables &tables_;
-    const char *form_path_;
-    std::vector<u32> lister_; // by number: the object whose list names it, 0 = none
+    const std::string form_path_;
+    LineCount lines_;
+    // By number: the object whose list names it, 0 = none. From calloc, as a program may ask for
+    // far more spare objects than any list names.
+    Table<u32> lister_;
 };
 
 } // namespace

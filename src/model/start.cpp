@@ -19,17 +19,26 @@ i32 error_code(FileError error, i32 open_error) {
         return VEL_ERROR_READ;
     case FileError::memory:
         return VEL_ERROR_MEMORY;
+    case FileError::records:
+        return VEL_ERROR_RECORDS;
     }
     return VEL_ERROR_READ;
 }
 
+RecordReader reader_of(const char *path, const std::optional<Bytes> &bytes, Access access,
+                       std::size_t record_size) {
+    return bytes ? RecordReader(*bytes, record_size) : RecordReader(path, access, record_size);
+}
+
 i32 read_tables(const Form &form, Tables &tables) {
-    RecordReader objects(form.form_path, form.access, sizeof(vel_object_file_rec));
+    RecordReader objects =
+        reader_of(form.form_path, form.form_bytes, form.access, sizeof(vel_object_file_rec));
     FileError error = objects.error();
     if (error == FileError::none) error = read_objects(objects, form.spare_objects, tables);
     if (error != FileError::none) return error_code(error, VEL_ERROR_FORM_FILE);
     if (!tables.need_texts) return VEL_OK;
-    RecordReader texts(form.text_path, form.access, sizeof(vel_text_rec));
+    RecordReader texts =
+        reader_of(form.text_path, form.text_bytes, form.access, sizeof(vel_text_rec));
     error = texts.error();
     if (error == FileError::none) error = read_texts(texts, form.spare_texts, tables);
     return error_code(error, VEL_ERROR_TEXT_FILE);
@@ -91,6 +100,8 @@ const char *error_text(i32 code) {
         return "the folder cannot be read";
     case VEL_ERROR_SIZE:
         return "the path is longer than the room for it";
+    case VEL_ERROR_RECORDS:
+        return "a form file has more than 65,536 records";
     default:
         return "unknown error";
     }

@@ -11,6 +11,8 @@ struct Form {
     const char *form_path, *text_path;
     Access access;
     FontMessages font_messages;
+    // The files' bytes, which are then not read; the paths only name them.
+    std::optional<Bytes> form_bytes{}, text_bytes{};
 };
 
 // Returns a code of vel_result. The context is touched only when both files were read.
