@@ -14,8 +14,25 @@
  * - A context and tables that a program fills by hand work like loaded ones.
  * - Where the library knows the size of the tables, as it does after loading, a number beyond them
  *   means record 0, the empty record.
- * - Pointers must not be null unless the function says otherwise.
+ * - Bad arguments do no harm. Without a form - a null context, one before start-up or after
+ *   vel_close() - and without memory, a function does nothing and returns 0, or what it says for
+ *   failures. A null string counts as "", a null place to write to is not written to, and object 0
+ *   and numbers beyond the table are the empty record.
  * - Everything runs on the thread that drives SDL's video. Nothing throws.
+ *
+ * What nobody can tell from what is right stays undefined:
+ *
+ * | Undefined | Because |
+ * |---|---|
+ * | A pointer that is neither null nor valid | C cannot find out |
+ * | A context that was not filled with zeros before its first use | it is full of such pointers |
+ * | A font, picture or table that the program has released and not set to null | the same |
+ * | A text_surface that the program releases or replaces | the library releases it |
+ * | A string that is not in a record and has no end, or less than its length | it has no size |
+ * | A destination with less room than the function says | the same |
+ * | Numbers beyond a table that the program made, and counts above its length | the same |
+ * | vel_copy_st_last_part() of "" | it copies a byte before it looks for the end |
+ * | Calls by two threads at once, or by a signal handler | nothing is locked |
  */
 #ifndef VELUMO_H
 #define VELUMO_H
@@ -328,7 +345,9 @@ struct vel_state;
  * Sees every event that a loop of the library polls, before the loop does.
  *
  * If it ends the loop, a selection loop returns 7, a menu and vel_wait_for_object() return 0, and a
- * move leaves the window where it is. It may draw, and run loops of its own.
+ * move leaves the window where it is. It may draw, run loops of its own, change objects, load
+ * another form and close the context. An event may have any type, keys, buttons and places, also
+ * such that SDL does not have: a loop passes over what it does not know.
  *
  * \param event the event; the filter may change it
  * \returns one of vel_filter_verdict
@@ -436,7 +455,7 @@ typedef struct vel_context {
  * cannot be opened prints "TTF_OpenFont: ", SDL's error text and a line end to standard output. A
  * picture that cannot be loaded silently stays at type 4.
  *
- * \param ctx         zeros except for what the application has set
+ * \param ctx         zeros except for what the application has set; null does nothing
  * \param extra_objs  spare object records after the loaded ones, all zero
  * \param extra_texts spare text records after the loaded ones, all zero
  * \param text_path   not opened if no object has a text
@@ -499,7 +518,10 @@ VEL_API int32_t vel_load_object_fonts(vel_context *ctx, uint32_t first) VEL_NOTH
 
 /**
  * Releases what the library opened or allocated, and the context's font, text_surface, screen and
- * objects; then shuts down SDL_ttf and SDL. Call it once; the context must not be used afterwards.
+ * objects; then shuts down SDL_ttf and SDL, whoever else uses them. What was released is null
+ * afterwards, and no window is open: calls that come too late find no form, and a second
+ * vel_close() finds nothing to release. Loops of the library that run, because an event filter or
+ * an idle hook closes the context, end as if the filter had ended them.
  *
  * A font that several objects have is closed once if the library opened it. Tables that a program
  * made itself must come from malloc(). Texts and line buffers are freed only if texts_loaded is 1.
@@ -521,15 +543,15 @@ VEL_API void vel_close(vel_context *ctx) VEL_NOTHROW;
  * Enables or disables an object. All objects are enabled unless the form says otherwise.
  *
  * \param enabled 0 = disabled; any other value = enabled
- * \returns VEL_OK; VEL_ERROR_ARGUMENT if ctx is null, or object is 0 or beyond the table;
- *          VEL_ERROR_MEMORY. After an error nothing has changed
+ * \returns VEL_OK; VEL_ERROR_ARGUMENT if there is no form, or object is 0 or beyond the
+ *          table; VEL_ERROR_MEMORY. After an error nothing has changed
  */
 VEL_API int32_t vel_set_enabled(vel_context *ctx, uint32_t object, uint32_t enabled) VEL_NOTHROW;
 
 /**
  * Says whether an object is enabled.
  *
- * \returns 1 if it is; 0 if it is disabled, if ctx is null, or if object is 0 or beyond the table
+ * \returns 1 if it is; 0 if it is disabled, without a form, and if object is 0 or beyond the table
  */
 VEL_API uint32_t vel_is_enabled(const vel_context *ctx, uint32_t object) VEL_NOTHROW;
 
@@ -622,7 +644,7 @@ VEL_API uint32_t vel_copy_st_last_part(const char *source, char *destination) VE
  *
  * \param digit       0 to 9
  * \param destination one byte; "0" for any other number
- * \returns 1, or -1 if digit is not 0 to 9
+ * \returns 1, or -1 if digit is not 0 to 9 or destination is null
  */
 VEL_API int32_t vel_transform_int_to_asccii(int32_t digit, char *destination) VEL_NOTHROW;
 
@@ -631,7 +653,7 @@ VEL_API int32_t vel_transform_int_to_asccii(int32_t digit, char *destination) VE
  *
  * \param destination value of the digit; 0 if the character is not a digit
  * \param character   one byte
- * \returns 1, or -1 if the character is not a digit
+ * \returns 1, or -1 if the character is not a digit or character is null
  */
 VEL_API int32_t vel_transform_ascii_to_int(uint32_t *destination,
                                            const char *character) VEL_NOTHROW;
@@ -654,7 +676,7 @@ VEL_API void vel_transform_str_to_num(const char *string, uint32_t *destination)
  * only the NUL at destination[10] is written.
  *
  * \param destination room for 11 bytes
- * \returns digits written; 10 from 2147483648 on
+ * \returns digits written; 10 from 2147483648 on; 0 if a pointer is null
  */
 VEL_API int32_t vel_transform_num_to_str(const uint32_t *value, char *destination) VEL_NOTHROW;
 
@@ -801,7 +823,7 @@ VEL_API uint32_t vel_search_master(const vel_context *ctx, uint32_t object) VEL_
  * \param left   last column outside, on the left
  * \param right  first column outside, on the right
  * \param top    last row outside, above
- * \param bottom first row outside, below
+ * \param bottom first row outside, below. All four are 0 without a form
  */
 VEL_API void vel_get_borders_for_dep_object(const vel_context *ctx, uint32_t object, uint32_t *left,
                                             uint32_t *right, uint32_t *top,
@@ -814,7 +836,7 @@ VEL_API void vel_get_borders_for_dep_object(const vel_context *ctx, uint32_t obj
  * \param left   last column outside, on the left
  * \param right  first column outside, on the right
  * \param top    last row outside, above
- * \param bottom first row outside, below
+ * \param bottom first row outside, below. All four are 0 without a form
  */
 VEL_API void vel_get_borders_for_text(const vel_context *ctx, uint32_t object, uint32_t *left,
                                       uint32_t *right, uint32_t *top, uint32_t *bottom) VEL_NOTHROW;
@@ -845,7 +867,7 @@ VEL_API void vel_evoke_borders(vel_context *ctx, uint32_t object) VEL_NOTHROW;
  *
  * \param format_first 1 = break all texts into lines first
  * \param refresh      1 = update screen_rect of the display afterwards
- * \returns 1
+ * \returns 1; 0 without a form
  */
 VEL_API uint32_t vel_draw_all_objects(vel_context *ctx, uint32_t format_first,
                                       uint32_t refresh) VEL_NOTHROW;
@@ -920,7 +942,8 @@ VEL_API uint32_t vel_format_object_text(vel_context *ctx, uint32_t object) VEL_N
  * \param column      column to start at; afterwards the column where the text goes on
  * \param word_length characters of the word; not changed
  * \param break_after 1 = end the line after the word, unless the word is split
- * \returns 0 if the word was placed whole, 1 if it was split, -1 if the lines ran out
+ * \returns 0 if the word was placed whole, 1 if it was split, -1 if the lines ran out, without a
+ *          form, and if a pointer is null
  */
 VEL_API int32_t vel_copy_word_into_line(vel_context *ctx, uint32_t object, const char *word,
                                         uint32_t *line, uint32_t *column, uint32_t *word_length,
@@ -931,7 +954,8 @@ VEL_API int32_t vel_copy_word_into_line(vel_context *ctx, uint32_t object, const
  *
  * \param column      characters on the line
  * \param word_length characters of the word
- * \returns 1 it fits; 2 it would fit on an empty line; 3 it would not fit on an empty line either
+ * \returns 1 it fits; 2 it would fit on an empty line; 3 it would not fit on an empty line either;
+ *          0 without a form, and if a pointer is null
  */
 VEL_API uint32_t vel_check_line_volume(const vel_context *ctx, uint32_t object, const char *word,
                                        const uint32_t *line, const uint32_t *column,
@@ -976,8 +1000,9 @@ VEL_API uint32_t vel_format_stream_to_linked_objects(vel_context *ctx, uint32_t 
  * \param column         column to start at; afterwards the column where the text goes on
  * \param word_length    characters of the word; 0 once it is placed
  * \param break_after    1 = end the line after the word
- * \returns -1 if the chain ended; 1 if the text moved to the next member before or after the word,
- *          or if the word went on the given line without ending it; 0 otherwise
+ * \returns -1 if the chain ended, without a form, and if a pointer is null; 1 if the text moved to
+ *          the next member before or after the word, or if the word went on the given line without
+ *          ending it; 0 otherwise
  */
 VEL_API int32_t vel_copy_word_big(vel_context *ctx, uint32_t master, uint32_t *chain_position,
                                   uint32_t *text_index, const char *word, uint32_t *line,
@@ -993,7 +1018,7 @@ VEL_API int32_t vel_copy_word_big(vel_context *ctx, uint32_t master, uint32_t *c
  * \param text_index     number of its text; afterwards that of the next object, if it is of type 8
  * \param line           line reached; 0 after a move
  * \param column         column reached; 0 after a move
- * \returns 0 moved; 1 the chain has no further member
+ * \returns 0 moved; 1 the chain has no further member, there is no form, or a pointer is null
  */
 VEL_API int32_t vel_go_to_next_chainmember(vel_context *ctx, uint32_t master,
                                            uint32_t *chain_position, uint32_t *member,
@@ -1183,7 +1208,8 @@ VEL_API uint32_t vel_get_selection(const vel_context *ctx, uint32_t object, uint
  * \param object a field, an object with a text, or a chain
  * \param anchor where selecting begins; indexes beyond the text count as its end
  * \param caret  where the caret goes; the same as anchor selects nothing
- * \returns VEL_OK; VEL_ERROR_ARGUMENT if the object has no text; VEL_ERROR_MEMORY
+ * \returns VEL_OK; VEL_ERROR_ARGUMENT if the object has no text or there is no form;
+ *          VEL_ERROR_MEMORY
  */
 VEL_API int32_t vel_set_selection(vel_context *ctx, uint32_t object, uint32_t anchor,
                                   uint32_t caret) VEL_NOTHROW;
@@ -1440,6 +1466,9 @@ VEL_API uint32_t vel_move_out_menu(vel_context *ctx, uint32_t menu, uint32_t mod
  * Makes the rows of a file selector. The objects whose numbers follow that of the list's first
  * dependent become its rows: 3 pixels apart, with its type, size, colours, left and top margin.
  *
+ * A row that was the dependent of another object leaves that one, and no object is listed twice.
+ * The rows end before the list itself and before an object that the list hangs on.
+ *
  * \param rows rows to make, at most 99; at most one of them lies after the loaded objects
  */
 VEL_API void vel_prepare_fileselector(vel_context *ctx, uint32_t list, uint32_t rows) VEL_NOTHROW;
@@ -1478,8 +1507,9 @@ VEL_API void vel_load_dir_entries(vel_context *ctx, uint32_t list) VEL_NOTHROW;
  *
  * \param pattern as for fnmatch(), or several separated by ";"; null or "" for all files
  * \returns the number of names found, including "..", even if there are fewer rows;
- *          VEL_ERROR_FOLDER if the folder cannot be read, VEL_ERROR_ARGUMENT for list 0, a null
- *          context or a null path, VEL_ERROR_MEMORY. After an error nothing has changed
+ *          VEL_ERROR_FOLDER if the folder cannot be read, VEL_ERROR_ARGUMENT for list 0 or one
+ *          beyond the table, without a form and for a null path, VEL_ERROR_MEMORY. After an error
+ *          nothing has changed
  */
 VEL_API int32_t vel_list_directory(vel_context *ctx, uint32_t list, const char *path,
                                    const char *pattern) VEL_NOTHROW;

@@ -48,6 +48,30 @@ TEST_F(FileSelector, rows_are_made_from_the_template) {
     EXPECT_EQ(objects[13].dep_objs[1], 0U);
 }
 
+TEST_F(FileSelector, rows_close_no_ring_and_are_listed_once) {
+    const auto rows_of = [this](uint32_t list, uint32_t rows) {
+        vel_prepare_fileselector(&ctx, list, rows);
+        const uint32_t *of = objects[list].dep_objs;
+        return std::vector(of, std::find(of, of + 100, 0U));
+    };
+    const std::vector<uint32_t> expected[] = {{15, 16}, {20, 21, 22}, {25, 26, 27}};
+    objects[17].dep_objs[0] = 15; // the list itself
+    EXPECT_EQ(rows_of(17, 5), expected[0]);
+    objects[13].dep_objs[0] = 20;
+    objects[13].master = 23; // what it hangs on, by its record alone
+    EXPECT_EQ(rows_of(13, 5), expected[1]);
+    objects[14].dep_objs[0] = 24;
+    objects[25].dep_objs[0] = 14; // and by the other's list alone
+    EXPECT_EQ(rows_of(14, 5), std::vector{24U});
+    objects[12].dep_objs[0] = 25;
+    objects[12].dep_objs[3] = 26; // a row that the list has further on
+    objects[27].master = 11;      // a row of another list
+    objects[11].dep_objs[0] = 27;
+    EXPECT_EQ(rows_of(12, 2), expected[2]);
+    EXPECT_EQ(objects[11].dep_objs[0], 0U);
+    EXPECT_EQ(objects[27].master, 12U);
+}
+
 TEST_F(FileSelector, at_most_100_names_of_64_characters_are_read_and_ordered_by_the_first) {
     const Folder some;
     some.fill({"zebra", "b", "a2", "a1", "\xE4pfel", "Berg"});

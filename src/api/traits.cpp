@@ -1,19 +1,18 @@
 // The exported functions of what objects are beyond their records.
-#include <new>
-
 #include "model/traits.h"
+#include "api/calls.h"
 
 using namespace velumo;
 
 namespace {
 
 // Lets change alter the traits of an object. Returns a code of vel_result.
-template <class Change> i32 change_traits(vel_context *ctx, u32 object, Change change) try {
-    if (ctx == nullptr || !is_known_object(*ctx, object)) return VEL_ERROR_ARGUMENT;
-    change(own_traits(*ctx, object));
-    return VEL_OK;
-} catch (const std::bad_alloc &) {
-    return VEL_ERROR_MEMORY;
+template <class Change> i32 change_traits(vel_context *ctx, u32 object, Change change) {
+    if (!has_form(ctx) || !is_known_object(*ctx, object)) return VEL_ERROR_ARGUMENT;
+    return in_form_or(i32{VEL_ERROR_MEMORY}, ctx, [=](vel_context &c) {
+        change(own_traits(c, object));
+        return VEL_OK;
+    });
 }
 
 } // namespace
@@ -23,7 +22,7 @@ int32_t vel_set_enabled(vel_context *ctx, uint32_t object, uint32_t enabled) noe
 }
 
 uint32_t vel_is_enabled(const vel_context *ctx, uint32_t object) noexcept {
-    return ctx != nullptr && is_known_object(*ctx, object) && is_enabled(*ctx, object) ? 1 : 0;
+    return has_form(ctx) && is_known_object(*ctx, object) && is_enabled(*ctx, object) ? 1 : 0;
 }
 
 int32_t vel_set_password(vel_context *ctx, uint32_t object, uint32_t password) noexcept {

@@ -10,8 +10,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-// How long another program may do nothing, and may take in all.
-constexpr auto patience = 1s, longest_transfer = 10s;
+// How long others may take in all until a text is there: the user waits.
+constexpr auto patience = 1s;
 constexpr std::size_t most_bytes = 16U << 20;
 constexpr int most_events = 1000; // in one go, however many come
 
@@ -36,7 +36,7 @@ void X11Clipboard::own(Board board, std::string text) {
     XSelection &own = selection(board);
     // What happened to the selection before is handled while this waits, and so does not touch the
     // new text.
-    own.since = server_time();
+    own.since = server_time(from_now(patience));
     *own.text = std::move(text);
     xcb_set_selection_owner(x_.raw(), window_, own.name, own.since);
     const Received<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(
@@ -47,12 +47,13 @@ void X11Clipboard::own(Board board, std::string text) {
 
 std::string X11Clipboard::fetch(Board board) {
     std::string text;
+    const Moment end = from_now(patience);
     for (const xcb_atom_t target : {x_.atoms().utf8_string, xcb_atom_t{XCB_ATOM_STRING}}) {
-        const XEvent answer = ask(selection(board).name, target);
+        const XEvent answer = ask(selection(board).name, target, end);
         const bool is_refused =
             answer != nullptr && as<xcb_selection_notify_event_t>(*answer).property == XCB_NONE;
         if (is_refused) continue;
-        if (answer != nullptr) text = receive();
+        if (answer != nullptr) text = receive(end);
         break;
     }
     serve();
@@ -87,6 +88,8 @@ void X11Clipboard::handle(const xcb_generic_event_t &event) {
         break;
     case XCB_SELECTION_REQUEST: {
         const auto &request = as<xcb_selection_request_event_t>(event);
+        // Nobody asks for our own windows but to upset them.
+        if (request.requestor == window_ || request.requestor == receiver_) break;
         sending_.answer(request, selection_named(request.selection));
         break;
     }
@@ -115,40 +118,39 @@ template <typename Wanted> XEvent X11Clipboard::wait_for(Moment until, Wanted is
 }
 
 // The server reports when a property has changed, even if nothing is added to it.
-xcb_timestamp_t X11Clipboard::server_time() {
+xcb_timestamp_t X11Clipboard::server_time(Moment end) {
     xcb_change_property(x_.raw(), XCB_PROP_MODE_APPEND, window_, x_.atoms().content,
                         XCB_ATOM_STRING, 8, 0, "");
-    const XEvent change = wait_for(from_now(patience),
-                                   [this](const auto &event) { return is_change(event, window_); });
+    const XEvent change =
+        wait_for(end, [this](const auto &event) { return is_change(event, window_); });
     return change == nullptr ? xcb_timestamp_t{XCB_CURRENT_TIME}
                              : as<xcb_property_notify_event_t>(*change).time;
 }
 
 // Returns the answer; nothing when there is none in time.
-XEvent X11Clipboard::ask(xcb_atom_t selection, xcb_atom_t target) {
-    const xcb_timestamp_t time = server_time();
+XEvent X11Clipboard::ask(xcb_atom_t selection, xcb_atom_t target, Moment end) {
+    const xcb_timestamp_t time = server_time(end);
     if (receiver_ != XCB_NONE) xcb_destroy_window(x_.raw(), receiver_);
     receiver_ = x_.make_window();
     xcb_convert_selection(x_.raw(), receiver_, selection, target, x_.atoms().content, time);
-    return wait_for(from_now(patience), [this](const auto &event) {
+    return wait_for(end, [this](const auto &event) {
         return type_of(event) == XCB_SELECTION_NOTIFY &&
                as<xcb_selection_notify_event_t>(event).requestor == receiver_;
     });
 }
 
-std::string X11Clipboard::receive() {
+std::string X11Clipboard::receive(Moment end) {
     Piece whole = take_piece();
-    return whole.kind == Piece::announcement ? receive_pieces() : std::move(whole.text);
+    return whole.kind == Piece::announcement ? receive_pieces(end) : std::move(whole.text);
 }
 
 // Each piece is there when the one before has been taken; an empty one is the end. A text whose end
 // does not come is none.
-std::string X11Clipboard::receive_pieces() {
+std::string X11Clipboard::receive_pieces(Moment end) {
     const auto is_piece = [this](const auto &event) { return is_change(event, receiver_); };
-    const Moment end = from_now(longest_transfer);
     std::string text;
     while (text.size() < most_bytes) {
-        if (wait_for(std::min(end, from_now(patience)), is_piece) == nullptr) return {};
+        if (wait_for(end, is_piece) == nullptr) return {};
         const Piece piece = take_piece();
         if (piece.kind != Piece::content) return {};
         if (piece.text.empty()) return text;

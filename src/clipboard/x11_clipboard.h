@@ -33,13 +33,13 @@ private:
     XSelection *selection_named(xcb_atom_t name);
 
     template <typename Wanted> XEvent wait_for(Moment until, Wanted is_wanted);
-    xcb_timestamp_t server_time();
+    xcb_timestamp_t server_time(Moment end);
     void handle(const xcb_generic_event_t &event);
     void lose(const xcb_selection_clear_event_t &cleared);
 
-    XEvent ask(xcb_atom_t selection, xcb_atom_t target);
-    std::string receive();
-    std::string receive_pieces();
+    XEvent ask(xcb_atom_t selection, xcb_atom_t target, Moment end);
+    std::string receive(Moment end);
+    std::string receive_pieces(Moment end);
     Piece take_piece();
 
     X11Connection x_;

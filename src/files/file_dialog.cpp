@@ -48,6 +48,7 @@ public:
         ctx.mark_colour = ctx.mark_colour_b;
     }
     ~OpenWindow() {
+        if (!has_objects(ctx_)) return;
         close_window(ctx_, window_);
         ctx_.frame_mode = mode_;
         ctx_.mark_colour = colour_;
@@ -66,8 +67,13 @@ private:
 // The text in the message part, which shows by having a width.
 class Message {
 public:
-    explicit Message(vel_object &object) : object_(object), width_(object.width) { hide(); }
-    ~Message() { show(); }
+    Message(vel_context &ctx, u32 object)
+        : ctx_(ctx), object_(object), width_(object_at(ctx, object).width) {
+        hide();
+    }
+    ~Message() {
+        if (has_objects(ctx_)) show();
+    }
     Message(const Message &) = delete;
     Message &operator=(const Message &) = delete;
 
@@ -76,18 +82,20 @@ public:
 
 private:
     void set(u32 width) {
-        object_.width = width;
-        object_.hidden = width == 0 ? 1 : 0;
+        vel_object &o = object_at(ctx_, object_);
+        o.width = width;
+        o.hidden = width == 0 ? 1 : 0;
     }
 
-    vel_object &object_;
+    vel_context &ctx_;
+    const u32 object_;
     const u32 width_;
 };
 
 class FileDialog {
 public:
     FileDialog(vel_context &ctx, u32 window)
-        : ctx_(ctx), window_(window), message_(part(message_part)) {}
+        : ctx_(ctx), window_(window), message_(ctx, number_of(message_part)) {}
 
     // The path of the chosen file; nothing when the user gives up.
     std::optional<std::string> run(const std::string &suggestion) {

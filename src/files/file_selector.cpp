@@ -2,6 +2,7 @@
 
 #include "files/folder.h"
 #include "model/strings.h"
+#include "model/walk.h"
 
 namespace velumo {
 namespace {
@@ -27,6 +28,28 @@ void make_row(vel_context &ctx, u32 list, u32 row, u32 place) {
     o.text_b = t.text_b;
     o.margin_top = t.margin_top;
     o.margin_left = t.margin_left;
+}
+
+// Whether an object is the list or one that the list hangs on: as a row it would close a ring.
+bool holds_list(const vel_context &ctx, u32 number, u32 list) {
+    u32 above = list;
+    for (u32 step = 0; above != 0 && step <= ctx.object_count; ++step) {
+        if (above == number) return true;
+        above = object_at(ctx, above).master;
+    }
+    bool is_below = false;
+    walk_dependents(ctx, number, [&](u32 below) {
+        is_below = below == list;
+        return is_below ? Walk::stop : Walk::descend;
+    });
+    return is_below;
+}
+
+// An object is listed once. From an entry on, those from first to last are taken out of a list.
+void strike_out(vel_object &master, u32 entry, u32 first, u32 last) {
+    u32 *const end = std::end(master.dep_objs);
+    const auto is_meant = [=](u32 number) { return number >= first && number <= last; };
+    std::fill(std::remove_if(master.dep_objs + entry, end, is_meant), end, 0U);
 }
 
 u8 first_character(const vel_context &ctx, u32 place) {
@@ -57,7 +80,7 @@ u32 fill_rows(vel_context &ctx, const vel_object &list) {
         if (filled > ctx.dir_last) break;
         vel_object &o = object_at(ctx, row);
         const u32 name = std::min<u32>(ctx.dir_order[filled], VEL_DIR_ENTRIES - 1);
-        copy_nonempty(ctx.dir_names[name], o.label);
+        copy_up_to(VEL_DIR_NAME_SIZE - 2, ctx.dir_names[name], o.label);
         o.hidden = 0;
         o.width = row_width;
         ++filled;
@@ -71,14 +94,19 @@ void make_file_rows(vel_context &ctx, u32 list, u32 rows) {
     vel_object &o = object_at(ctx, list);
     const u32 first = o.dep_objs[0];
     if (first == 0) return;
-    u32 row = 0;
+    u32 row = first;
+    u32 k = 1;
     // On purpose: the row before is looked at, so that one row after the loaded objects is made.
-    for (u32 k = 1; k <= rows && k < VEL_MAX_DEPENDENTS && row <= ctx.object_count; ++k) {
-        row = first + k;
-        if (names_nothing(ctx, row)) return;
+    for (; k <= rows && k < VEL_MAX_DEPENDENTS && (k == 1 || row <= ctx.object_count); ++k) {
+        const u32 next = first + k;
+        if (names_nothing(ctx, next) || holds_list(ctx, next, list)) break;
+        row = next;
+        const u32 master = object_at(ctx, row).master;
+        if (master != list) strike_out(object_at(ctx, master), 0, row, row);
         o.dep_objs[k] = row;
         make_row(ctx, list, row, k);
     }
+    strike_out(o, k, first + 1, row);
 }
 
 void read_current_folder(vel_context &ctx) {

@@ -50,7 +50,7 @@ private:
     i64 top() const { return as_signed(o_.y + o_.margin_top); }
     // Of the caret in the text.
     i64 x() const { return line_.width_of(o_.cursor_column); }
-    i64 y() const { return i64{is_field(o_) ? 0 : o_.cursor_line} * pitch_; }
+    i64 y() const { return i64{is_field(o_) ? 0 : std::min(o_.cursor_line, last_line)} * pitch_; }
 
     void shift_across() {
         if (centres_lines(o_)) return;

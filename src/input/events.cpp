@@ -35,6 +35,12 @@ int x_connection() {
     return -1;
 }
 
+// Without a display nothing ever comes, and without objects there is nothing that it could be for.
+// A filter or an idle hook may have closed the context.
+bool is_over(const vel_context &ctx) {
+    return !has_objects(ctx) || SDL_WasInit(SDL_INIT_VIDEO) == 0;
+}
+
 bool event_is_waiting() {
     SDL_Event event;
     SDL_PumpEvents();
@@ -62,6 +68,7 @@ milliseconds nap_length(const vel_context &ctx) {
 } // namespace
 
 Polled poll_event(vel_context &ctx) {
+    if (is_over(ctx)) return Polled::end_of_loop;
     if (has_comfort(ctx, VEL_COMFORT_TYPING)) use_layout();
     serve_clipboard(ctx);
     if (SDL_PollEvent(&ctx.event) == 0) return Polled::nothing;
@@ -70,7 +77,7 @@ Polled poll_event(vel_context &ctx) {
     u32 verdict = VEL_FILTER_PASS;
     if (ctx.event_filter != nullptr) verdict = ctx.event_filter(&ctx, &ctx.event);
     if (verdict != VEL_FILTER_PASS) consume_event(ctx);
-    if (verdict == VEL_FILTER_END_LOOP) return Polled::end_of_loop;
+    if (verdict == VEL_FILTER_END_LOOP || is_over(ctx)) return Polled::end_of_loop;
     if (ctx.event.type != SDL_QUIT || !has_comfort(ctx, VEL_COMFORT_KEYBOARD)) return Polled::event;
     if (ctx.state != nullptr) ctx.state->quit_requested = true;
     return Polled::quit;

@@ -1,5 +1,7 @@
 #include "input/held_keys.h"
 
+#include "input/event_key.h"
+
 namespace velumo {
 
 HeldKeys::HeldKeys() {
@@ -13,8 +15,7 @@ HeldKeys::HeldKeys() {
 
 void HeldKeys::follow(const SDL_Event &event) {
     if (event.type != SDL_KEYUP) return;
-    const SDLKey key = event.key.keysym.sym;
-    if (key < SDLK_LAST) keys_[static_cast<std::size_t>(key)] = false;
+    keys_[static_cast<std::size_t>(key_of(event).sym)] = false;
 }
 
 void HeldKeys::hold(SDLKey key) {

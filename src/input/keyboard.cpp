@@ -1,6 +1,7 @@
 #include "input/keyboard.h"
 
 #include "input/caret.h"
+#include "input/event_key.h"
 #include "input/key_repeat.h"
 #include "input/text_cursor.h"
 #include "input/typing.h"
@@ -96,7 +97,7 @@ void use_layout() {
 
 void translate_by_layout(vel_context &ctx) {
     if (ctx.event.type != SDL_KEYDOWN || text_owner(ctx, ctx.cursor_object) == 0) return;
-    const SDL_keysym key = ctx.event.key.keysym;
+    const SDL_keysym key = key_of(ctx.event);
     const u32 character = character_of(key);
     if (character > last_latin1_character) {
         refuse(ctx, VEL_REFUSED_CHARACTER, character);

@@ -1,5 +1,6 @@
 #include "input/keys.h"
 
+#include "input/event_key.h"
 #include "input/keyboard.h"
 #include "model/traits.h"
 
@@ -92,7 +93,7 @@ void translate_key_press(vel_context &ctx) {
         return;
     }
     if (ctx.cursor_object == 0 || ctx.event.type != SDL_KEYDOWN) return;
-    SDL_keysym &keysym = ctx.event.key.keysym;
+    const SDL_keysym keysym = key_of(ctx.event);
     const auto symbol = static_cast<u32>(keysym.sym);
     const KeyRow *row = row_of(symbol);
     if (row != nullptr) ctx.key_printable = row->kind == Kind::character ? 1 : 0;
@@ -102,7 +103,7 @@ void translate_key_press(vel_context &ctx) {
     const u32 code = row == nullptr ? 0 : code_of(*row, symbol, static_cast<u32>(keysym.mod));
     if (code == 0) return;
     ctx.key_code = code;
-    keysym.sym = SDLK_UNKNOWN;
+    ctx.event.key.keysym.sym = SDLK_UNKNOWN;
     ctx.event.type = SDL_NOEVENT;
 }
 

@@ -91,6 +91,8 @@ private:
 
     // The selection ends at the pointer, also in another member of a chain.
     void reach() {
+        // An event filter may have changed the object meanwhile.
+        if (text_owner(ctx_, object_) == 0) return;
         const u32 under = object_under(ctx_, x_, y_);
         if (text_owner(ctx_, under) == text_owner(ctx_, object_)) object_ = under;
         TextCursor cursor(ctx_, object_);

@@ -1,5 +1,6 @@
 #include "menu/pull_down.h"
 
+#include "input/event_key.h"
 #include "input/events.h"
 #include "input/held_keys.h"
 #include "input/hit_test.h"
@@ -43,6 +44,7 @@ private:
                                                       &vel_object::fill_b};
 
     void give_back() {
+        if (!has_objects(ctx_)) return;
         vel_object &o = object_at(ctx_, entry_);
         for (std::size_t k = 0; k < std::size(components); ++k) {
             if (lowered_[k]) o.*components[k] += highlight_step;
@@ -78,6 +80,7 @@ public:
             go_on_from(0, Way::on);
         }
         while (!finished_) pass();
+        if (!has_objects(ctx_)) return end_;
         erase_object(ctx_, number_);
         menu().hidden = 1;
         return end_;
@@ -159,7 +162,7 @@ private:
     void handle_key() {
         held_keys_.follow(ctx_.event);
         if (ctx_.event.type != SDL_KEYDOWN) return;
-        const SDL_keysym key = ctx_.event.key.keysym;
+        const SDL_keysym key = key_of(ctx_.event);
         consume_event(ctx_);
         follow_keys();
         switch (key.sym) {

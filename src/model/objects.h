@@ -21,6 +21,9 @@ using u8 = std::uint8_t;
 constexpr i32 as_signed(u32 value) { return static_cast<i32>(value); }
 constexpr u32 as_field(i64 value) { return static_cast<u32>(value); }
 
+// There are none before start-up and after vel_close().
+inline bool has_objects(const vel_context &ctx) { return ctx.objects != nullptr; }
+
 // A number beyond a table of known size means record 0, the empty record.
 inline u32 object_index(const vel_context &ctx, u32 number) {
     const u32 records = object_records(ctx);
@@ -28,7 +31,7 @@ inline u32 object_index(const vel_context &ctx, u32 number) {
 }
 // 0, or a number beyond the tables: there is nothing to draw or to move.
 inline bool names_nothing(const vel_context &ctx, u32 number) {
-    return object_index(ctx, number) == 0;
+    return !has_objects(ctx) || object_index(ctx, number) == 0;
 }
 inline vel_object &object_at(vel_context &ctx, u32 number) {
     return ctx.objects[object_index(ctx, number)];

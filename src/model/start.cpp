@@ -64,6 +64,22 @@ void set_mark_colour(vel_context &ctx) {
     if (ctx.frame_mode == VEL_MODE_SCROLL) ctx.mark_colour = ctx.mark_colour_b;
 }
 
+// So that a call that comes too late finds nothing, and not what is no longer there.
+void forget_what_is_gone(vel_context &ctx) {
+    ctx.font = nullptr;
+    ctx.text_surface = ctx.screen = nullptr;
+    ctx.objects = nullptr;
+    ctx.object_count = 0;
+    if (ctx.texts_loaded == 1) {
+        ctx.text_recs = nullptr;
+        ctx.text_bufs = nullptr;
+        ctx.text_count = 0;
+    }
+    ctx.active_window = ctx.window_to_activate = ctx.cursor_object = 0;
+    std::fill(std::begin(ctx.window_stack), std::end(ctx.window_stack), 0U);
+    ctx.window_count = 0;
+}
+
 } // namespace
 
 i32 load(vel_context &ctx, const Form &form) try {
@@ -111,13 +127,14 @@ void close(vel_context &ctx) {
     if (ctx.font != nullptr) TTF_CloseFont(ctx.font);
     SDL_FreeSurface(ctx.text_surface);
     SDL_FreeSurface(ctx.screen);
-    release_assets(ctx);
+    if (has_objects(ctx)) release_assets(ctx);
     if (ctx.texts_loaded == 1) {
         std::free(ctx.text_recs);
         std::free(ctx.text_bufs);
     }
     std::free(ctx.objects);
     release_state(ctx);
+    forget_what_is_gone(ctx);
     TTF_Quit();
     SDL_Quit();
 }

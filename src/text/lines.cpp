@@ -1,5 +1,7 @@
 #include "text/lines.h"
 
+#include <cstring>
+
 namespace velumo {
 namespace {
 
@@ -43,8 +45,10 @@ u32 buffer_of(const vel_context &ctx, const vel_object &object) {
 }
 
 const char *line_of(const vel_context &ctx, u32 text, u32 line) {
-    const char *start = block_from(ctx, text, line, 0).start;
-    return start == nullptr ? "" : start;
+    const Block block = block_from(ctx, text, line, 0);
+    // A program may have filled the buffers with what has no end.
+    const bool has_end = block.size != 0 && std::memchr(block.start, '\0', block.size) != nullptr;
+    return has_end ? block.start : "";
 }
 
 char byte_of(const vel_context &ctx, u32 text, u32 line, u32 column) {

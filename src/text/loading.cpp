@@ -35,10 +35,10 @@ u32 load_text(vel_context &ctx, u32 number, const char *text) {
 void reset_text(vel_context &ctx, u32 number, Holder holder) {
     vel_object &o = object_at(ctx, number);
     if (holder == Holder::label) {
-        o.text_length = length_of(o.label);
+        o.text_length = static_cast<u32>(strnlen(o.label, VEL_STRING_SIZE - 1));
     } else if (holder == Holder::text && ctx.text_recs != nullptr) {
         vel_text_rec &text = ctx.text_recs[text_of(ctx, o)];
-        o.text_length = static_cast<u32>(strnlen(text.text, VEL_TEXT_SIZE));
+        o.text_length = static_cast<u32>(strnlen(text.text, VEL_TEXT_SIZE - 1));
         text.cursor_index = 0;
     }
     o.cursor_column = 0;

@@ -39,8 +39,8 @@ constexpr PressAction press_actions[] = {
 } // namespace
 
 void press_frame_button(vel_context &ctx, u32 button) {
-    const bool has_full_frame =
-        ctx.active_window != 0 && object_at(ctx, ctx.active_window).window_kind == VEL_WINDOW_FULL;
+    const bool has_full_frame = !names_nothing(ctx, ctx.active_window) &&
+                                object_at(ctx, ctx.active_window).window_kind == VEL_WINDOW_FULL;
     if (!has_full_frame) return;
     for (const PressAction &action : press_actions) {
         if (action.button != button) continue;
@@ -72,7 +72,8 @@ void use_frame_button(vel_context &ctx, u32 button) {
         move_window_by_keys(ctx);
     else
         release_frame_button(ctx, button);
-    if (ctx.cursor_object == button && object_at(ctx, button).hidden != 0) ctx.cursor_object = 0;
+    if (has_objects(ctx) && ctx.cursor_object == button && object_at(ctx, button).hidden != 0)
+        ctx.cursor_object = 0;
 }
 
 } // namespace velumo

@@ -14,6 +14,7 @@ u32 ask_in_window(vel_context &ctx, u32 window, u32 answer_a, u32 answer_b) {
     if (has_comfort(ctx, VEL_COMFORT_KEYBOARD)) focus_answer(ctx, reach);
     show_all(ctx);
     const u32 answer = select_either(ctx, reach);
+    if (!has_objects(ctx)) return answer;
     close_window(ctx, 0);
     if (has_comfort(ctx, VEL_COMFORT_KEYBOARD)) return_focus(ctx, focus);
     return answer;

@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "input/event_key.h"
 #include "input/events.h"
 #include "render/marks.h"
 #include "render/scene.h"
@@ -48,7 +49,7 @@ bool wait_for_press(vel_context &ctx) {
 
 std::optional<SDL_keysym> wait_for_key(vel_context &ctx) {
     if (!wait_for(ctx, [](const SDL_Event &event) { return event.type == SDL_KEYDOWN; })) return {};
-    const SDL_keysym key = ctx.event.key.keysym;
+    const SDL_keysym key = key_of(ctx.event);
     consume_event(ctx);
     return key;
 }
@@ -145,7 +146,7 @@ bool scroll_lists_in_window(vel_context &ctx, Towards towards) {
 } // namespace
 
 void resize_window(vel_context &ctx, const Axis &axis, Change change) {
-    if (ctx.active_window == 0) return;
+    if (names_nothing(ctx, ctx.active_window)) return;
     u32 &size = object_at(ctx, ctx.active_window).*axis.size;
     erase_marks(ctx, ctx.active_window);
     erase_object(ctx, ctx.active_window);
@@ -157,14 +158,14 @@ void resize_window(vel_context &ctx, const Axis &axis, Change change) {
 
 void move_window(vel_context &ctx) {
     begin_loop(ctx);
-    if (ctx.active_window == 0 || !wait_for_press(ctx)) return;
+    if (names_nothing(ctx, ctx.active_window) || !wait_for_press(ctx)) return;
     const u32 x = ctx.event.button.x;
     const u32 y = ctx.event.button.y;
     show_moved(ctx, x, y);
 }
 
 void move_window_by_keys(vel_context &ctx) {
-    if (ctx.active_window == 0) return;
+    if (names_nothing(ctx, ctx.active_window)) return;
     const u32 x = object_at(ctx, ctx.active_window).x;
     const u32 y = object_at(ctx, ctx.active_window).y;
     begin_loop(ctx);
@@ -179,7 +180,7 @@ void move_window_by_keys(vel_context &ctx) {
 }
 
 void scroll_window(vel_context &ctx, Towards towards) {
-    if (ctx.active_window == 0) return;
+    if (names_nothing(ctx, ctx.active_window)) return;
     if (!scroll_lists_in_window(ctx, towards)) {
         const Scroll scroll = scroll_of(towards);
         vel_object &o = object_at(ctx, ctx.active_window);

@@ -39,7 +39,7 @@ void place_button(vel_context &ctx, u32 button, const vel_object &window) {
 
 void place_frame_buttons(vel_context &ctx) {
     const vel_object &window = object_at(ctx, ctx.active_window);
-    const bool has_window = ctx.active_window != 0 && window.hidden == 0;
+    const bool has_window = !names_nothing(ctx, ctx.active_window) && window.hidden == 0;
     // On purpose: a plain window leaves the buttons where they were.
     if (has_window && window.window_kind >= VEL_WINDOW_PLAIN) return;
     for (u32 button = 1; button <= frame_button_count(ctx); ++button) {

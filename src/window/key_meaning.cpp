@@ -2,6 +2,7 @@
 
 #include <new>
 
+#include "input/event_key.h"
 #include "input/events.h"
 #include "model/types.h"
 #include "render/scene.h"
@@ -25,7 +26,7 @@ bool is_enter(SDLKey key) { return key == SDLK_RETURN || key == SDLK_KP_ENTER; }
 class KeyPress {
 public:
     KeyPress(vel_context &ctx, const Reach &reach)
-        : ctx_(ctx), reach_(reach), key_(ctx.event.key.keysym) {}
+        : ctx_(ctx), reach_(reach), key_(key_of(ctx.event)) {}
 
     KeyMeaning meaning() {
         if (has(alt_keys)) return has(KMOD_CTRL) ? none : with_alt();
@@ -160,7 +161,7 @@ bool acts_once(const KeyMeaning &meaning, SDLKey key) {
 
 // Without memory nothing happens.
 KeyMeaning meaning_of_key(vel_context &ctx, const Reach &reach, HeldKeys &held) try {
-    const SDL_keysym &key = ctx.event.key.keysym;
+    const SDL_keysym key = key_of(ctx.event);
     held.follow(ctx.event);
     if (ctx.event.type != SDL_KEYDOWN) return none;
     if (has_comfort(ctx, VEL_COMFORT_KEYBOARD)) {

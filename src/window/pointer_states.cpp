@@ -20,7 +20,7 @@ PointerStates::PointerStates(vel_context &ctx, const Reach &reach) : ctx_(ctx), 
 }
 
 PointerStates::~PointerStates() {
-    if (ctx_.state != nullptr) set(0, 0);
+    if (ctx_.state != nullptr && has_objects(ctx_)) set(0, 0);
 }
 
 void PointerStates::follow_event() {
@@ -37,7 +37,7 @@ void PointerStates::follow_event() {
 }
 
 void PointerStates::let_go() {
-    if (ctx_.state != nullptr) set(ctx_.state->hovered, 0);
+    if (ctx_.state != nullptr && has_objects(ctx_)) set(ctx_.state->hovered, 0);
 }
 
 u32 PointerStates::answer_under(int x, int y) const {

@@ -79,6 +79,7 @@ MenuEnd open_menu_of_title(vel_context &ctx, u32 title, const Reach &reach, Open
         // does.
         if (opened == Opened::by_pointer && was_clicked(ctx, title, end))
             end = run_menu(ctx, menu, {Hanging::below_title, opened, has_neighbours});
+        if (!has_objects(ctx)) return end;
         show_all(ctx);
         const bool goes_back = end.cause == MenuEnd::Cause::previous_title;
         if (!goes_back && end.cause != MenuEnd::Cause::next_title) return end;

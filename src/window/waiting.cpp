@@ -88,7 +88,9 @@ private:
     }
 
     bool is_dialog() const { return dialog_.window != 0; }
-    bool is_closed() const { return is_dialog() && object_at(ctx_, dialog_.window).hidden != 0; }
+    bool is_closed() const {
+        return is_dialog() && has_objects(ctx_) && object_at(ctx_, dialog_.window).hidden != 0;
+    }
 
     u32 object_under_pointer() const {
         const u32 number = object_under(ctx_, ctx_.event.button.x, ctx_.event.button.y);

@@ -85,7 +85,7 @@ private:
         const i64 top = as_signed(o.y + o.margin_top + o.scroll_y);
         TTF_Font *font = font_of(ctx_, o);
         if (font == nullptr || !has_lines(o) || text_of(ctx_, o) == 0) return {top, top};
-        return {top, top + (i64{o.number_of_lines} + 1) * line_pitch(font, o)};
+        return {top, top + (i64{std::min(o.number_of_lines, last_line)} + 1) * line_pitch(font, o)};
     }
 
     bool scroll_text(u32 number) {
