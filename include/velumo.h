@@ -1437,8 +1437,8 @@ VEL_API uint32_t vel_fill_form_with_dummies(vel_context *ctx, const char *string
  * Reads a whole regular file of at most 64 MiB, which must be writable, too. A NUL follows its last
  * byte, so that it can be the stream of a chain as it is.
  *
- * \returns the bytes of the file and the NUL, to be released with free(); null if the file cannot be
- *          opened or read, or is larger
+ * \returns the bytes of the file and the NUL, to be released with free(); null if the file cannot
+ * be opened or read, or is larger
  */
 VEL_API char *vel_read_external_stream(const char *path) VEL_NOTHROW;
 /**@}*/

@@ -8,6 +8,7 @@
 
 namespace {
 
+using test::contents;
 using test::Folder;
 
 constexpr std::size_t type_at = 228, text_at = 172, hidden_at = 224, master_at = 284;
@@ -32,7 +33,7 @@ struct Files {
         set_number(form, 776 * (object - 1) + offset, value);
     }
     void set(uint32_t object, std::size_t offset, const std::string &value) {
-        value.copy(&form[776 * (object - 1) + offset], 67);
+        (value + '\0').copy(&form[776 * (object - 1) + offset], 68);
     }
     int32_t load(uint32_t extra_objs = 0, uint32_t extra_texts = 0) {
         return vel_load_forms(&ctx, extra_objs, extra_texts, folder.write("a.form", form).c_str(),
@@ -187,25 +188,37 @@ TEST(Faults, many_are_counted_and_a_path_is_printed_as_text) {
     EXPECT_TRUE(printed.ends_with(start + "5 more invalid references; taken out\n")) << printed;
 }
 
+// Sets what an object names: a picture and a font, and whether it shows them.
+void set_assets(Files &files, uint32_t object, const std::string &path, uint32_t font_size = 14) {
+    files.set(object, type_at, VEL_TYPE_PICTURE_UNLOADED);
+    files.set(object, 96, 1);
+    files.set(object, 100, font_size);
+    files.set(object, 104, path);
+    files.set(object, 704, path);
+}
+
+std::ptrdiff_t open_files() {
+    return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
+}
+
+std::string picture_of_12_by_5(const Folder &folder) {
+    const std::string path = folder.file("p.bmp");
+    SDL_Surface *picture = test::make_surface(12, 5);
+    EXPECT_EQ(SDL_SaveBMP(picture, path.c_str()), 0);
+    SDL_FreeSurface(picture);
+    return path;
+}
+
 TEST(Assets, pictures_and_fonts_are_opened_and_closed) {
-    const auto open_files = [] {
-        return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
-    };
     const auto open_before = open_files();
     {
         Files files(4);
-        const std::string image = files.folder.file("p.bmp"), pipe = files.folder.file("pipe");
-        SDL_Surface *picture = test::make_surface(12, 5);
-        ASSERT_EQ(SDL_SaveBMP(picture, image.c_str()), 0);
-        SDL_FreeSurface(picture);
+        const std::string image = picture_of_12_by_5(files.folder),
+                          pipe = files.folder.file("pipe");
         ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0); // nobody waits for its writer
-        for (const uint32_t number : {2U, 3U}) {
-            files.set(number, type_at, VEL_TYPE_PICTURE_UNLOADED);
-            files.set(number, 96, 1);
-            files.set(number, 100, 14);
-            files.set(number, 704, number == 2 ? image : pipe);
-            files.set(number, 104, number == 2 ? test::font_file : pipe);
-        }
+        set_assets(files, 2, test::font_file);
+        set_assets(files, 3, pipe);
+        files.set(2, 704, image);
         testing::internal::CaptureStdout();
         ASSERT_EQ(files.load(1), VEL_OK);
         EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
@@ -213,15 +226,179 @@ TEST(Assets, pictures_and_fonts_are_opened_and_closed) {
         EXPECT_EQ(std::tuple(o[2].type, o[2].width, o[2].height), std::tuple(9U, 12U, 5U));
         EXPECT_NE(o[2].own_font, nullptr);
         EXPECT_EQ(std::tuple(o[3].type, o[3].own_font), std::tuple(4U, nullptr));
-        EXPECT_EQ(open_files(), open_before + 1);
         testing::internal::CaptureStdout();
         EXPECT_EQ(vel_load_object_images(&files.ctx, 3), -1);
         EXPECT_EQ(vel_load_object_fonts(&files.ctx, 3), -1);
-        EXPECT_EQ(testing::internal::GetCapturedStdout().substr(0, 13), "TTF_OpenFont:");
+        EXPECT_EQ(testing::internal::GetCapturedStdout(),
+                  "TTF_OpenFont: " + pipe + " is no regular file\n");
         std::strcpy(o[3].image_path, image.c_str());
         EXPECT_EQ(vel_load_object_images(&files.ctx, 0), 1);
     }
     EXPECT_EQ(open_files(), open_before);
+}
+
+// More objects than a process may have open files, and one whose font the program closes itself.
+TEST(Assets, a_font_is_opened_once_for_each_file_and_size) {
+    Files files(1100);
+    for (uint32_t number = 1; number <= 1100; ++number) {
+        set_assets(files, number, test::font_file, number == 1100 ? 15 : 14);
+    }
+    ASSERT_EQ(files.load(), VEL_OK);
+    vel_object *o = files.ctx.objects;
+    TTF_Font *const shared = o[1].own_font, *const alone = o[1100].own_font;
+    EXPECT_EQ(std::set<TTF_Font *>({shared, alone, nullptr}).size(), 3U);
+    EXPECT_EQ(o[1099].own_font, shared);
+    EXPECT_EQ(vel_load_object_fonts(&files.ctx, 1), 1);
+    EXPECT_EQ(std::tuple(o[2].own_font, o[1100].own_font), std::tuple(shared, alone));
+    TTF_CloseFont(shared);
+    EXPECT_EQ(std::tuple(o[1].own_font, o[1099].own_font, o[1100].own_font),
+              std::tuple(nullptr, nullptr, alone));
+    o[1100].own_font = TTF_OpenFont(test::font_file, 9); // the other is closed all the same
+    EXPECT_EQ(vel_load_object_fonts(&files.ctx, 1099), 1);
+    EXPECT_EQ(o[1100].own_font, alone);
+}
+
+// A font with numbers of its tables replaced: at so many bytes into a table, 16 bits.
+std::string changed_font(const std::string &table, std::size_t at, int value) {
+    std::string font = contents(test::font_file);
+    const auto entry = reinterpret_cast<const unsigned char *>(&font[font.find(table)]);
+    const std::size_t start = static_cast<std::size_t>(entry[9] << 16 | entry[10] << 8 | entry[11]);
+    font[start + at] = static_cast<char>(value >> 8);
+    font[start + at + 1] = static_cast<char>(value);
+    return font;
+}
+
+TEST(Assets, damaged_fonts_are_refused_with_a_line) {
+    using Case = std::tuple<const char *, std::string, uint32_t, bool>;
+    const std::string whole = contents(test::font_file);
+    const Case cases[] = {
+        {"whole", whole, 14, true},
+        {"large", whole, 2000, true},
+        {"no such size", whole, 2001, false},
+        {"negative size", whole, 0xFFFFFFF0, false},
+        {"em of 16 units", changed_font("head", 18, 16), 14, false},
+        {"lines upside down", changed_font("hhea", 4, -2000), 14, false},
+        {"first pair kerned by -15 em", changed_font("kern", 22, -30000), 14, false},
+        {"first pair kerned by -1 unit", changed_font("kern", 22, -1), 14, true},
+        {"compressed", "\x1F\x8B" + whole, 14, false},
+        {"half", whole.substr(0, whole.size() / 2), 14, false}};
+    for (const auto &[name, font, size, is_opened] : cases) {
+        Files files(1);
+        set_assets(files, 1, files.folder.write("f.ttf", font), size);
+        files.load();
+        testing::internal::CaptureStdout();
+        EXPECT_EQ(vel_load_object_fonts(&files.ctx, 1), is_opened ? 1 : -1) << name;
+        const std::string printed = testing::internal::GetCapturedStdout();
+        EXPECT_EQ(printed.find("TTF_OpenFont: ") == 0, !is_opened) << name << printed;
+        EXPECT_EQ(files.ctx.objects[1].own_font != nullptr, is_opened) << name;
+    }
+}
+
+TEST(Assets, many_fonts_are_counted) {
+    Files files(300);
+    for (uint32_t number = 1; number <= 300; ++number) {
+        set_assets(files, number, files.folder.file("\x1B" + std::to_string(number)), 10);
+    }
+    set_assets(files, 1, test::font_file, 2000);
+    set_assets(files, 2, test::font_file, 10); // together too large
+    files.load();
+    EXPECT_EQ(files.ctx.objects[2].own_font, nullptr);
+    testing::internal::CaptureStdout();
+    vel_load_object_fonts(&files.ctx, 1);
+    EXPECT_NE(files.ctx.objects[2].own_font, nullptr);
+    const std::string printed = testing::internal::GetCapturedStdout();
+    EXPECT_EQ(std::count(printed.begin(), printed.end(), '\n'), 21);
+    EXPECT_TRUE(printed.ends_with("TTF_OpenFont: 278 more\n")) << printed;
+    EXPECT_NE(printed.find("/\\x1B3\n"), std::string::npos) << printed;
+}
+
+std::string bytes_of(std::string_view hex) {
+    std::string bytes;
+    for (std::size_t k = 0; k + 1 < hex.size(); k += 2) {
+        bytes += static_cast<char>(std::stoi(std::string(hex.substr(k, 2)), nullptr, 16));
+    }
+    return bytes;
+}
+
+// 3 x 2 pixels of two colours, 8 x 8 grey ones, and 2 x 2 in a format that is not checked.
+const std::string png =
+    bytes_of("89504e470d0a1a0a0000000d4948445200000003000000020103000000a7baf45900000006504c5445ff"
+             "00000000ff6ca1fd8e0000000c4944415408d76360607000000044004146ac77940000000049454e44ae"
+             "426082");
+const std::string jpeg =
+    bytes_of("ffd8ffe000104a46494600010100000100010000ffdb004300100b0c0e0c0a100e0d0e1211101318281a"
+             "181616183123251d283a333d3c3933383740485c4e404457453738506d51575f626768673e4d71797064"
+             "785c656763ffc0000b080008000801011100ffc40014000100000000000000000000000000000006ffc4"
+             "0014100100000000000000000000000000000000ffda0008010100003f0034ffd9");
+const std::string tga = bytes_of("0000020000000000000000000200020018000000ff0000ff0000ff0000ff");
+
+// The type that an object has after its picture was loaded from these bytes.
+uint32_t type_loaded(Files &files, const std::string &name, const std::string &bytes) {
+    vel_object &o = files.ctx.objects[1];
+    if (o.type == VEL_TYPE_PICTURE) SDL_FreeSurface(o.image);
+    o.type = VEL_TYPE_PICTURE_UNLOADED;
+    std::snprintf(o.image_path, sizeof o.image_path, "%s", files.folder.write(name, bytes).c_str());
+    vel_load_object_images(&files.ctx, 1);
+    return o.type;
+}
+
+TEST(Assets, pictures_are_loaded_by_their_content_when_they_are_whole) {
+    Files files(1);
+    files.load();
+    const std::string bmp = contents(picture_of_12_by_5(files.folder));
+    const std::string *const whole[] = {&png, &jpeg, &bmp};
+    for (const std::string *picture : whole) {
+        EXPECT_EQ(type_loaded(files, "p.gif", *picture + "more"), 9U) << *picture;
+        for (std::size_t size = 0; size < picture->size(); ++size) {
+            ASSERT_EQ(type_loaded(files, "p", picture->substr(0, size)), 4U) << size << *picture;
+        }
+    }
+}
+
+TEST(Assets, other_pictures_are_loaded_unless_they_are_excluded) {
+    Files files(1);
+    files.load();
+    EXPECT_EQ(type_loaded(files, "p.tga", tga), 9U);
+    EXPECT_EQ(type_loaded(files, "p.tga", png), 4U); // the name counts for this format
+    files.ctx.strict_pictures = 1;
+    EXPECT_EQ(type_loaded(files, "p.tga", tga), 4U);
+    EXPECT_EQ(type_loaded(files, "p", jpeg), 9U);
+}
+
+// A picture of 2 x 1 pixels: its depth, its compression, its colours, and what follows the header.
+std::string bmp_of(uint32_t bits, uint32_t compression, uint32_t colours, const std::string &rest) {
+    std::string file = "BM" + std::string(52, '\0') + rest + std::string(8, 'p');
+    const std::pair<std::size_t, uint32_t> numbers[] = {
+        {10, 54 + static_cast<uint32_t>(rest.size())},
+        {14, 40},
+        {18, 2},
+        {22, 1},
+        {26, 1 + (bits << 16)},
+        {30, compression},
+        {46, colours}};
+    for (const auto &[offset, value] : numbers) set_number(file, offset, value);
+    return file;
+}
+
+// SDL_image takes each of them: more colours than it has room for, and bits that SDL cannot shift.
+TEST(Assets, pictures_that_sdl_image_takes_and_cannot_hold_are_refused) {
+    Files files(1);
+    files.load();
+    const std::string bytes = bytes_of("00F80000"
+                                       "E0070000"
+                                       "1F000000"),
+                      wide = bytes_of("00FC0300");
+    const std::string wider = wide + bytes_of("FF030000"
+                                              "0000F00F"
+                                              "00000000");
+    const std::tuple<const char *, std::string, uint32_t> cases[] = {
+        {"256 colours", bmp_of(8, 0, 256, std::string(1024, 'c')), 9},
+        {"257 colours", bmp_of(8, 0, 257, std::string(1028, 'c')), 4},
+        {"colours of 5 and 6 bits", bmp_of(16, 3, 0, bytes), 9},
+        {"colours of 10 bits", bmp_of(32, 3, 0, wider), 4}};
+    for (const auto &[name, picture, type] : cases) {
+        EXPECT_EQ(type_loaded(files, "p", picture), type) << name;
+    }
 }
 
 } // namespace

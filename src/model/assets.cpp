@@ -1,8 +1,11 @@
 #include "model/assets.h"
 
-#include <SDL_image.h>
 #include <cstdio>
-#include <sys/stat.h>
+#include <new>
+
+#include "model/diagnostics.h"
+#include "model/own_fonts.h"
+#include "model/pictures.h"
 
 namespace velumo {
 namespace {
@@ -18,17 +21,8 @@ i32 load_each(vel_context &ctx, u32 first, Wanted wanted, Load load) {
     return result;
 }
 
-// Opening a named pipe would wait for its writer, and a terminal for its user. What cannot be
-// looked at is left to the loaders, which say why.
-bool may_be_read(const char *path) {
-    struct stat status {};
-    if (::stat(path, &status) != 0 || S_ISREG(status.st_mode)) return true;
-    SDL_SetError("%s is no regular file", path);
-    return false;
-}
-
-bool load_image(vel_object &object) {
-    SDL_Surface *image = may_be_read(object.image_path) ? IMG_Load(object.image_path) : nullptr;
+bool load_image(vel_object &object, PictureLoading &loading) {
+    SDL_Surface *image = loading.load(object.image_path);
     if (image == nullptr) return false;
     object.image = image;
     object.width = static_cast<u32>(image->w);
@@ -37,36 +31,60 @@ bool load_image(vel_object &object) {
     return true;
 }
 
-bool load_font(vel_object &object, FontMessages messages) {
-    object.own_font = may_be_read(object.font_path)
-                          ? TTF_OpenFont(object.font_path, static_cast<int>(object.font_size))
-                          : nullptr;
-    if (object.own_font == nullptr && messages == FontMessages::print) {
-        std::printf("TTF_OpenFont: %s\n", SDL_GetError());
+// Prints why fonts cannot be opened, where that is wanted.
+class FontReport {
+public:
+    explicit FontReport(FontMessages messages) : messages_(messages) {}
+    ~FontReport() {
+        if (lines_.left_out() != 0) std::printf("TTF_OpenFont: %u more\n", lines_.left_out());
     }
+    FontReport(const FontReport &) = delete;
+    FontReport &operator=(const FontReport &) = delete;
+
+    void add(const char *error) {
+        if (messages_ == FontMessages::print && lines_.admits()) {
+            std::printf("TTF_OpenFont: %s\n", printable(error).c_str());
+        }
+    }
+
+private:
+    const FontMessages messages_;
+    LineCount lines_;
+};
+
+// Without memory it does not open.
+bool load_font(vel_object &object, FontOpening &opening, FontReport &report) try {
+    object.own_font = nullptr;
+    object.own_font = opening.open(object.font_path, object.font_size);
+    if (object.own_font == nullptr) report.add(SDL_GetError());
     return object.own_font != nullptr;
+} catch (const std::bad_alloc &) {
+    return false;
 }
 
 } // namespace
 
 i32 load_images(vel_context &ctx, u32 first) {
+    PictureLoading loading(ctx.strict_pictures != 0);
     return load_each(
         ctx, first, [](const vel_object &o) { return o.type == VEL_TYPE_PICTURE_UNLOADED; },
-        load_image);
+        [&loading](vel_object &o) { return load_image(o, loading); });
 }
 
 i32 load_fonts(vel_context &ctx, u32 first, FontMessages messages) {
+    FontOpening opening(ctx);
+    FontReport report(messages);
     return load_each(
         ctx, first, [](const vel_object &o) { return o.font_choice == 1; },
-        [messages](vel_object &o) { return load_font(o, messages); });
+        [&](vel_object &o) { return load_font(o, opening, report); });
 }
 
 void release_assets(vel_context &ctx) {
     for (u32 number = 1; number <= ctx.object_count; ++number) {
-        vel_object &object = object_at(ctx, number);
-        if (object.font_choice == 1 && object.own_font != nullptr) TTF_CloseFont(object.own_font);
+        const vel_object &object = object_at(ctx, number);
         if (object.type == VEL_TYPE_PICTURE) SDL_FreeSurface(object.image);
     }
+    close_own_fonts(ctx);
 }
 
 } // namespace velumo

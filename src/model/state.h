@@ -44,6 +44,7 @@ struct vel_state {
     std::uint32_t hovered = 0, pressed = 0; // answers that the pointer is on, while a loop runs
     std::string clipboard, primary; // what the program itself has copied and selected, in UTF-8
     std::unique_ptr<velumo::SharedClipboard> shared_clipboard; // null until it is needed
+    std::unique_ptr<velumo::Kept> own_fonts;                   // that are open, see model/own_fonts
     std::unique_ptr<velumo::Kept> fonts; // tables of their glyphs, see text/fonts
     TTF_Font *looked_at_font = nullptr;  // the last one, while no font can change
     velumo::FontTable *looked_at_table = nullptr;

@@ -1,0 +1,18 @@
+// Whether a font is fit for use. SDL_ttf writes outside of its memory with fonts whose numbers are
+// out of proportion. For own fonts.
+#pragma once
+
+#include "model/bytes.h"
+
+namespace velumo {
+
+constexpr u32 max_font_size = 2000;
+
+// Compressed files are refused: nobody knows how much is in them, or what.
+bool may_be_font(Bytes file);
+
+// The metrics of the font and of its characters lie within bounds of its size, and no pair of
+// characters goes back to the left.
+bool is_sound(TTF_Font *font, u32 size, Bytes file);
+
+} // namespace velumo

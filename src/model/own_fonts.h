@@ -1,0 +1,31 @@
+// The own fonts of objects: opened once for each file and size, checked, and shared. For the
+// model's assets.
+#pragma once
+
+#include "model/objects.h"
+
+namespace velumo {
+
+class OwnFonts;
+
+// The open font of a file and a size, or null with SDL's error text. What failed in this attempt
+// before is not tried again.
+class FontOpening {
+public:
+    explicit FontOpening(vel_context &ctx) : ctx_(ctx) {}
+
+    // Throws std::bad_alloc.
+    TTF_Font *open(const char *path, u32 size);
+
+private:
+    TTF_Font *open_first(OwnFonts &fonts, const char *path, u32 size);
+
+    vel_context &ctx_;
+    u32 cost_ = 0; // of the fonts whose files were read
+    std::map<std::pair<std::string, u32>, std::string> failed_; // with their error texts
+};
+
+// Closes the fonts of objects, and those of this library that no object has any more.
+void close_own_fonts(vel_context &ctx);
+
+} // namespace velumo

@@ -1,0 +1,74 @@
+#include "model/pictures.h"
+
+#include <SDL_image.h>
+#include <cstring>
+#include <strings.h>
+
+#include "model/file.h"
+#include "model/guard.h"
+#include "model/picture_gate.h"
+
+namespace velumo {
+namespace {
+
+// Of one call: a form could show one large picture a thousand times.
+constexpr i64 most_pixels_in_all = 2 * most_pixels;
+
+struct StreamCloser {
+    void operator()(SDL_RWops *stream) const { SDL_RWclose(stream); }
+};
+using Stream = std::unique_ptr<SDL_RWops, StreamCloser>;
+
+const char *extension_of(const char *path) {
+    const char *dot = std::strrchr(path, '.');
+    return dot == nullptr ? "" : dot + 1;
+}
+
+// SDL_image takes what is named .tga for one, whatever it holds.
+PictureFormat format_of(Bytes file, const char *path) {
+    if (strcasecmp(extension_of(path), "tga") == 0) return PictureFormat::other;
+    return picture_format(file);
+}
+
+SDL_Surface *decode(PictureFormat format, SDL_RWops *stream, const char *path) {
+    switch (format) {
+    case PictureFormat::png:
+        return IMG_LoadPNG_RW(stream);
+    case PictureFormat::bmp:
+        return IMG_LoadBMP_RW(stream);
+    case PictureFormat::jpeg:
+        return IMG_isJPG(stream) != 0 ? IMG_LoadJPG_RW(stream) : nullptr;
+    case PictureFormat::other:
+        break;
+    }
+    return IMG_LoadTyped_RW(stream, 0, const_cast<char *>(extension_of(path)));
+}
+
+} // namespace
+
+SDL_Surface *PictureLoading::load(const char *path) {
+    if (is_guarded) return load_checked(path);
+    return File(path, Access::read_only).size() ? IMG_Load(path) : nullptr;
+}
+
+SDL_Surface *PictureLoading::load_checked(const char *path) {
+    const FileContent content = read_file(path, Access::read_only);
+    if (content.error != FileError::none || content.size == 0) return nullptr;
+    const PictureFormat format = format_of(content.bytes(), path);
+    if (format == PictureFormat::other && is_strict_) return nullptr;
+    const i64 pixels = pixels_of_whole(format, content.bytes());
+    if (format != PictureFormat::other && pixels == 0) return nullptr;
+    if (pixels_ + pixels > most_pixels_in_all) return nullptr;
+    const Stream stream(SDL_RWFromConstMem(content.memory.get(), static_cast<int>(content.size)));
+    if (stream == nullptr) return nullptr;
+    SDL_Surface *picture = decode(format, stream.get(), path);
+    if (picture == nullptr) return nullptr;
+    if (!is_drawable_picture(*picture)) {
+        SDL_FreeSurface(picture);
+        return nullptr;
+    }
+    pixels_ += i64{picture->w} * picture->h;
+    return picture;
+}
+
+} // namespace velumo
