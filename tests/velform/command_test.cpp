@@ -2,6 +2,7 @@
 #include "forms.h"
 
 #include <set>
+#include <sys/stat.h>
 
 #include <SDL_image.h>
 
@@ -104,6 +105,48 @@ TEST(Compile, leaves_all_files_as_they_were_when_anything_fails) {
     }
 }
 
+TEST(Compile, keeps_links_modes_and_pipes_and_removes_what_a_killed_run_left) {
+    const Folder folder;
+    const std::string source = folder.write("a.toml", good), form = folder.write("real.form");
+    const std::string pipe = folder.file("pipe"), text = folder.file("a.text");
+    std::filesystem::create_symlink("real.form", folder.file("a.form"));
+    std::filesystem::create_symlink("nowhere.text", text);
+    std::filesystem::permissions(form, std::filesystem::perms::owner_all);
+    const std::string stale = folder.write(".velform-" + std::to_string(getuid()) + "-1");
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    const auto result = run("compile " + source + " --header " + pipe + " & cat " + pipe);
+    EXPECT_NE(result.output.find("A_MAIN = 8,"), std::string::npos) << result.output;
+    test::Names links, files;
+    for (const auto &entry : std::filesystem::directory_iterator(folder.file(""))) {
+        if (entry.is_symlink()) links.push_back(entry.path().filename());
+        if (entry.is_regular_file() && !entry.is_symlink())
+            files.push_back(entry.path().filename());
+    }
+    std::ranges::sort(links), std::ranges::sort(files);
+    EXPECT_EQ(links, (test::Names{"a.form", "a.text"}));
+    EXPECT_EQ(files, (test::Names{"a.toml", "nowhere.text", "real.form"}));
+    EXPECT_TRUE(std::filesystem::is_fifo(pipe));
+    EXPECT_EQ(contents(form).size(), 8U * 776);
+    EXPECT_EQ(std::filesystem::status(form).permissions(), std::filesystem::perms::owner_all);
+    // What is piped in has no name to make others from, and what is piped out has no folder.
+    EXPECT_EQ(run("compile -o " + form + " /dev/stdin <" + source).status, 0);
+    EXPECT_EQ(run("compile /dev/stdin <" + source).status, 2);
+    const std::string log = folder.write("log", "old");
+    EXPECT_EQ(run("compile " + source + " -o /dev/stdout >>" + log).status, 0);
+    EXPECT_EQ(contents(log).size(), 3 + 8U * 776);
+}
+
+TEST(Compile, leaves_nothing_behind_when_a_file_may_not_grow) {
+    const Folder folder;
+    const std::string source = folder.write("a.toml", good + std::string(3, '\n'));
+    const std::string form = folder.write("a.form", "old");
+    const auto result = run("compile " + source, "ulimit -f 1; "); // 512 or 1024 bytes
+    EXPECT_EQ(result.status, 3);
+    EXPECT_NE(result.output.find("a.form: File too large\n"), std::string::npos) << result.output;
+    EXPECT_EQ(names_in(folder), "a.form a.toml");
+    EXPECT_EQ(contents(form), "old");
+}
+
 TEST(Command, ends_with_the_status_that_fits) {
     const Folder folder;
     folder.write("a.toml", good + "objects = [{ id = 'inner', type = 'window' }]\n");
@@ -117,6 +160,12 @@ TEST(Command, ends_with_the_status_that_fits) {
         {"compile @/warned.toml", 0, "@/warned.toml:1:1: warning: "},
         {"fields", 0, "| `label` |"},
         {"fields --into @/faulty.toml", 3, "marks"},
+        {"fields >/dev/full", 3, "standard output: No space left"},
+        {"fields >&-", 3, "standard output"},
+        {"compile /dev/zero -o @/zero.form", 3, "/dev/zero: it is larger than 8 MiB"},
+        {"compile @/ -o @/b.form", 3, "Is a directory"},
+        {"compile @/$(printf '\\033').toml", 3, "@/\\x1b.toml: No such"},
+        {"compile @/a.toml --$(printf '\\033')", 2, "--\\x1b"},
         {"compile @/a.toml", 0, ""},
         {"render @/a.form @/a.text -o @/b.png --activate nobody", 2, "'nobody'"},
         {"render @/a.form @/a.text -o @/b.png --activate inner", 2, "'inner'"},
@@ -125,6 +174,7 @@ TEST(Command, ends_with_the_status_that_fits) {
     };
     for (const auto &[arguments, status, message] : cases) {
         const auto result = run(in(folder, arguments));
+        EXPECT_EQ(result.output.find('\033'), std::string::npos);
         SCOPED_TRACE(arguments + '\n' + result.output);
         EXPECT_EQ(result.status, status);
         EXPECT_NE(result.output.find(in(folder, message)), std::string::npos);

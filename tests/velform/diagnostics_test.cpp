@@ -65,6 +65,10 @@ TEST(Faults, point_at_the_place_and_say_what_is_wrong) {
         {dialog("rows = 101"), "3:8", "`rows` must be a whole number from 1 to 100, not"},
         {dialog("rect = [20, 30, 300, 197]"), "3:22", "at least 198"},
         {"a = \n[[x]", "1:5", "expected value"},
+        {"\"\\u001b[1m\\u0085\\n\\u202E ä€\" = 1", "1:1",
+         "no key '\\x1b[1m\\u0085\\n\\u202e ä€'\n"},
+        {std::string(2000, 'k') + " = 1", "1:1", "k ... k"},
+        {label("id = '" + std::string(256, 'x') + "'"), "4:6", "at most 255 characters"},
         {label("wdt = 1"), "4:1", "has no key 'wdt'\n"},
         {label("lable = 'x'"), "4:1", "did you mean 'label'?"},
         {label("text = 'x'"), "4:8", "`label`"},
@@ -165,6 +169,9 @@ TEST(Faults, of_hostile_sources_are_errors_like_others) {
         {"x = \"\\\"\"\ny = '''\n'''" + repeated("[", 70), "3:68", "nested too deeply"},
         {styles, "32:9", "more than 16"},
         {std::string("\0\0", 2), "1:1", ""},
+        // The dialog is 108 objects, and the frame buttons are 7.
+        {"[[file_dialog]]\nid='a'\nrows=100\n" + repeated("[[window]]\n", 65422), "1:1",
+         "at most 65536 objects"},
     });
 }
 

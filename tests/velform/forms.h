@@ -75,9 +75,10 @@ struct Result {
     std::string output;
 };
 
-inline Result run(const std::string &arguments) {
+// The arguments may redirect; what comes before them is for the shell.
+inline Result run(const std::string &arguments, const std::string &before = "") {
     Result result;
-    FILE *pipe = popen((VELFORM_PATH " " + arguments + " 2>&1").c_str(), "r");
+    FILE *pipe = popen((before + VELFORM_PATH " 2>&1 " + arguments).c_str(), "r");
     for (int c; (c = std::fgetc(pipe)) != EOF;) result.output += static_cast<char>(c);
     const int code = pclose(pipe);
     if (WIFEXITED(code)) result.status = WEXITSTATUS(code);

@@ -7,12 +7,14 @@
 
 #include <fmt/format.h>
 
+#include "destination.h"
 #include "files.h"
 #include "form_builder.h"
 #include "form_check.h"
 #include "header.h"
 #include "identifier.h"
 #include "needed_files.h"
+#include "printable.h"
 #include "records.h"
 #include "toml_text.h"
 
@@ -25,25 +27,41 @@ std::string with_suffix(const std::string &path, const char *suffix) {
     return fs::path(path).replace_extension(suffix).string();
 }
 
+constexpr std::size_t largest_source = std::size_t{8} << 20; // bytes
+
+// Names are made from those of files only: there is no place next to a device or a pipe.
 CompileOptions with_all_paths(CompileOptions options) {
-    if (options.form.empty()) options.form = with_suffix(options.source, ".form");
-    if (options.text.empty()) options.text = with_suffix(options.form, ".text");
-    if (options.header.empty()) options.header = with_suffix(options.form, ".h");
+    if (options.form.empty()) {
+        if (is_stream(options.source)) {
+            throw WrongUsage("a source that is no file needs a name for the form, see --form");
+        }
+        options.form = with_suffix(options.source, ".form");
+    }
+    const std::string &named = is_stream(options.form) ? options.source : options.form;
+    if ((options.text.empty() || options.header.empty()) && is_stream(named)) {
+        throw WrongUsage("without a source or form that is a file, the text file and the header "
+                         "need names, see --text and --header");
+    }
+    if (options.text.empty()) options.text = with_suffix(named, ".text");
+    if (options.header.empty()) options.header = with_suffix(named, ".h");
     return options;
 }
 
-bool name_four_files(const CompileOptions &o) {
+// Of those that are files.
+bool name_different_files(const CompileOptions &o) {
     std::set<fs::path> paths;
     for (const std::string &path : {o.source, o.form, o.text, o.header}) {
-        paths.insert(fs::weakly_canonical(path));
+        if (!is_stream(path) && !paths.insert(fs::weakly_canonical(path)).second) return false;
     }
-    return paths.size() == 4;
+    return true;
 }
 
 std::string prefix_of(const CompileOptions &options, const FormSource &source,
                       Diagnostics &diagnostics) {
     if (!options.prefix.empty()) return upper_case(options.prefix);
-    if (!source.prefix || source.prefix->empty()) return prefix_for(options.source);
+    if (!source.prefix || source.prefix->empty()) {
+        return prefix_for(is_stream(options.source) ? options.form : options.source);
+    }
     std::string prefix = upper_case(*source.prefix);
     if (prefix == "VEL") {
         diagnostics.error(source.prefix_where, "the prefix VEL is the library's; choose another");
@@ -60,7 +78,7 @@ struct Outputs {
 
 // What it returns counts only when nothing is wrong.
 Outputs outputs_of(const CompileOptions &options, Diagnostics &diagnostics) {
-    const auto root = parse_toml(read_file(options.source), diagnostics);
+    const auto root = parse_toml(read_file(options.source, largest_source), diagnostics);
     if (!root) return {};
     const FormSource source = read_form_source(*root, diagnostics);
     const Form form = build_form(source, diagnostics);
@@ -68,11 +86,14 @@ Outputs outputs_of(const CompileOptions &options, Diagnostics &diagnostics) {
     const std::string prefix = prefix_of(options, source, diagnostics);
     std::string header = header_text(form, prefix, diagnostics);
     if (diagnostics.has_errors()) return {};
-    const std::string folder = folder_of(options.form);
     Outputs outputs{{{options.form, form_file_bytes(form)},
                      {options.text, text_file_bytes(form)},
                      {options.header, std::move(header)}},
-                    missing_files(form, {folder, folder_of(options.source)})};
+                    {}};
+    // Nobody knows where a form will be that goes through a pipe.
+    if (is_stream(options.form)) return outputs;
+    const std::string folder = folder_of(options.form);
+    outputs.missing = missing_files(form, {folder, folder_of(options.source)});
     std::ranges::move(frame_pictures_to_write(form, folder), std::back_inserter(outputs.files));
     return outputs;
 }
@@ -80,8 +101,9 @@ Outputs outputs_of(const CompileOptions &options, Diagnostics &diagnostics) {
 void report_missing(const CompileOptions &options, const std::vector<std::string> &files,
                     std::ostream &out) {
     for (const std::string &file : files) {
-        out << fmt::format("{} needs {}, which is not there; put it at {}\n", options.form, file,
-                           (fs::path(folder_of(options.form)) / file).string());
+        out << printable(fmt::format("{} needs {}, which is not there; put it at {}", options.form,
+                                     file, (fs::path(folder_of(options.form)) / file).string()))
+            << '\n';
     }
 }
 
@@ -89,11 +111,12 @@ void report_missing(const CompileOptions &options, const std::vector<std::string
 
 Status compile(const CompileOptions &given, std::ostream &out, std::ostream &err) {
     const CompileOptions options = with_all_paths(given);
-    if (!name_four_files(options)) {
+    if (!name_different_files(options)) {
         throw WrongUsage("the source and the three outputs must be four different files");
     }
     if (!options.prefix.empty() && !is_identifier(options.prefix)) {
-        throw WrongUsage("the prefix must be a letter followed by letters, digits and '_'");
+        throw WrongUsage("the prefix must be a letter followed by letters, digits and '_', "
+                         "255 characters at most");
     }
     Diagnostics diagnostics;
     const Outputs outputs = outputs_of(options, diagnostics);

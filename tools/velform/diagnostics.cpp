@@ -2,23 +2,42 @@
 
 #include <algorithm>
 
+#include "printable.h"
+
 namespace velform {
 namespace {
 
-constexpr std::size_t most_lines = 100; // of errors, and of warnings
-
-void print_rest(std::ostream &out, const std::string &file, std::size_t count, const char *what) {
-    if (count > most_lines) out << file << ": " << count - most_lines << " more " << what << '\n';
-}
+constexpr std::size_t most_lines = 100;    // of errors, and of warnings
+constexpr std::size_t most_entries = 5000; // until those that will not be printed are counted only
 
 } // namespace
 
 void Diagnostics::error(Position where, std::string message) {
-    entries_.push_back({where, Severity::error, std::move(message)});
+    add({where, Severity::error, printable(message)});
 }
 
 void Diagnostics::warning(Position where, std::string message) {
-    entries_.push_back({where, Severity::warning, std::move(message)});
+    add({where, Severity::warning, printable(message)});
+}
+
+void Diagnostics::add(Entry entry) {
+    if (entries_.size() == most_entries) keep_first();
+    entries_.push_back(std::move(entry));
+}
+
+void Diagnostics::keep_first() {
+    std::array<std::size_t, 2> kept{};
+    std::vector<Entry> first;
+    for (Entry &entry : sorted()) {
+        const auto severity = static_cast<std::size_t>(entry.severity);
+        if (kept[severity] < most_lines) {
+            ++kept[severity];
+            first.push_back(std::move(entry));
+        } else {
+            ++left_out_[severity];
+        }
+    }
+    entries_ = std::move(first);
 }
 
 bool Diagnostics::has_errors() const {
@@ -34,16 +53,18 @@ std::vector<Diagnostics::Entry> Diagnostics::sorted() const {
     return entries;
 }
 
-void Diagnostics::print(std::ostream &out, const std::string &file) const {
-    std::size_t errors = 0, warnings = 0;
-    for (const auto &[where, severity, message] : sorted()) {
-        const bool is_error = severity == Severity::error;
-        if (++(is_error ? errors : warnings) > most_lines) continue;
-        out << file << ':' << where.line << ':' << where.column << ": "
-            << (is_error ? "error" : "warning") << ": " << message << '\n';
+void Diagnostics::print(std::ostream &out, const std::string &file) {
+    constexpr std::array names{"error", "warning"};
+    const std::string place = printable(file);
+    keep_first();
+    for (const auto &[where, severity, message] : entries_) {
+        out << place << ':' << where.line << ':' << where.column << ": "
+            << names[static_cast<std::size_t>(severity)] << ": " << message << '\n';
     }
-    print_rest(out, file, errors, "errors");
-    print_rest(out, file, warnings, "warnings");
+    for (std::size_t k = 0; k < names.size(); ++k) {
+        if (left_out_[k] == 0) continue;
+        out << place << ": " << left_out_[k] << " more " << names[k] << "s\n";
+    }
 }
 
 } // namespace velform

@@ -1,6 +1,7 @@
 // What is wrong with a form source, and where; gathered over a whole run and printed in order.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <ostream>
 #include <string>
@@ -22,8 +23,9 @@ public:
     bool has_errors() const;
 
     // Prints one line each, once, in the order of the source: "file:line:column: error: message";
-    // of errors and of warnings only the first hundred, and how many more there are.
-    void print(std::ostream &out, const std::string &file) const;
+    // of errors and of warnings only the first hundred, and how many more there are. Words of the
+    // source come as printable() makes them.
+    void print(std::ostream &out, const std::string &file);
 
 private:
     enum class Severity { error, warning };
@@ -33,9 +35,12 @@ private:
         std::string message;
         bool operator==(const Entry &) const = default;
     };
+    void add(Entry entry);
+    void keep_first();
     std::vector<Entry> sorted() const;
 
     std::vector<Entry> entries_;
+    std::array<std::size_t, 2> left_out_{}; // of each severity
 };
 
 } // namespace velform

@@ -8,8 +8,10 @@
 
 namespace velform {
 
-// Throws FileProblem.
-std::string read_file(const std::string &path);
+inline constexpr std::size_t largest_file = std::size_t{64} << 20; // bytes
+
+// Reads a file, a pipe or a device up to its end. Throws FileProblem, also when it is larger.
+std::string read_file(const std::string &path, std::size_t largest = largest_file);
 
 struct OutputFile {
     std::string path;
@@ -18,6 +20,11 @@ struct OutputFile {
 };
 
 // Either all files are written or, after a FileProblem, all files and folders are as they were.
+// What is there keeps its mode and, if it may, its owner; links are followed. Devices and pipes are
+// written to first.
 void replace_files(std::span<const OutputFile> files);
+
+// "cannot read x: No such file or directory"
+[[noreturn]] void fail_at_file(std::string_view what, const std::string &path, int code);
 
 } // namespace velform

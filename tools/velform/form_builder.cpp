@@ -44,19 +44,15 @@ Settings frame_button_settings(const FormSource &source, std::uint32_t button) {
     return settings;
 }
 
-std::size_t count_of(const std::vector<ObjectSource> &list) {
-    std::size_t count = list.size();
-    for (const ObjectSource &object : list) count += count_of(object.objects);
-    return count;
-}
-
 class Builder {
 public:
     Builder(const FormSource &source, Diagnostics &diagnostics)
         : source_(source), diagnostics_(diagnostics), styles_(source, diagnostics) {}
 
     Form build() {
-        form_.objects.reserve(VEL_FRAME_BUTTONS + count_of(source_.objects));
+        std::size_t count = VEL_FRAME_BUTTONS;
+        for (const ObjectSource &object : source_.objects) count += count_of(object);
+        form_.objects.reserve(count);
         for (std::uint32_t button = 1; button <= VEL_FRAME_BUTTONS; ++button) {
             const ObjectSource &source = source_.frame_buttons[button - 1];
             Settings settings = frame_button_settings(source_, button);
@@ -149,6 +145,11 @@ private:
         }
         first.text = static_cast<std::uint32_t>(form_.texts.size() + 1);
         form_.texts.insert(form_.texts.end(), texts.begin(), texts.end());
+        if (form_.texts.size() > most_records) {
+            diagnostics_.error({}, fmt::format("a form holds at most {} texts, with those for what "
+                                               "it says of keys and answers; take some out",
+                                               most_records));
+        }
     }
 
     void note_ids() {

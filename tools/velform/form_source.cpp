@@ -20,6 +20,8 @@ struct ListKey {
     std::optional<std::uint32_t> type; // what its objects are unless they say it
 };
 
+constexpr std::size_t most_styles = 10000;
+constexpr std::size_t most_hints = 1000; // beyond these, hints would only take time
 constexpr std::string_view file_dialog_key = "file_dialog";
 
 constexpr ListKey list_keys[] = {
@@ -94,9 +96,10 @@ private:
     void refuse_unknown_keys(const toml::table &table, const Keys &known, std::string_view what) {
         for (const auto &[key, value] : table) {
             if (std::ranges::find(known, key.str()) != known.end()) continue;
+            const std::string hint = hints_left_ == 0 ? "" : did_you_mean(key.str(), known);
+            if (hints_left_ > 0) --hints_left_;
             diagnostics_.error(position_of(key),
-                               fmt::format("{} has no key '{}'{}", what, key.str(),
-                                           did_you_mean(key.str(), known)));
+                               fmt::format("{} has no key '{}'{}", what, key.str(), hint));
         }
     }
 
@@ -128,12 +131,17 @@ private:
         if (string != nullptr && is_identifier(string->get())) return string->get();
         diagnostics_.error(position_of(node),
                            fmt::format("`{}` must be a letter followed by letters, digits and '_', "
-                                       "as a string",
-                                       what));
+                                       "as a string of at most {} characters",
+                                       what, longest_identifier));
         return {};
     }
 
     void read_styles(const toml::table &styles, FormSource &source) {
+        if (styles.size() > most_styles) {
+            diagnostics_.error(position_of(styles),
+                               fmt::format("a form holds at most {} styles", most_styles));
+            return;
+        }
         for (const auto &[name, node] : styles) {
             const toml::table *table = as_table(node, fmt::format("the style '{}'", name.str()));
             if (table == nullptr) continue;
@@ -216,9 +224,10 @@ private:
                    std::vector<ObjectSource> &objects) {
         // Objects are large, and a list that grows moves them again and again.
         if (const toml::array *entries = node.as_array()) {
-            objects.reserve(objects.size() + entries->size());
+            objects.reserve(objects.size() + std::min(entries->size(), room_));
         }
         for_each_table(list.key, node, [&](const toml::table &table) {
+            if (!take_room(1, position_of(table))) return;
             objects.push_back(read_object(table));
             objects.back().default_type = list.type;
         });
@@ -251,6 +260,7 @@ private:
     }
 
     void read_file_dialog(const toml::table &table, std::vector<ObjectSource> &objects) {
+        if (is_full_) return;
         refuse_unknown_keys(table, keys_of_file_dialogs(), "a file dialog");
         FileDialog dialog;
         dialog.where = position_of(table);
@@ -281,7 +291,21 @@ private:
             diagnostics_.error(dialog.where, "a file dialog needs an `id`, which the program calls "
                                              "it by");
         }
-        objects.push_back(file_dialog_window(dialog, diagnostics_));
+        ObjectSource window = file_dialog_window(dialog, diagnostics_);
+        if (take_room(count_of(window), dialog.where)) objects.push_back(std::move(window));
+    }
+
+    // What has no room in the file is left out, and the first of it is reported.
+    bool take_room(std::size_t count, Position where) {
+        const bool has_room = count <= room_;
+        if (!has_room && !is_full_) {
+            diagnostics_.error(where, fmt::format("a form holds at most {} objects, with its frame "
+                                                  "buttons; take some out",
+                                                  most_records));
+        }
+        is_full_ = is_full_ || !has_room;
+        if (has_room) room_ -= count;
+        return has_room;
     }
 
     ObjectSource read_object(const toml::table &table) {
@@ -298,9 +322,18 @@ private:
     }
 
     Diagnostics &diagnostics_;
+    std::size_t room_ = most_records - VEL_FRAME_BUTTONS;
+    bool is_full_ = false;
+    std::size_t hints_left_ = most_hints;
 };
 
 } // namespace
+
+std::size_t count_of(const ObjectSource &object) {
+    std::size_t count = 1;
+    for (const ObjectSource &inner : object.objects) count += count_of(inner);
+    return count;
+}
 
 FormSource read_form_source(const toml::table &root, Diagnostics &diagnostics) {
     return Reader(diagnostics).read(root);

@@ -33,6 +33,12 @@ struct ObjectSource : Block {
     std::vector<ObjectSource> objects;
 };
 
+// The object with all that is in it.
+std::size_t count_of(const ObjectSource &object);
+
+// What a program loads of a file.
+inline constexpr std::size_t most_records = 65536;
+
 // Where the pictures of the frame buttons are, unless the source names another folder.
 inline constexpr std::string_view standard_frame_folder = "frame";
 

@@ -1,21 +1,28 @@
 // velform: compiles, renders and documents forms.
+#include <cerrno>
+#include <csignal>
+#include <cstring>
 #include <functional>
 #include <iostream>
+#include <sstream>
 
 #include <CLI/CLI.hpp>
+#include <fcntl.h>
 
 #include "compile.h"
+#include "descriptor.h"
 #include "fields_page.h"
 #include "files.h"
+#include "printable.h"
 #include "render.h"
 
 using namespace velform;
 
 namespace {
 
-Status print_fields(const std::string &page) {
+Status print_fields(const std::string &page, std::ostream &out) {
     if (page.empty()) {
-        std::cout << field_reference();
+        out << field_reference();
     } else {
         const OutputFile file{page, with_field_reference(read_file(page))};
         replace_files({&file, 1});
@@ -26,7 +33,7 @@ Status print_fields(const std::string &page) {
 // Each command fills its options and says what to run.
 class Program {
 public:
-    Program() {
+    explicit Program(std::ostream &out) : out_(out) {
         app_.require_subcommand(1);
         app_.set_help_all_flag("--help-all", "Print the help of all commands");
         add_compile();
@@ -38,7 +45,9 @@ public:
         try {
             app_.parse(argc, argv);
         } catch (const CLI::ParseError &e) {
-            return app_.exit(e) == 0 ? Status::done : Status::wrong_usage;
+            // Help is no fault; what is wrong names words of the command line.
+            if (e.get_exit_code() == 0) return static_cast<Status>(app_.exit(e, out_, std::cerr));
+            throw WrongUsage(std::string(e.what()) + "; see velform --help");
         }
         return action_();
     }
@@ -55,7 +64,7 @@ private:
         command->add_option("--prefix", compile_.prefix,
                             "What the names in the header begin with [the source's name]");
         command->callback(
-            [this] { action_ = [this] { return compile(compile_, std::cout, std::cerr); }; });
+            [this] { action_ = [this] { return compile(compile_, out_, std::cerr); }; });
     }
 
     void add_render() {
@@ -81,6 +90,10 @@ private:
         command->add_option("--font-size", render_.font_size, "Points of the default font")
             ->check(CLI::Range(1, 1000))
             ->capture_default_str();
+        command->add_flag(
+            "--any-picture", render_.any_picture,
+            "Load pictures of all formats that SDL_image knows, not only PNG, BMP and "
+            "JPEG; only for files that you trust");
         command->callback([this] { action_ = [this] { return render(render_, std::cerr); }; });
     }
 
@@ -89,9 +102,10 @@ private:
             "fields", "Print the reference of keys and record fields, as Markdown");
         command->add_option("--into", page_,
                             "Page whose part between the marks is to be replaced instead");
-        command->callback([this] { action_ = [this] { return print_fields(page_); }; });
+        command->callback([this] { action_ = [this] { return print_fields(page_, out_); }; });
     }
 
+    std::ostream &out_;
     CLI::App app_{"Compiles forms for programs with Velumo, and draws them."};
     CompileOptions compile_;
     RenderOptions render_;
@@ -100,19 +114,40 @@ private:
 };
 
 Status guarded_run(int argc, char **argv) {
-    const auto fail = [](const std::exception &e, Status status) {
-        std::cerr << "velform: " << e.what() << '\n';
+    const auto fail = [](std::string_view why, Status status) {
+        std::cerr << "velform: " << printable(why) << '\n';
         return status;
     };
     try {
-        return Program().run(argc, argv);
+        std::ostringstream out;
+        const Status status = Program(out).run(argc, argv);
+        if (write_all(STDOUT_FILENO, out.str())) return status;
+        const std::string why = "cannot write to standard output: ";
+        return fail(why + std::strerror(errno), Status::file_problem);
     } catch (const WrongUsage &e) {
-        return fail(e, Status::wrong_usage);
+        return fail(e.what(), Status::wrong_usage);
+    } catch (const std::bad_alloc &) {
+        return fail("there is not enough memory", Status::file_problem);
     } catch (const std::exception &e) {
-        return fail(e, Status::file_problem);
+        return fail(e.what(), Status::file_problem);
+    }
+}
+
+// Limits and readers that have gone are faults of writing, not the end of the process. A standard
+// descriptor that is closed would become that of the next file.
+void prepare_process() {
+    std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
+    for (int descriptor = 0; descriptor <= 2; ++descriptor) {
+        // Open the wrong way round, so that using it still fails.
+        const int flags = descriptor == 0 ? O_WRONLY : O_RDONLY;
+        if (fcntl(descriptor, F_GETFD) < 0) open("/dev/null", flags);
     }
 }
 
 } // namespace
 
-int main(int argc, char **argv) { return static_cast<int>(guarded_run(argc, argv)); }
+int main(int argc, char **argv) {
+    prepare_process();
+    return static_cast<int>(guarded_run(argc, argv));
+}

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstring>
 #include <filesystem>
 #include <optional>
 #include <span>
@@ -12,11 +13,13 @@
 #include "files.h"
 #include "header.h"
 #include "png_file.h"
+#include "printable.h"
 
 namespace velform {
 namespace {
 
 constexpr std::uint32_t largest_side = 8192;
+constexpr std::size_t most_warnings = 100;
 constexpr vel_colour mark_colour{0x2F, 0x6F, 0xDE};
 
 // Reads the whole text as a number, or returns nothing.
@@ -59,11 +62,17 @@ public:
     Stage(const RenderOptions &options, Size size) {
         ctx_.texts_loaded = 1;
         ctx_.comfort = VEL_COMFORT_ALL;
+        ctx_.strict_pictures = options.any_picture ? 0 : 1;
         ctx_.mark_colour_a = ctx_.mark_colour_b = mark_colour;
         ctx_.background_colour = colour_in(options.background);
         if (TTF_Init() != 0) throw FileProblem(fmt::format("no fonts: {}", TTF_GetError()));
         open_screen(size);
-        ctx_.font = TTF_OpenFont(options.font.c_str(), options.font_size);
+        // A pipe would be waited for.
+        if (std::filesystem::is_regular_file(options.font)) {
+            ctx_.font = TTF_OpenFont(options.font.c_str(), options.font_size);
+        } else {
+            SDL_SetError("it is not there, or no file");
+        }
         if (ctx_.screen == nullptr || ctx_.font == nullptr) {
             const std::string fault = SDL_GetError();
             vel_close(&ctx_);
@@ -101,19 +110,31 @@ void load(vel_context &ctx, const RenderOptions &options) {
                                   vel_error_text(result)));
 }
 
+// A form need not end its paths.
+template <std::size_t size> std::string path_in(const char (&path)[size]) {
+    return printable({path, strnlen(path, size)});
+}
+
 // What an author would look for in vain on the picture.
 void warn_of_missing_files(const vel_context &ctx, std::ostream &err) {
+    std::size_t count = 0;
+    const auto warn = [&](std::uint32_t number, std::string_view fault, const std::string &path) {
+        if (++count > most_warnings) return;
+        err << fmt::format("velform: warning: object {}: {} {}\n", number, fault, path);
+    };
     for (std::uint32_t number = 1; number <= ctx.object_count; ++number) {
         const vel_object &o = ctx.objects[number];
         const bool is_unused = number <= VEL_FRAME_BUTTONS && o.hidden != 0;
         if (o.type == VEL_TYPE_PICTURE_UNLOADED && !is_unused) {
-            err << fmt::format("velform: warning: object {}: cannot load the picture {}\n", number,
-                               o.image_path);
+            warn(number, "cannot load the picture", path_in(o.image_path));
         }
         if (o.font_choice == 1 && o.own_font == nullptr) {
-            err << fmt::format("velform: warning: object {}: cannot open the font {}\n", number,
-                               o.font_path);
+            warn(number, "cannot open the font", path_in(o.font_path));
         }
+    }
+    if (count > most_warnings) {
+        err << fmt::format("velform: warning: {} more files cannot be loaded\n",
+                           count - most_warnings);
     }
 }
 

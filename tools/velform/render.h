@@ -19,6 +19,7 @@ struct RenderOptions {
     std::string background = "#e3e9f0";
     std::string font = "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf";
     int font_size = 14;
+    bool any_picture = false; // all formats, not only those whose files are checked
 };
 
 // Warns on err of fonts and pictures that cannot be loaded. Throws WrongUsage and FileProblem.
