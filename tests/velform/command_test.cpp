@@ -114,7 +114,8 @@ TEST(Compile, keeps_links_modes_and_pipes_and_removes_what_a_killed_run_left) {
     std::filesystem::permissions(form, std::filesystem::perms::owner_all);
     const std::string stale = folder.write(".velform-" + std::to_string(getuid()) + "-1");
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
-    const auto result = run("compile " + source + " --header " + pipe + " & cat " + pipe);
+    const auto result =
+        run("compile " + source + " --header " + pipe + " & cat " + pipe + "; wait");
     EXPECT_NE(result.output.find("A_MAIN = 8,"), std::string::npos) << result.output;
     test::Names links, files;
     for (const auto &entry : std::filesystem::directory_iterator(folder.file(""))) {
@@ -128,11 +129,17 @@ TEST(Compile, keeps_links_modes_and_pipes_and_removes_what_a_killed_run_left) {
     EXPECT_TRUE(std::filesystem::is_fifo(pipe));
     EXPECT_EQ(contents(form).size(), 8U * 776);
     EXPECT_EQ(std::filesystem::status(form).permissions(), std::filesystem::perms::owner_all);
-    // What is piped in has no name to make others from, and what is piped out has no folder.
-    EXPECT_EQ(run("compile -o " + form + " /dev/stdin <" + source).status, 0);
-    EXPECT_EQ(run("compile /dev/stdin <" + source).status, 2);
+    // What is piped in has no name to make others from, and what is piped out has no folder. Not
+    // /dev/stdout, which a fault would replace.
+    const Folder links_only;
+    const std::string in = links_only.file("in"), out = links_only.file("out");
+    std::filesystem::create_symlink("/proc/self/fd/0", in);
+    std::filesystem::create_symlink("/proc/self/fd/1", out);
+    EXPECT_EQ(run("compile -o " + form + " " + in + " <" + source).status, 0);
+    EXPECT_EQ(run("compile " + in + " <" + source).status, 2);
     const std::string log = folder.write("log", "old");
-    EXPECT_EQ(run("compile " + source + " -o /dev/stdout >>" + log).status, 0);
+    EXPECT_EQ(run("compile " + source + " -o " + out + " >>" + log).status, 0);
+    EXPECT_EQ(names_in(links_only), "in out");
     EXPECT_EQ(contents(log).size(), 3 + 8U * 776);
 }
 
