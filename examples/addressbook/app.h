@@ -22,14 +22,18 @@ typedef struct App {
     int is_ending;
 } App;
 
+/* main.c */
+int must_end(void); /* a signal has asked for it: nobody is there to answer questions */
+
 /* screen.c; texts are UTF-8 */
 const char *start_display(vel_context *ctx); /* returns what went wrong, or null */
 void draw(App *app);
 void set_label(App *app, uint32_t object, const char *text);
 void set_text(App *app, uint32_t object, const char *text);
 void show(App *app, uint32_t window, uint32_t ok);
-int tell(App *app, const char *text);                                     /* returns 0 */
-int ask(App *app, const char *text, const char *yes, const char *no);     /* 1, 0; -1 = neither */
+int tell(App *app, const char *text);                                 /* returns 0 */
+int ask(App *app, const char *text, const char *yes, const char *no); /* 1, 0; -1 = neither */
+void say(const char *done, int64_t number, const char *what); /* on standard output, one line */
 int report(App *app, const char *done, int64_t number, const char *what); /* returns 1 */
 
 /* book_list.c */

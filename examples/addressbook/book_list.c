@@ -11,13 +11,14 @@ static const vel_colour row_fills[] = {{0xff, 0xff, 0xff}, {0xd6, 0xe4, 0xfb}};
 static int add_row(void *receiver, int count, char **values, char **names) {
     App *const app = receiver;
     const uint32_t row = app->rows++, cells[] = {ADDRESSBOOK_ROW + row, ADDRESSBOOK_ROW_TOWN + row};
-    const int64_t id = app->row_ids[row] = count == 0 ? 0 : atoll(values[0]);
+    const int is_empty = count == 0 || values[0] == NULL;
+    const int64_t id = app->row_ids[row] = is_empty ? 0 : atoll(values[0]);
     const vel_colour fill = row_fills[id != 0 && id == app->card.id];
     for (int k = 0; k < 2; ++k) {
         vel_object *const o = &app->context.objects[cells[k]];
         o->fill_r = fill.r, o->fill_g = fill.g, o->fill_b = fill.b;
         vel_set_enabled(&app->context, cells[k], id != 0); /* Tab passes empty rows over */
-        set_label(app, cells[k], count == 0 ? "" : values[k + 1]);
+        set_label(app, cells[k], is_empty || values[k + 1] == NULL ? "" : values[k + 1]);
     }
     return 0;
 }
@@ -53,7 +54,7 @@ void search_list(App *app) {
     snprintf(footer, sizeof footer, "Found: %lld", (long long)app->found);
     set_label(app, ADDRESSBOOK_FOUND, footer);
     scroll_list(app, -app->first);
-    printf("found %lld %s\n", (long long)app->found, words);
+    say("found", app->found, words);
 }
 
 void load_list(App *app) {

@@ -2,9 +2,9 @@
 #include <SDL_image.h>
 #include <stdio.h>
 #include <string.h>
-#include <sys/stat.h>
 
 #include "app.h"
+#include "picture_file.h"
 
 static const uint32_t entries[] = {
     [NAME] = ADDRESSBOOK_NAME,           [STREET] = ADDRESSBOOK_STREET,
@@ -29,9 +29,7 @@ static void shrink(const SDL_Surface *from, SDL_Surface *to, int step) {
 
 /* In the display's format, and smaller by a whole factor when it would not fit. */
 static SDL_Surface *load_picture(const char *path, int width, int height) {
-    struct stat status;
-    const int is_file = stat(path, &status) == 0 && S_ISREG(status.st_mode);
-    SDL_Surface *const file = is_file ? IMG_Load(path) : NULL;
+    SDL_Surface *const file = is_sound_picture(path) ? IMG_Load(path) : NULL;
     SDL_Surface *const whole = file == NULL ? NULL : SDL_DisplayFormat(file);
     SDL_Surface *small = NULL;
     int step = 1;
@@ -75,6 +73,15 @@ static Contact read_card(App *app) {
     return contact;
 }
 
+/* A contact that is not quite what the card can hold would be cut off when it is saved again. */
+static int fits(App *app) {
+    const Contact shown = read_card(app);
+    for (int k = 0; k < FIELD_COUNT; ++k) {
+        if (strcmp(shown.field[k], app->card.field[k]) != 0) return 0;
+    }
+    return 1;
+}
+
 static int show_card(App *app, const Contact *contact) {
     app->card = *contact;
     for (int k = 0; k < ENTRIES; ++k) set_label(app, entries[k], contact->field[k]);
@@ -86,7 +93,10 @@ static int show_card(App *app, const Contact *contact) {
 int open_card(App *app, int64_t id) {
     Contact contact;
     if (!store_load(&app->store, id, &contact)) return tell(app, app->store.message);
-    return show_card(app, &contact);
+    show_card(app, &contact);
+    if (fits(app)) return 1;
+    new_card(app);
+    return tell(app, "This contact has signs or lengths that cannot be shown here.");
 }
 
 int new_card(App *app) {
@@ -104,10 +114,7 @@ int save_card(App *app) {
 }
 
 int leave_card(App *app) {
-    const Contact contact = read_card(app);
-    int k = 0;
-    while (k < FIELD_COUNT && strcmp(contact.field[k], app->card.field[k]) == 0) ++k;
-    if (k == FIELD_COUNT) return 1;
+    if (fits(app)) return 1;
     const int answer =
         ask(app, "The changes to this contact have not been saved.", "Save", "Discard");
     return answer == 0 || (answer == 1 && save_card(app));

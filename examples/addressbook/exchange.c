@@ -14,7 +14,7 @@ typedef struct Reader {
     FILE *file;
     int line, begin; /* where it reads, and where the record began */
 } Reader;
-enum { PROBLEM = EOF - 1 };
+enum { PROBLEM = EOF - 1, LARGEST_FILE = 16 << 20 };
 
 static int fail(Reader *reader, const char *problem) {
     char message[500];
@@ -79,6 +79,7 @@ static int read_contacts(Reader *reader) {
     }
     for (++reader->line; (result = read_record(reader, contact.field)) == 1; ++count) {
         contact.id = 0;
+        if (store_must_stop(reader->store)) return fail(reader, "The import was ended.");
         if (!store_save(reader->store, &contact)) return fail(reader, reader->store->message);
     }
     return result == 0 ? count : PROBLEM;
@@ -88,6 +89,9 @@ int import_contacts(Store *store, const char *path) {
     struct stat status;
     /* Anything but a file, a pipe for one, could let the program wait. */
     const int is_file = stat(path, &status) == 0 && S_ISREG(status.st_mode);
+    if (is_file && status.st_size > LARGEST_FILE) {
+        return store_fail(store, "The file is larger than 16 MiB.") - 1;
+    }
     Reader reader = {store, is_file ? fopen(path, "r") : NULL, 1, 1};
     if (reader.file == NULL) return store_fail(store, "The file cannot be read.") - 1;
     int count = store_run(store, NULL, NULL, "BEGIN IMMEDIATE") ? read_contacts(&reader) : PROBLEM;
@@ -98,7 +102,7 @@ int import_contacts(Store *store, const char *path) {
 }
 
 static int write_row(void *file, int count, char **values, char **names) {
-    return count != 1 || fprintf(file, "%s\r\n", values[0]) < 0;
+    return count != 1 || values[0] == NULL || fprintf(file, "%s\r\n", values[0]) < 0;
 }
 
 /* Writes a new file and puts it in the place of the old one when it is whole. */
@@ -110,8 +114,11 @@ int export_contacts(Store *store, const char *path) {
     store_fail(store, "The file cannot be written.");
     if (file == NULL) return 0;
     fprintf(file, "%s\r\n", header);
-    int is_done = store_run(store, write_row, file,
-                            "SELECT line FROM csv ORDER BY book_order(name), name, id");
+    int is_done =
+        store_run(store, write_row, file,
+                  "SELECT printf('\"%%w\",\"%%w\",%%s,\"%%w\",\"%%w\",\"%%w\",\"%%w\",\"%%w\"', "
+                  "name, street, post_code, town, telephone, email, notes, picture) "
+                  "FROM contact ORDER BY book_order(name), name, id");
     is_done = is_done && fflush(file) == 0 && !ferror(file) && fsync(descriptor) == 0;
     fclose(file);
     if (is_done && rename(draft, path) == 0) return 1;

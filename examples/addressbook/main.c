@@ -1,5 +1,6 @@
 /* The address book: contacts in a list and on a card, kept in a file of SQLite. */
 #include <libgen.h>
+#include <signal.h>
 #include <stdio.h>
 #include <stdlib.h>
 #include <string.h>
@@ -7,6 +8,23 @@
 #include <unistd.h>
 
 #include "app.h"
+
+/* A handler has no other place to write to. */
+static volatile sig_atomic_t is_asked_to_end;
+
+static void ask_to_end(int number) { is_asked_to_end = 1; }
+
+int must_end(void) { return is_asked_to_end != 0; }
+
+/* Before SDL starts, whose own handler works in SDL's queue of events, wherever that is
+ * interrupted.
+ */
+static void handle_signals(void) {
+    static const int signals[] = {SIGTERM, SIGINT, SIGHUP};
+    const struct sigaction action = {.sa_handler = ask_to_end, .sa_flags = SA_RESTART};
+    for (int k = 0; k < 3; ++k) sigaction(signals[k], &action, NULL);
+    signal(SIGPIPE, SIG_IGN); /* who follows on standard output may go away */
+}
 
 /* Escape closes a menu or leaves the frame buttons; it must not close the book. */
 static int would_close_book(const vel_context *ctx) {
@@ -37,7 +55,7 @@ static int rows_to_scroll(const vel_context *ctx, const SDL_Event *event) {
 static uint32_t filter(vel_context *ctx, SDL_Event *event) {
     App *const app = ctx->application_a[0];
     const int is_key = event->type == SDL_KEYDOWN;
-    if (event->type == SDL_QUIT) return app->is_ending = 1, VEL_FILTER_END_LOOP;
+    if (event->type == SDL_QUIT || must_end()) return app->is_ending = 1, VEL_FILTER_END_LOOP;
     /* Only the help shows without a window; any click or key closes it. */
     if (ctx->active_window == 0 && (is_key || event->type == SDL_MOUSEBUTTONUP)) {
         return VEL_FILTER_END_LOOP;
@@ -49,9 +67,12 @@ static uint32_t filter(vel_context *ctx, SDL_Event *event) {
     return is_escape && would_close_book(ctx) ? VEL_FILTER_DROP : VEL_FILTER_PASS;
 }
 
-/* Searches as the user types: whatever key it was, the field holds other words then. */
-static void search_when_idle(vel_context *ctx) {
+/* Searches as the user types: whatever key it was, the field holds other words then. A signal makes
+ * an event, for which the filter ends whatever loop runs. */
+static void when_idle(vel_context *ctx) {
     App *const app = ctx->application_a[0];
+    SDL_Event quit = {.type = SDL_QUIT};
+    if (must_end()) SDL_PushEvent(&quit);
     const int is_in_front = ctx->active_window == ADDRESSBOOK_BOOK;
     const char *const words = ctx->objects[ADDRESSBOOK_SEARCH].label;
     if (is_in_front && strcmp(words, app->query) != 0) search_list(app);
@@ -72,7 +93,7 @@ static void run(App *app) {
         const uint32_t object = vel_wait_for_object(ctx);
         app->is_ending = object == 0 || object == VEL_BUTTON_CLOSE || object == ADDRESSBOOK_QUIT;
         if (!app->is_ending) act(app, object);
-    } while (!app->is_ending || !leave_card(app));
+    } while (!app->is_ending || !(must_end() || leave_card(app)));
 }
 
 /* The file in the user's data folder, which is made; if that fails, opening the file fails. */
@@ -92,6 +113,8 @@ int main(int count, char **arguments) {
     char path[4096] = "", *program = realpath("/proc/self/exe", NULL);
     if (count != 1 && !has_file) return fprintf(stderr, "usage: addressbook [--db FILE]\n"), 2;
     if (!has_file) find_file(path, sizeof path);
+    handle_signals();
+    app.store.stop = &is_asked_to_end;
     const int is_open = store_open(&app.store, has_file ? arguments[2] : path);
     /* The form, its pictures and the help are next to the program. */
     if (program == NULL || chdir(dirname(program)) != 0) return perror("addressbook"), EXIT_FAILURE;
@@ -99,7 +122,7 @@ int main(int count, char **arguments) {
     setvbuf(stdout, NULL, _IOLBF, 0);
     app.context.application_a[0] = &app;
     app.context.event_filter = filter;
-    app.context.idle_hook = search_when_idle;
+    app.context.idle_hook = when_idle;
     const char *const problem = start_display(&app.context);
     if (problem != NULL)
         return fprintf(stderr, "addressbook: cannot start: %s\n", problem), EXIT_FAILURE;

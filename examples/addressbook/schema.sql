@@ -43,9 +43,4 @@ CREATE TABLE contact (
         CONSTRAINT "The file name of the picture is not valid UTF-8."
             CHECK (picture NOT GLOB '*[' || char(65533) || ']*')
 );
--- The contacts as lines of a file of comma-separated values: each field quoted.
-CREATE VIEW csv AS SELECT id, name, '"' || replace(name, '"', '""') || '","' ||
-    replace(street, '"', '""') || '","' || post_code || '","' || replace(town, '"', '""') || '","' ||
-    replace(telephone, '"', '""') || '","' || replace(email, '"', '""') || '","' ||
-    replace(notes, '"', '""') || '","' || replace(picture, '"', '""') || '"' AS line FROM contact;
 COMMIT;

@@ -63,7 +63,7 @@ static uint32_t decide(App *app, uint32_t window, uint32_t first, uint32_t last)
 void show(App *app, uint32_t window, uint32_t ok) { decide(app, window, ok, ok); }
 
 int tell(App *app, const char *text) {
-    printf("notice 0 %s\n", text);
+    say("notice", 0, text);
     set_text(app, ADDRESSBOOK_NOTICE, text);
     show(app, ADDRESSBOOK_NOTICE, ADDRESSBOOK_NOTICE_OK);
     return 0;
@@ -82,12 +82,26 @@ int ask(App *app, const char *text, const char *yes, const char *no) {
     return answer == ADDRESSBOOK_YES ? 1 : answer == ADDRESSBOOK_NO ? 0 : -1;
 }
 
-/* In the status line, and on standard output for those who follow from outside. */
+/* For those who follow from outside. Words of a file must not reach the terminal as controls, which
+ * in UTF-8 are also 0x80 to 0x9f after 0xc2. */
+void say(const char *done, int64_t number, const char *what) {
+    printf("%s %lld ", done, (long long)number);
+    for (const char *c = what; *c != 0; ++c) {
+        const unsigned char byte = (unsigned char)*c;
+        const int is_control = byte < 0x20 || byte == 0x7f ||
+                               (c != what && c[-1] == '\xc2' && byte >= 0x80 && byte < 0xa0);
+        putchar(is_control ? '?' : byte);
+    }
+    putchar('\n');
+}
+
+/* In the status line, and on standard output. */
 int report(App *app, const char *done, int64_t number, const char *what) {
-    char status[400];
+    char status[400], word[40];
     snprintf(status, sizeof status, "%s: %s", done, what);
     set_label(app, ADDRESSBOOK_STATUS, status);
     draw(app);
-    printf("%c%s %lld %s\n", done[0] | 0x20, done + 1, (long long)number, what);
+    snprintf(word, sizeof word, "%c%s", done[0] | 0x20, done + 1);
+    say(word, number, what);
     return 1;
 }

@@ -4,8 +4,13 @@
 #include <stdio.h>
 #include <stdlib.h>
 #include <string.h>
+#include <sys/stat.h>
+#include <time.h>
 
 #include "text.h"
+
+/* A damaged or hostile file must not keep the user waiting; numbers of characters, milliseconds. */
+enum { LONGEST_TEXT = 1000000, LONGEST_RUN = 5000, STEPS_BETWEEN_LOOKS = 1000 };
 
 /* schema.sql, made into a string by the build. */
 static const char schema[] =
@@ -22,6 +27,10 @@ static const struct {
     {SQLITE_NOTADB, "The file is damaged or not an address book."},
     {SQLITE_CANTOPEN, "The file cannot be opened."},
     {SQLITE_FULL, "The disk is full."},
+    {SQLITE_INTERRUPT, "This takes too long; the file may be damaged."},
+    {SQLITE_TOOBIG, "The file holds a text that is too long."},
+    {SQLITE_ABORT, "This contact is too long to be shown."},
+    {SQLITE_AUTH, "The file is not an address book of this program."},
 };
 
 int store_fail(Store *store, const char *why) {
@@ -40,6 +49,19 @@ static int fail_in_database(Store *store) {
     return store_fail(store, code == SQLITE_CONSTRAINT && colon != NULL ? colon + 2 : message);
 }
 
+static int64_t now(void) {
+    struct timespec time;
+    clock_gettime(CLOCK_MONOTONIC, &time);
+    return (int64_t)time.tv_sec * 1000 + time.tv_nsec / 1000000;
+}
+
+int store_must_stop(const Store *store) { return store->stop != NULL && *store->stop != 0; }
+
+static int must_end(void *receiver) {
+    const Store *const store = receiver;
+    return store_must_stop(store) || now() > store->deadline;
+}
+
 int store_run(Store *store, sqlite3_callback visit, void *receiver, const char *format, ...) {
     const int was_changing = !sqlite3_get_autocommit(store->database);
     va_list arguments;
@@ -47,6 +69,7 @@ int store_run(Store *store, sqlite3_callback visit, void *receiver, const char *
     char *const sql = sqlite3_vmprintf(format, arguments);
     va_end(arguments);
     if (sql == NULL) return store_fail(store, "There is not enough memory.");
+    store->deadline = now() + LONGEST_RUN;
     const int is_done = sqlite3_exec(store->database, sql, visit, receiver, NULL) == SQLITE_OK ||
                         fail_in_database(store);
     sqlite3_free(sql);
@@ -67,7 +90,7 @@ static void book_order(sqlite3_context *result, int count, sqlite3_value **value
 }
 
 static int read_message(void *store, int count, char **values, char **names) {
-    return count == 1 ? store_fail(store, values[0]) : 1;
+    return count == 1 && values[0] != NULL ? store_fail(store, values[0]) : 1;
 }
 
 /* An empty file becomes an address book; what is none is left alone. */
@@ -79,19 +102,47 @@ static int check_file(Store *store) {
            store_run(
                store, read_message, store,
                "SELECT CASE WHEN application_id <> 1447380034 OR user_version <> 1 "
+               "OR NOT EXISTS (SELECT * FROM sqlite_master "
+               "WHERE name = 'contact' AND type = 'table' AND rootpage > 0) "
+               "OR (SELECT group_concat(name) FROM pragma_table_info('contact')) <> "
+               "'id,name,street,post_code,town,telephone,email,notes,picture' "
                "THEN 'The file is not an address book of this program.' "
                "WHEN quick_check <> 'ok' THEN 'The file is damaged.' ELSE '' END "
                "FROM pragma_application_id, pragma_user_version, pragma_quick_check LIMIT 1") &&
            store->message[0] == 0;
 }
 
+/* Nothing that is written in the file runs: no trigger, no view, no function with effects. */
+static void trust_nothing(Store *store) {
+    static const struct {
+        int option, value;
+    } options[] = {
+        {SQLITE_DBCONFIG_DEFENSIVE, 1},
+        {SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0},
+        {SQLITE_DBCONFIG_ENABLE_TRIGGER, 0},
+        {SQLITE_DBCONFIG_ENABLE_VIEW, 0},
+    };
+    for (size_t k = 0; k < sizeof options / sizeof *options; ++k) {
+        sqlite3_db_config(store->database, options[k].option, options[k].value, NULL);
+    }
+    sqlite3_limit(store->database, SQLITE_LIMIT_LENGTH, LONGEST_TEXT);
+    sqlite3_progress_handler(store->database, STEPS_BETWEEN_LOOKS, must_end, store);
+}
+
 int store_open(Store *store, const char *path) {
+    struct stat status;
+    if (stat(path, &status) == 0 && !S_ISREG(status.st_mode)) {
+        return store_fail(store, "The file cannot be opened.");
+    }
     if (sqlite3_open(path, &store->database) != SQLITE_OK) return fail_in_database(store);
-    sqlite3_busy_timeout(store->database, 1000);
-    sqlite3_create_function(store->database, "book_order", 1, SQLITE_UTF8, NULL, book_order, NULL,
-                            NULL);
+    trust_nothing(store);
+    sqlite3_busy_timeout(store->database, 500);
+    sqlite3_create_function(store->database, "book_order", 1, SQLITE_UTF8 | SQLITE_DIRECTONLY, NULL,
+                            book_order, NULL, NULL);
     /* EXTRA is FULL and syncs the folder as well: a change is on disk before it is reported. */
-    return store_run(store, NULL, NULL, "PRAGMA synchronous = EXTRA; PRAGMA temp_store = MEMORY") &&
+    return store_run(store, NULL, NULL,
+                     "PRAGMA synchronous = EXTRA; PRAGMA temp_store = MEMORY; "
+                     "PRAGMA cell_size_check = ON; PRAGMA mmap_size = 0") &&
            check_file(store);
 }
 
@@ -99,7 +150,9 @@ static int read_contact(void *contact, int count, char **values, char **names) {
     Contact *const c = contact;
     read_number(&c->id, 1, values, names);
     for (int k = 0; k < FIELD_COUNT && k + 1 < count; ++k) {
-        snprintf(c->field[k], FIELD_SIZE, "%s", values[k + 1]);
+        const char *const value = values[k + 1] != NULL ? values[k + 1] : "";
+        if (strlen(value) >= FIELD_SIZE) return 1;
+        strcpy(c->field[k], value);
     }
     return 0;
 }

@@ -1,6 +1,7 @@
 /* The contacts: on disk in one SQLite file, as a sorted list in memory, in and out as CSV. */
 #pragma once
 
+#include <signal.h>
 #include <sqlite3.h>
 #include <stdint.h>
 
@@ -17,6 +18,8 @@ typedef struct Contact {
 
 typedef struct Store {
     sqlite3 *database;
+    const volatile sig_atomic_t *stop; /* null, or what ends all work when it is no longer 0 */
+    int64_t deadline;                  /* of what is being run, in milliseconds */
     char message[400]; /* why the last function that returned 0 did so, for the user */
 } Store;
 
@@ -26,6 +29,7 @@ int store_load(Store *store, int64_t id, Contact *contact);
 int store_save(Store *store, Contact *contact); /* a new contact gets its id */
 /* Runs SQL made as by sqlite3_mprintf, all of it or nothing; visits rows as sqlite3_exec does. */
 int store_run(Store *store, sqlite3_callback visit, void *receiver, const char *format, ...);
+int store_must_stop(const Store *store);
 int store_fail(Store *store, const char *why); /* leaves the message and returns 0 */
 
 /* The table 'found' has id, name and town of what was found, as a telephone book sorts them. */

@@ -43,12 +43,15 @@ static const char *name_of(uint32_t number) {
     return "other";
 }
 
-/* Prints ISO 8859-1 as UTF-8, line ends as \n. */
+/* Prints ISO 8859-1 as UTF-8, line ends as \n; what was pasted must not reach the terminal as
+ * controls. */
 static void print_text(const char *text) {
     const unsigned char *c = (const unsigned char *)text;
     for (; *c != 0; ++c) {
         if (*c == '\n') {
             fputs("\\n", stdout);
+        } else if (*c < 0x20 || (*c >= 0x7f && *c < 0xa0)) {
+            putchar('?');
         } else if (*c < 0x80) {
             putchar(*c);
         } else {

@@ -1,4 +1,5 @@
 /* The tour: a desk with all kinds of objects, borders and windows, to click and to type on. */
+#include <signal.h>
 #include <stdio.h>
 #include <stdlib.h>
 #include <string.h>
@@ -26,6 +27,40 @@ struct tour {
 };
 
 static struct tour *tour_of(vel_context *ctx) { return ctx->application_a[0]; }
+
+/* ---- End, when a signal asks for it ---- */
+
+/* A handler has no other place to write to. */
+static volatile sig_atomic_t must_end;
+
+static void on_signal(int number) { must_end = number; }
+
+/* Before SDL starts, whose own handler works in SDL's queue of events, wherever that is
+ * interrupted.
+ */
+static void handle_signals(void) {
+    static const int signals[] = {SIGTERM, SIGINT, SIGHUP};
+    struct sigaction action;
+    size_t i;
+    memset(&action, 0, sizeof action);
+    action.sa_handler = on_signal;
+    action.sa_flags = SA_RESTART;
+    for (i = 0; i < sizeof signals / sizeof *signals; ++i) sigaction(signals[i], &action, NULL);
+    signal(SIGPIPE, SIG_IGN); /* who follows on standard output may go away */
+}
+
+/* Ends every loop, also that of a dialog or a menu. */
+static uint32_t filter(vel_context *ctx, SDL_Event *event) {
+    (void)ctx;
+    return must_end || event->type == SDL_QUIT ? VEL_FILTER_END_LOOP : VEL_FILTER_PASS;
+}
+
+/* The filter sees events only, so a signal becomes one. */
+static void end_when_asked(void) {
+    SDL_Event quit;
+    quit.type = SDL_QUIT;
+    if (must_end) SDL_PushEvent(&quit);
+}
 
 /* ---- Start ---- */
 
@@ -170,6 +205,7 @@ static void show_time(vel_context *ctx) {
 }
 
 static void on_idle(vel_context *ctx) {
+    end_when_asked();
     report_changes(ctx, &tour_of(ctx)->report);
     if (strcmp(tour_of(ctx)->shown_amount, ctx->objects[TOUR_AMOUNT].label) != 0) {
         show_total(ctx);
@@ -222,6 +258,7 @@ int main(void) {
     static struct tour tour;
     int32_t result;
     setvbuf(stdout, NULL, _IOLBF, 0);
+    handle_signals();
     if (!start_display(&ctx)) return EXIT_FAILURE;
     fill_context(&ctx);
     result = vel_load_forms(&ctx, 0, 0, "tour.form", "tour.text");
@@ -231,6 +268,7 @@ int main(void) {
     }
     ctx.application_a[0] = &tour;
     ctx.idle_hook = on_idle;
+    ctx.event_filter = filter;
     ctx.objects[TOUR_NOTES].stream = text_of(&ctx, TOUR_NOTES);
     keep_sample(&ctx);
     show_total(&ctx);

@@ -1,7 +1,11 @@
 // The file of the address book, its order and its search; contacts in and out as CSV.
 #include "support.h"
 
+#include <csignal>
+#include <sys/stat.h>
+
 extern "C" {
+#include "picture_file.h"
 #include "store.h"
 }
 
@@ -117,6 +121,92 @@ TEST_F(Book, refuses_a_file_that_is_damaged_foreign_or_missing) {
     expect_refusal(folder.file("no/folder.db"), "cannot be opened");
 }
 
+// A file that says it is an address book, whatever is in it.
+std::string book_with(const test::Folder &folder, const std::string &sql) {
+    const std::string path = folder.write("foreign.db");
+    sqlite3 *database = nullptr;
+    sqlite3_open(path.c_str(), &database);
+    const std::string all = "PRAGMA application_id = 1447380034; PRAGMA user_version = 1;" + sql;
+    EXPECT_EQ(sqlite3_exec(database, all.c_str(), nullptr, nullptr, nullptr), SQLITE_OK) << sql;
+    sqlite3_close(database);
+    return path;
+}
+
+TEST_F(Book, runs_and_believes_nothing_of_a_file_that_only_looks_like_one) {
+    const std::string columns = "name, street, post_code, town, telephone, email, notes, picture";
+    const std::string endless = "WITH RECURSIVE r(n) AS (SELECT 1 UNION ALL SELECT n + 1 FROM r) ";
+    const Names foreign = {"CREATE TABLE other(id)", "CREATE TABLE contact(id, name)",
+                           "CREATE VIEW contact(id, " + columns + ") AS " + endless +
+                               "SELECT n,1,2,3,4,5,6,7,8 FROM r",
+                           "CREATE VIRTUAL TABLE contact USING fts5(id, " + columns + ")"};
+    for (const std::string &sql : foreign) {
+        expect_refusal(book_with(folder, sql), "not an address book");
+    }
+    const std::string pipe = folder.file("pipe");
+    ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+    expect_refusal(pipe, "cannot be opened");
+
+    const std::string table =
+        "CREATE TABLE contact(id INTEGER PRIMARY KEY, " + columns + ");" +
+        "INSERT INTO contact(town) VALUES('T'); INSERT INTO contact(name) "
+        "VALUES(x'4100'); INSERT INTO contact(name) VALUES(hex(zeroblob(999)));" +
+        "INSERT INTO contact(name) VALUES(hex(zeroblob(1000)));" +
+        "CREATE TRIGGER t AFTER DELETE ON contact BEGIN INSERT INTO contact " + endless +
+        "SELECT n,1,2,3,4,5,6,7,8 FROM r; END";
+    Store other{};
+    Contact contact{};
+    ASSERT_EQ(store_open(&other, book_with(folder, table).c_str()), 1) << other.message;
+    EXPECT_EQ(store_run(&other, nullptr, nullptr, "DELETE FROM contact WHERE id = 9"), 1);
+    EXPECT_EQ(store_load(&other, 1, &contact), 1) << other.message;
+    EXPECT_STREQ(contact.field[NAME], "");
+    EXPECT_STREQ(contact.field[TOWN], "T");
+    EXPECT_EQ(store_load(&other, 3, &contact), 1) << other.message;
+    EXPECT_EQ(store_load(&other, 4, &contact), 0);
+    EXPECT_NE(std::strstr(other.message, "too long"), nullptr) << other.message;
+    std::int64_t count = 0;
+    EXPECT_EQ(store_sort(&other) && store_search(&other, "", &count), 1) << other.message;
+    EXPECT_EQ(count, 4);
+    const volatile std::sig_atomic_t stop = 1;
+    other.stop = &stop;
+    EXPECT_EQ(store_run(&other, nullptr, nullptr, "%sSELECT count(*) FROM r", endless.c_str()), 0);
+    sqlite3_close(other.database);
+}
+
+TEST(Pictures, are_shown_when_their_format_and_sides_are_sound) {
+    using namespace std::string_literals;
+    const auto png = [](const std::string &sides) {
+        return "\x89PNG\r\n\x1a\n\0\0\0\rIHDR"s + sides + "\x8\x2";
+    };
+    const auto bmp = [](const std::string &sides) { return "BM"s + std::string(16, '\0') + sides; };
+    const auto jpeg = [](const std::string &sides) { // after a segment of two bytes
+        return "\xff\xd8\xff\xe0\0\4ab\xff\xc0\0\x11\x8"s + sides + std::string(20, '\0');
+    };
+    const std::pair<std::string, bool> cases[] = {
+        {png("\0\0\x20\0\0\0\0\1"s), true},
+        {png("\0\0\x20\1\0\0\0\1"s), false},
+        {png("\0\0\0\1\0\0\0\0"s), false},
+        {png("\0\0\0\1\1\0\0\0"s), false},
+        {bmp("\1\0\0\0\0\x20\0\0"s), true},
+        {bmp("\1\0\0\0\1\x20\0\0"s), false},
+        {bmp("\1\0\0\0\xff\xff\xff\xff"s), true},
+        {bmp("\1\0\0\1\1\0\0\0"s), false},
+        {jpeg("\x20\0\0\1"s), true},
+        {jpeg("\0\1\x20\1"s), false},
+        {jpeg("\0\1\0\0"s), false},
+        {"P6\n1 1\n255\n" + std::string(40, 'a'), false},
+        {"GIF89a\1\0\1\0" + std::string(40, '\0'), false},
+        {"BM", false},
+    };
+    const test::Folder folder;
+    for (const auto &[content, is_sound] : cases) {
+        const std::string path = folder.write("picture", content);
+        EXPECT_EQ(is_sound_picture(path.c_str()) != 0, is_sound) << content;
+    }
+    std::filesystem::resize_file(folder.write("picture", cases[0].first), (16U << 20) + 1);
+    EXPECT_EQ(is_sound_picture(folder.file("picture").c_str()), 0);
+    EXPECT_EQ(is_sound_picture(folder.file("").c_str()), 0);
+}
+
 TEST_F(Book, leaves_a_locked_file_unchanged) {
     const std::string before = contents(file);
     Store other{};
@@ -158,6 +248,10 @@ TEST_F(Book, refuses_a_file_with_a_bad_line_as_a_whole_and_names_the_line) {
         EXPECT_TRUE(found("").empty()) << message;
     }
     EXPECT_EQ(import(good), 1) << store.message;
+    const std::string large = folder.write("large.csv");
+    std::filesystem::resize_file(large, (16U << 20) + 1);
+    EXPECT_LT(import_contacts(&store, large.c_str()), 0);
+    EXPECT_NE(std::strstr(store.message, "16 MiB"), nullptr) << store.message;
 }
 
 TEST_F(Book, keeps_the_longest_contact_and_its_number_and_exports_what_it_imports) {
