@@ -25,19 +25,22 @@ vel_colour selection_colour(const vel_object &o) {
 }
 
 // Without memory for its rows, a text is painted as if nothing were selected.
-SelectedText::SelectedText(const vel_context &ctx, u32 object) try {
+SelectedText::SelectedText(const vel_context &ctx, u32 object) {
     if (ctx.state == nullptr || ctx.state->selection.is_empty()) return;
     const u32 owner = text_owner(ctx, object);
     if (owner == 0 || !shows_selection(ctx, owner)) return;
     const Selection &selection = ctx.state->selection;
-    for (const TextRows rows(ctx, owner); const Row &row : rows.rows()) {
-        const u32 first = std::max(row.first, selection.first());
-        const u32 end = std::min(row.end(), selection.end());
-        if (row.object == object && first < end) {
-            parts_.push_back({row.line, first - row.first, end - row.first});
+    try { // in here: what a constructor's own handler catches is thrown on
+        for (const TextRows rows(ctx, owner); const Row &row : rows.rows()) {
+            const u32 first = std::max(row.first, selection.first());
+            const u32 end = std::min(row.end(), selection.end());
+            if (row.object == object && first < end) {
+                parts_.push_back({row.line, first - row.first, end - row.first});
+            }
         }
+    } catch (const std::bad_alloc &) {
+        parts_.clear();
     }
-} catch (const std::bad_alloc &) {
 }
 
 Span SelectedText::in_line(const ShownLine &shown, u32 line) const {
