@@ -32,10 +32,9 @@ void make_row(vel_context &ctx, u32 list, u32 row, u32 place) {
 
 // Whether an object is the list or one that the list hangs on: as a row it would close a ring.
 bool holds_list(const vel_context &ctx, u32 number, u32 list) {
-    u32 above = list;
-    for (u32 step = 0; above != 0 && step <= ctx.object_count; ++step) {
-        if (above == number) return true;
-        above = object_at(ctx, above).master;
+    if (number == list) return true;
+    for (const u32 master : Masters(ctx, list)) {
+        if (master == number) return true;
     }
     bool is_below = false;
     walk_dependents(ctx, number, [&](u32 below) {
