@@ -206,6 +206,7 @@ void use(vel_context &ctx, std::uint32_t object, Random random) {
             ctx.final_key = keys[random.below(6)];
             ctx.key_printable = ctx.final_key < 256 && ctx.final_key != VEL_KEY_BACKSPACE;
             vel_get_text(&ctx);
+            if (ctx.state != nullptr) ctx.state->refusal = {}; // its flash ends by the clock
         }
         break;
     }

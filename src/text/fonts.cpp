@@ -7,8 +7,9 @@
 namespace velumo {
 namespace {
 
-// More than a form uses. A program that opens fonts without end must not fill the memory.
-constexpr std::size_t max_fonts = 64;
+// As many as one load opens, and some. A program that opens fonts without end must not fill the
+// memory.
+constexpr std::size_t max_fonts = 300;
 
 struct KnownFont {
     std::unique_ptr<FontTable> table;
