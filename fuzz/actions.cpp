@@ -2,6 +2,9 @@
 
 #include <cstdlib>
 #include <cstring>
+#include <tuple>
+
+#include "world.h"
 
 namespace fuzz {
 namespace {
@@ -102,6 +105,22 @@ void set_text(Program &p) {
     const std::size_t period = std::strlen(pattern);
     for (std::size_t k = 0; k < length && period > 0; ++k) text.text[k] = pattern[k % period];
     text.text[length] = '\0';
+}
+
+void set_font(Program &p) {
+    vel_object &o = p.record();
+    o.font_choice = 1;
+    o.own_font = lasting_font(6 + p.script().byte() % 10);
+}
+
+// The tables of the form before are the program's.
+void load_again(Program &p) {
+    vel_context &ctx = p.ctx();
+    const auto tables = std::make_tuple(ctx.objects, ctx.text_recs, ctx.text_bufs);
+    if (vel_load_forms(&ctx, 1, 1, form_path, text_path) != VEL_OK) return;
+    std::free(std::get<0>(tables));
+    std::free(std::get<1>(tables));
+    std::free(std::get<2>(tables));
 }
 
 void set_stream(Program &p) { p.record().stream = p.string(); }
@@ -349,7 +368,9 @@ constexpr Action actions[] = {set_number,
                               shift<vel_update_dep_objs_after_move>,
                               shift<vel_add_difference_toxy_dep_objs>,
                               call<vel_read_app_dir>,
-                              call_for<vel_load_dir_entries>};
+                              call_for<vel_load_dir_entries>,
+                              set_font,
+                              load_again};
 
 static_assert(actions[open_window_action] == open_window);
 

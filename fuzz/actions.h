@@ -9,8 +9,8 @@ namespace fuzz {
 // The script says which and with what.
 void do_action(Program &program);
 
-// For seeds.
-std::size_t action_count();
+// The first ones change records and the context in any way; from this one on they call the library.
 inline constexpr u8 open_window_action = 9;
+std::size_t action_count();
 
 } // namespace fuzz

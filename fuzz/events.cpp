@@ -31,7 +31,7 @@ SDL_Event key_event(Uint8 type, Input &script) {
         // What a layout makes of a letter with Ctrl.
         key.unicode = (key.mod & KMOD_CTRL) != 0 ? value % 32 : value;
     } else {
-        key.sym = static_cast<SDLKey>(script.number() & 0x1FF);
+        key.sym = static_cast<SDLKey>(script.number());
         key.unicode = script.pair();
     }
     world().modifiers = key.mod;

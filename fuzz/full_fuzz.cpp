@@ -2,6 +2,7 @@
 // script says, and closes it.
 #include <cstdlib>
 #include <cstring>
+#include <memory>
 
 #include "form_bytes.h"
 #include "program.h"
@@ -38,7 +39,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     static const Stage stage;
     Input input({data, size});
     const SurfaceShape shape = read_shape(input);
-    vel_context ctx{};
+    const auto made = std::make_unique<vel_context>(); // on the heap it is watched
+    vel_context &ctx = *made;
     set_up_context(shape, stage.make_surface(shape), ctx);
     const u8 comfort = input.byte();
     ctx.comfort = comfort & VEL_COMFORT_ALL;
@@ -49,7 +51,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     world().form = files.form;
     world().text = files.text;
     world().display = comfort < 128 ? ctx.screen : nullptr;
-    if (vel_load_forms(&ctx, spare_objects, spare_texts, form_path, text_path) == VEL_OK) {
+    const i32 loaded = vel_load_forms(&ctx, spare_objects, spare_texts, form_path, text_path);
+    if (loaded != VEL_OK) std::abort(); // such small files do load
+    {
         Program program(ctx, input);
         vel_draw_all_objects(&ctx, 1, 1);
         program.run();

@@ -55,7 +55,8 @@ public:
     }
     // A length and that many bytes.
     Bytes block() {
-        const std::size_t length = std::min<std::size_t>(byte(), rest_.size());
+        const std::size_t wanted = byte();
+        const std::size_t length = std::min(wanted, rest_.size());
         const Bytes taken = rest_.first(length);
         rest_ = rest_.subspan(length);
         return taken;

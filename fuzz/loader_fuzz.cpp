@@ -68,6 +68,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     fuzz::world().text = files.text;
     Tables tables;
     RecordReader form(fuzz::form_path, Access::read_only, sizeof(vel_object_file_rec));
+    expect(form.error() == FileError::none);
     expect(read_objects(form, spare, tables) == FileError::none);
     RecordReader texts(fuzz::text_path, Access::read_only, sizeof(vel_text_rec));
     expect(read_texts(texts, spare, tables) == FileError::none);

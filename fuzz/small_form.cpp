@@ -15,7 +15,7 @@ struct Row {
     u32 text;
 };
 
-// Windows 8 and 15, which is a file dialog; the chain's head is object 20.
+// The frame buttons; a window with a text, a title and its menu; a file dialog.
 constexpr Row rows[] = {{VEL_TYPE_LABEL, 0, 0, 4, 4, 0, "m", 0},
                         {VEL_TYPE_LABEL, 0, 0, 4, 4, 0, "", 0},
                         {VEL_TYPE_LABEL, 0, 0, 4, 4, 0, "", 0},
@@ -23,19 +23,19 @@ constexpr Row rows[] = {{VEL_TYPE_LABEL, 0, 0, 4, 4, 0, "m", 0},
                         {VEL_TYPE_LABEL, 0, 0, 4, 4, 0, "", 0},
                         {VEL_TYPE_LABEL, 0, 0, 4, 4, 0, "", 0},
                         {VEL_TYPE_LABEL, 0, 0, 4, 4, 0, "x", 0},
-                        {VEL_TYPE_WINDOW, 12, 26, 80, 50, 0, "Win", 1},
-                        {VEL_TYPE_LABEL, 15, 28, 30, 14, 8, "Go", 0},
+                        {VEL_TYPE_WINDOW, 12, 26, 80, 50, 0, "", 1},
                         {VEL_TYPE_TEXT, 15, 44, 40, 28, 8, "", 2},
-                        {VEL_TYPE_ENTRY, 60, 28, 28, 14, 8, "ab", 0},
-                        {VEL_TYPE_NUMBER, 60, 44, 28, 14, 8, "12", 0},
-                        {VEL_TYPE_LABEL, 60, 60, 28, 14, 8, "Menu", 0},
-                        {VEL_TYPE_MENU, 60, 30, 28, 30, 8, "", 0},
-                        {VEL_TYPE_WINDOW, 20, 30, 60, 40, 0, "", 0},
-                        {VEL_TYPE_ENTRY, 22, 32, 50, 12, 15, "/", 0},
-                        {VEL_TYPE_PICTURE_UNLOADED, 22, 44, 50, 12, 15, "", 0},
-                        {VEL_TYPE_ENTRY, 24, 45, 40, 10, 17, "row", 0},
-                        {VEL_TYPE_LABEL, 62, 32, 20, 10, 14, "Item", 0},
-                        {VEL_TYPE_CHAIN, 2, 2, 50, 20, 0, "", 3}};
+                        {VEL_TYPE_LABEL, 60, 28, 28, 14, 8, "Menu", 0},
+                        {VEL_TYPE_MENU, 60, 42, 28, 30, 8, "", 0},
+                        {VEL_TYPE_LABEL, 62, 44, 20, 12, 11, "Item", 0},
+                        {VEL_TYPE_WINDOW, 14, 26, 80, 50, 0, "", 0},
+                        {VEL_TYPE_ENTRY, 16, 28, 70, 12, 13, "/", 0},
+                        {VEL_TYPE_PICTURE_UNLOADED, 16, 40, 50, 12, 13, "", 0},
+                        {VEL_TYPE_NUMBER, 18, 41, 40, 10, 15, "1", 0},
+                        {VEL_TYPE_ENTRY, 16, 54, 50, 12, 13, "", 0},
+                        {VEL_TYPE_LABEL, 68, 40, 20, 10, 13, "OK", 0},
+                        {VEL_TYPE_LABEL, 68, 54, 20, 10, 13, "No", 0},
+                        {VEL_TYPE_LABEL, 16, 67, 20, 8, 13, "Unread", 0}};
 
 void set_rest(u32 number, Record &r) {
     const Row &row = rows[number - 1];
@@ -49,7 +49,7 @@ void set_rest(u32 number, Record &r) {
     r.border_style = number % 6;
     r.border_inset = number % 3;
     r.hidden = number < small_window || r.type == VEL_TYPE_WINDOW || r.type == VEL_TYPE_MENU;
-    r.editable = r.type == VEL_TYPE_TEXT || r.type == VEL_TYPE_ENTRY || r.type == VEL_TYPE_NUMBER;
+    r.editable = number == small_text || number == small_name;
     r.max_chars = r.type == VEL_TYPE_LABEL ? 0 : 20;
     r.window_kind = number == small_dialog ? VEL_WINDOW_REDUCED : VEL_WINDOW_FULL;
 }
@@ -65,12 +65,14 @@ FormBytes small_form() {
         *std::find(std::begin(records[master - 1].dep_objs), std::end(records[master - 1].dep_objs),
                    0U) = number;
     }
-    records[12].max_chars = small_menu;
+    records[10 - 1].max_chars = small_menu; // its title
+    records[0].text_index = 3;              // of the traits
     vel_text_rec texts[3] = {};
     std::strcpy(texts[0].text, "A window's own text");
     std::strcpy(texts[1].text, "Some words that need a few lines\nand\n\ta second paragraph");
-    std::strcpy(texts[2].text,
-                "velumo traits 1\n9 default key=g\n11 key=e\n12 password\n13 disabled");
+    std::strcpy(
+        texts[2].text,
+        "velumo traits 1\n10 key=m\n12 key=i\n17 password\n18 default\n19 cancel\n20 disabled");
     FormBytes files;
     const auto *const form = reinterpret_cast<const u8 *>(records);
     const auto *const text = reinterpret_cast<const u8 *>(texts);

@@ -30,7 +30,11 @@ SurfaceShape read_shape(Input &input) {
     const int depth = kind < 224 ? usual[kind % std::size(usual)] : kind % 32 + 1;
     const int width = input.byte() % most_columns + 1;
     const int height = input.byte() % most_rows + 1;
-    return {width, height, depth, (kind & 8) != 0};
+    using Fault = SurfaceShape::Fault;
+    const Fault fault = kind == 255   ? Fault::no_pixels
+                        : kind == 254 ? Fault::short_rows
+                                      : Fault::none;
+    return {width, height, depth, (kind & 8) != 0, fault};
 }
 
 Stage::Stage() {
@@ -49,8 +53,11 @@ SDL_Surface *Stage::make_surface(const SurfaceShape &shape) const {
     u8 *const pixels = shape.at_end ? end_ - size : begin_;
     std::memset(pixels, 0, size);
     const Masks masks = masks_of(shape.depth);
-    return SDL_CreateRGBSurfaceFrom(pixels, shape.width, shape.height, shape.depth, pitch, masks.r,
-                                    masks.g, masks.b, 0);
+    SDL_Surface *const surface = SDL_CreateRGBSurfaceFrom(
+        pixels, shape.width, shape.height, shape.depth, pitch, masks.r, masks.g, masks.b, 0);
+    if (shape.fault == SurfaceShape::Fault::no_pixels) surface->pixels = nullptr;
+    if (shape.fault == SurfaceShape::Fault::short_rows) surface->pitch /= 2;
+    return surface;
 }
 
 } // namespace fuzz

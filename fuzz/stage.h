@@ -11,9 +11,11 @@ namespace fuzz {
 struct SurfaceShape {
     int width, height, depth;
     bool at_end; // the last pixel is the last byte before the guard; else the first pixel the first
+    enum class Fault { none, no_pixels, short_rows } fault = Fault::none;
 };
 
-// Widths up to 100, heights up to 80, depths from 1 to 32 and mostly those that SDL knows.
+// Widths up to 100, heights up to 80, depths from 1 to 32 and mostly those that SDL knows; a few
+// that nobody can draw on.
 SurfaceShape read_shape(Input &input);
 
 class Stage {

@@ -10,7 +10,8 @@
 
 namespace fuzz {
 
-inline constexpr const char *form_path = "memory/form", *text_path = "memory/text";
+inline constexpr const char *form_path = "memory/form", *text_path = "memory/text",
+                            *picture_path = "memory/picture", *font_path = "memory/font";
 
 // What can fail, for fault loops.
 enum class Call { memory, open, status, read, folder, name };
@@ -18,9 +19,11 @@ enum class Failure { none, error, interrupted, short_read };
 
 struct World {
     Failure (*fails)(Call) = nullptr; // asked before each call; null = nothing fails
+    unsigned long events = 0;         // that were polled
+    unsigned long complaints = 0;     // lines that the library printed
     long live = 0;                    // pieces of memory and surfaces that were not freed
 
-    Bytes form, text;                          // what form_path and text_path hold
+    Bytes form, text, picture, font;           // what these files hold
     bool (*next_event)(SDL_Event &) = nullptr; // false = none is waiting
     SDL_Surface *display = nullptr;            // what SDL_GetVideoSurface returns
     int pointer_x = 0, pointer_y = 0, modifiers = 0;
@@ -36,7 +39,8 @@ inline bool fails(Call call) {
 // SDL, the fonts and files that all runs share. For LLVMFuzzerInitialize.
 void set_up_world();
 
-// A font that stays open whatever closes it.
-TTF_Font *lasting_font();
+// A font that stays open whatever closes it, and the bytes of its file.
+TTF_Font *lasting_font(int size = 10);
+Bytes font_bytes();
 
 } // namespace fuzz

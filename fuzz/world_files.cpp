@@ -42,8 +42,29 @@ constexpr Entry entries[] = {
 
 constexpr int first_descriptor = 1000;
 
+constexpr std::size_t memory_files = 4, form_files = 2; // the form's are there even without bytes
+
+// The number of the file in memory with a path; memory_files = there is none.
+std::size_t memory_file(std::string_view path) {
+    constexpr const char *paths[memory_files] = {fuzz::form_path, fuzz::text_path,
+                                                 fuzz::picture_path, fuzz::font_path};
+    const auto found = std::find(std::begin(paths), std::end(paths), path);
+    return static_cast<std::size_t>(found - std::begin(paths));
+}
+
+fuzz::Bytes memory_bytes(std::size_t number) {
+    const fuzz::Bytes all[memory_files] = {world().form, world().text, world().picture,
+                                           world().font};
+    return all[number];
+}
+
+bool is_there(std::size_t number) {
+    return number < form_files || (number < memory_files && !memory_bytes(number).empty());
+}
+
 // The mode of what a path leads to; 0 = there is nothing.
 mode_t mode_of(std::string_view path) {
+    if (is_there(memory_file(path))) return S_IFREG;
     while (path.size() > 1 && path.ends_with('/')) path.remove_suffix(1);
     const std::string_view name = path.substr(path.rfind('/') + 1);
     if (path == "/" || name == "home") return S_IFDIR;
@@ -63,9 +84,9 @@ int fill_status(mode_t mode, off_t size, struct stat *status) {
 
 // As a call of the system fails.
 bool refused(Call call) {
-    const bool does = fuzz::fails(call);
-    if (does) errno = EIO;
-    return does;
+    const Failure failure = world().fails == nullptr ? Failure::none : world().fails(call);
+    errno = failure == Failure::interrupted ? EINTR : EIO;
+    return failure != Failure::none;
 }
 
 int look_up(const char *path, struct stat *status) {
@@ -76,7 +97,7 @@ struct OpenMemory {
     fuzz::Bytes bytes;
     std::size_t place;
 };
-OpenMemory open_files[2];
+OpenMemory open_files[memory_files];
 
 OpenMemory &file_of(int descriptor) { return open_files[descriptor - first_descriptor]; }
 
@@ -97,15 +118,13 @@ extern "C" {
 
 int __wrap_open(const char *path, int, ...) {
     if (refused(Call::open)) return -1;
-    const int file = std::strcmp(path, fuzz::form_path) == 0   ? 0
-                     : std::strcmp(path, fuzz::text_path) == 0 ? 1
-                                                               : -1;
-    if (file < 0) {
+    const std::size_t number = memory_file(path);
+    if (!is_there(number)) {
         errno = ENOENT;
         return -1;
     }
-    open_files[file] = {file == 0 ? world().form : world().text, 0};
-    return first_descriptor + file;
+    open_files[number] = {memory_bytes(number), 0};
+    return first_descriptor + static_cast<int>(number);
 }
 int __wrap_close(int) { return 0; }
 int __wrap_fstat(int descriptor, struct stat *status) {
@@ -159,6 +178,7 @@ int __wrap_closedir(DIR *) { return 0; }
 int __wrap_dirfd(DIR *) { return 3; }
 dirent *__wrap_readdir(DIR *) {
     if (refused(Call::name)) return nullptr;
+    errno = 0;
     if (the_folder.next == std::size(entries)) return nullptr;
     std::strcpy(the_folder.entry.d_name, entries[the_folder.next++].name);
     return &the_folder.entry;
