@@ -81,7 +81,7 @@ void set_dependent(Program &p) {
 void link_at_random(Program &p) {
     u32 seed = p.script().number();
     const u32 count = p.ctx().object_count;
-    const u8 listed = p.script().byte() % (VEL_MAX_DEPENDENTS + 1);
+    const u32 listed = p.script().byte() % (VEL_MAX_DEPENDENTS + 1);
     for (u32 k = 1; k <= count; ++k) {
         vel_object &o = p.ctx().objects[k];
         const auto next = [&] { return (seed = seed * 1664525 + 1013904223) >> 16; };
