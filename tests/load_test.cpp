@@ -253,9 +253,10 @@ TEST(Assets, a_font_is_opened_once_for_each_file_and_size) {
     TTF_CloseFont(shared);
     EXPECT_EQ(std::tuple(o[1].own_font, o[1099].own_font, o[1100].own_font),
               std::tuple(nullptr, nullptr, alone));
-    o[1100].own_font = TTF_OpenFont(test::font_file, 9); // the other is closed all the same
-    EXPECT_EQ(vel_load_object_fonts(&files.ctx, 1099), 1);
+    TTF_Font *const other = o[1100].own_font = TTF_OpenFont(test::font_file, 9);
+    EXPECT_EQ(vel_load_object_fonts(&files.ctx, 1099), 1); // the one replaced was not closed
     EXPECT_EQ(o[1100].own_font, alone);
+    TTF_CloseFont(other);
 }
 
 // A font with numbers of its tables replaced: at so many bytes into a table, 16 bits.
