@@ -110,7 +110,7 @@ private:
         }
         r.editable = (is_field || r.type == VEL_TYPE_TEXT) && happens(2);
         r.max_chars = is_field ? below(65) : 0;
-        if (happens(200)) {
+        if (happens(1000)) {
             r.font_choice = 1, r.font_size = 6 + below(20);
             std::strcpy(r.font_path, font_path);
         }
