@@ -191,8 +191,7 @@ TTF_Font *__wrap_TTF_OpenFont(const char *path, int size) {
 SDL_Surface *__wrap_IMG_Load(const char *path) {
     const fuzz::Bytes bytes = world().picture;
     if (std::strcmp(path, fuzz::picture_path) != 0 || bytes.empty()) return nullptr;
-    return counted(
-        IMG_Load_RW(SDL_RWFromConstMem(bytes.data(), static_cast<int>(bytes.size())), 1));
+    return IMG_Load_RW(SDL_RWFromConstMem(bytes.data(), static_cast<int>(bytes.size())), 1);
 }
 void __wrap_TTF_CloseFont(TTF_Font *font) {
     if (!fuzz::lasts(font)) TTF_CloseFont(font);
