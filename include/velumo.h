@@ -444,7 +444,7 @@ typedef struct vel_context {
  * objects of type 0, start visible whatever their record says. Invalid references are removed, each
  * with a line on standard error: masters, dependents and texts beyond the tables, cycles of masters
  * or dependents, objects listed as a dependent twice; after 20 lines, one says how many more there
- * were. Control characters of the path are printed as \xNN. A string without a NUL is cut to fit
+ * were. Control characters of the path are printed as \\xNN. A string without a NUL is cut to fit
  * its field.
  *
  * If the form description file cannot be opened, "Can't open file." and a line end are printed; if
