@@ -136,8 +136,8 @@ std::size_t KnownLimits::find(const vel_context &ctx, u32 number) {
 }
 
 void KnownLimits::append(u32 record) {
-    constexpr u32 most_records = 1U << 24; // so that no number of a table of unknown length takes
-                                           // all memory
+    // In a table of unknown length any number may come.
+    constexpr u32 most_records = 1U << 24;
     if (record >= most_records) throw std::bad_alloc();
     if (record >= places_.size()) places_.resize(record + record / 2 + 1);
     masters_.push_back({record});
