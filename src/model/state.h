@@ -20,6 +20,24 @@ struct Traits {
     bool password = false;                  // a field shows dots
     std::uint32_t answer = VEL_ANSWER_NONE; // one of vel_answer
     char key = '\0'; // with Alt it reaches the object; a small letter or digit
+    bool many = false, endless = false;
+    std::int32_t part = 0, target = 0, group = 0, align = 0, anchor = 0;
+    std::int32_t least = 0, most = 100, step = 1, value = 0;
+    std::string tip;
+};
+
+// What an object is a part of (Traits::part).
+enum Part : std::int32_t {
+    no_part = 0,
+#define PART(name, code) name##_part = code,
+#include "model/traits.inc"
+};
+enum Align : std::int32_t { align_centre = 0, align_left = 1, align_right = 2 };
+enum Anchor : std::int32_t { // bits of Traits::anchor
+    anchor_left = 1,
+    anchor_right = 2,
+    anchor_top = 4,
+    anchor_bottom = 8
 };
 
 class FontTable;

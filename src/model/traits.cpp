@@ -22,6 +22,13 @@ void note_key(std::string_view said, char &key) {
     if (said.size() == 1 && access_key_of(said[0]) != '\0') key = access_key_of(said[0]);
 }
 
+void note_value(std::string_view said, i32 &value) {
+    i32 number = 0;
+    const char *const end = said.data() + said.size();
+    const auto [stop, fault] = std::from_chars(said.data(), end, number);
+    if (fault == std::errc{} && stop == end) value = number;
+}
+
 void note_word(std::string_view said, Traits &traits) {
 #define ANSWER(field, key, word, code, ...)                                                        \
     if (said == (word)) traits.answer = code;
@@ -29,7 +36,20 @@ void note_word(std::string_view said, Traits &traits) {
     if (said.starts_with(word "=")) note_key(said.substr(std::size(word)), traits.member);
 #define MARK(field, key, word, member, ...)                                                        \
     if (said == (word)) traits.member = true;
+#define VALUE(field, kind, key, word, member, ...)                                                 \
+    if (said.starts_with(word "=")) note_value(said.substr(std::size(word)), traits.member);
 #include "model/traits.inc"
+}
+
+// Takes a phrase, which goes to the end of the line.
+bool take_phrase(std::string_view &line, Traits &traits) {
+#define PHRASE(field, key, word, member, ...)                                                      \
+    if (line.starts_with(word "=")) {                                                              \
+        traits.member = line.substr(std::size(word));                                              \
+        return true;                                                                               \
+    }
+#include "model/traits.inc"
+    return false;
 }
 
 void read_line(std::string_view line, u32 last_object, std::map<u32, Traits> &traits) {
@@ -39,7 +59,7 @@ void read_line(std::string_view line, u32 last_object, std::map<u32, Traits> &tr
     const auto [stop, fault] = std::from_chars(digits.data(), end, number);
     if (fault != std::errc{} || stop != end || number == 0 || number > last_object) return;
     Traits &said = traits[number];
-    while (!line.empty()) note_word(take_until(' ', line), said);
+    while (!line.empty() && !take_phrase(line, said)) note_word(take_until(' ', line), said);
 }
 
 } // namespace
@@ -58,7 +78,7 @@ std::map<u32, Traits> read_traits(const Tables &tables) {
 }
 
 const Traits &traits_of(const vel_context &ctx, u32 number) {
-    static constexpr Traits none;
+    static const Traits none;
     if (ctx.state == nullptr) return none;
     const auto found = ctx.state->traits.find(number);
     return found == ctx.state->traits.end() ? none : found->second;

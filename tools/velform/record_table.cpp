@@ -58,6 +58,7 @@ constexpr Range columns{0, 999};
 constexpr Range type_codes{VEL_TYPE_EMPTY, VEL_TYPE_CHAIN};
 // Codes that the library has no name for are kept, because some of them do something.
 constexpr Range codes{0, std::numeric_limits<std::int32_t>::max()};
+constexpr Range any_number{-1000000000, 1000000000};
 constexpr std::int64_t black = 0x000000;
 constexpr std::int64_t edge = 0x93A1B5;
 constexpr std::int64_t white = 0xFFFFFF;
@@ -92,6 +93,9 @@ constexpr std::array<RecordField, field_count> table{{
 #define ANSWER(field, key, word, code, types, meaning) TRAIT(field, flag, key, types, meaning)
 #define LETTER(field, key, word, member, types, meaning) TRAIT(field, letter, key, types, meaning)
 #define MARK(field, key, word, member, types, meaning) TRAIT(field, flag, key, types, meaning)
+#define VALUE(field, kind, key, word, member, range, types, meaning)                               \
+    {Field::field, Kind::kind, 0, 0, {}, key, meaning, types, 0, range},
+#define PHRASE(field, key, word, member, types, meaning) TRAIT(field, caption, key, types, meaning)
 #include "model/traits.inc"
 #undef TRAIT
 }};

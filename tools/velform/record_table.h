@@ -30,6 +30,8 @@ enum class Field : std::uint8_t {
 #define ANSWER(field, ...) field,
 #define LETTER ANSWER
 #define MARK ANSWER
+#define VALUE ANSWER
+#define PHRASE ANSWER
 #include "model/traits.inc"
     count
 };

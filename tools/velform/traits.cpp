@@ -48,6 +48,13 @@ std::string words_of(const Form &form, const FormObject &object) {
     if (!letter.empty()) words += " " word "=" + letter;
 #define MARK(field, key, word, ...)                                                                \
     if (is_set(object, Field::field)) words += " " word;
+#define VALUE(field, kind, key, word, ...)                                                         \
+    if (is_said(object, Field::field))                                                             \
+        words += fmt::format(" " word "={}", object.value(Field::field));
+// These go to the end of the line.
+#define PHRASE(field, key, word, ...)                                                              \
+    if (is_said(object, Field::field))                                                             \
+        words += " " word "=" + object.settings[Field::field]->string();
 #include "model/traits.inc"
     return words;
 }
