@@ -142,7 +142,7 @@ void underline_key(vel_context &ctx, u32 number) {
     part[place] = '\0';
     const Limits limits = text_limits(ctx, number);
     const i64 begin = std::max(left + text_width(ctx, font, part), limits.x.begin);
-    const i64 y = as_signed(o.y + o.margin_top + o.scroll_y) + TTF_FontAscent(font) + 1;
+    const i64 y = i64{as_signed(o.y + o.margin_top + o.scroll_y)} + TTF_FontAscent(font) + 1;
     if (y < limits.y.begin || y >= limits.y.end) return;
     draw_box(ctx, {begin, y, std::max<i64>(std::min(end, limits.x.end) - begin, 0), 1},
              text_colour(o));
