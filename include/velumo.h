@@ -584,6 +584,134 @@ VEL_API int32_t vel_set_answer(vel_context *ctx, uint32_t object, uint32_t answe
 VEL_API int32_t vel_set_access_key(vel_context *ctx, uint32_t object, char key) VEL_NOTHROW;
 /**@}*/
 
+/** \name Parts
+ * Lists, check boxes, sliders and the like, which velform makes of several objects and the library
+ * makes live, see docs/parts.md. They are known by the number of their outermost object. They need
+ * comfort not 0 before loading, and VEL_COMFORT_KEYBOARD to be reached by keys. In
+ * vel_wait_for_object(), dialogs and selections the user changes them; vel_wait_for_object() then
+ * returns the number of the part. What the program sets shows when the part is drawn again.
+ *
+ * Where a function says 'list', it also takes a choice, whose list it means. */
+/**@{*/
+
+#define VEL_NO_ROW UINT32_MAX /**< No row of a list. */
+
+/** What a list shows in one row and one column. */
+typedef struct vel_cell {
+    char text[VEL_STRING_SIZE]; /**< Read-write. Caption, ISO 8859-1; "" on entry. */
+    SDL_Surface *picture; /**< Read-write. Shown where the form has room for a picture; null on
+                               entry. The program owns it and keeps it until the list shows
+                               something else. */
+} vel_cell;
+
+/**
+ * Says what a list shows. It is called for the rows in sight whenever they change, and for those
+ * that typing looks for.
+ *
+ * \param row    0 to one less than the number of rows
+ * \param column 0 to one less than the number of columns
+ * \param cell   to be filled
+ */
+typedef void (*vel_list_source)(struct vel_context *ctx, uint32_t list, uint32_t row,
+                                uint32_t column, vel_cell *cell);
+
+/**
+ * Sorts what a list shows, after the user has clicked on a title. The list shows its rows again
+ * afterwards; the same numbers stay selected.
+ *
+ * \param column     column of the title
+ * \param descending 1 = largest first, after every second click; else 0
+ */
+typedef void (*vel_list_sorter)(struct vel_context *ctx, uint32_t list, uint32_t column,
+                                uint32_t descending);
+
+/**
+ * Lets a list show rows. Nothing stays selected, and it shows its first rows.
+ *
+ * \param count  number of rows, at most 2^24
+ * \param source says what they show; null = the rows that the form gives, whatever count says
+ * \returns VEL_OK; VEL_ERROR_ARGUMENT if there is no form, list is none, or count is larger;
+ *          VEL_ERROR_MEMORY
+ */
+VEL_API int32_t vel_list_show(vel_context *ctx, uint32_t list, uint32_t count,
+                              vel_list_source source) VEL_NOTHROW;
+
+/** Says how many rows a list has. \returns 0 also if it is none */
+VEL_API uint32_t vel_list_count(const vel_context *ctx, uint32_t list) VEL_NOTHROW;
+
+/**
+ * Lets clicks on the titles of a list sort it.
+ *
+ * \param sorter null = titles do nothing, as at first
+ * \returns as vel_list_show()
+ */
+VEL_API int32_t vel_list_sort_by(vel_context *ctx, uint32_t list,
+                                 vel_list_sorter sorter) VEL_NOTHROW;
+
+/**
+ * Finds the first selected row from one on. Begin with 0, and go on with the row after the last.
+ *
+ * \returns VEL_NO_ROW if there is none, and if list is none
+ */
+VEL_API uint32_t vel_list_selected(const vel_context *ctx, uint32_t list,
+                                   uint32_t from) VEL_NOTHROW;
+
+/**
+ * Selects a row and no other, and brings it in sight.
+ *
+ * \param row VEL_NO_ROW selects none
+ * \returns VEL_OK; VEL_ERROR_ARGUMENT if there is no form, or no such list or row; VEL_ERROR_MEMORY
+ */
+VEL_API int32_t vel_list_select(vel_context *ctx, uint32_t list, uint32_t row) VEL_NOTHROW;
+
+/**
+ * Selects a row, too, or no longer, in a list of which many rows can be selected.
+ *
+ * \param selected 0 = not; any other value = selected
+ * \returns as vel_list_select(); VEL_ERROR_ARGUMENT also if only one row can be selected
+ */
+VEL_API int32_t vel_list_mark(vel_context *ctx, uint32_t list, uint32_t row,
+                              uint32_t selected) VEL_NOTHROW;
+
+/** Says whether the user has double-clicked a row, or pressed Enter, as the last thing in a list.
+ * \returns 1 if so, else 0 */
+VEL_API uint32_t vel_list_answered(const vel_context *ctx, uint32_t list) VEL_NOTHROW;
+
+/** Says whether a check box or radio button is checked. \returns 1 if so; 0 also if it is none */
+VEL_API uint32_t vel_get_checked(const vel_context *ctx, uint32_t object) VEL_NOTHROW;
+
+/**
+ * Checks a check box or a radio button, or no longer. The other radio buttons of its group are then
+ * not checked.
+ *
+ * \param checked 0 = not; any other value = checked
+ * \returns VEL_OK; VEL_ERROR_ARGUMENT if there is no form or no such part; VEL_ERROR_MEMORY
+ */
+VEL_API int32_t vel_set_checked(vel_context *ctx, uint32_t object, uint32_t checked) VEL_NOTHROW;
+
+/** Returns the value of a slider or progress; 0 if it is none. */
+VEL_API int32_t vel_get_value(const vel_context *ctx, uint32_t object) VEL_NOTHROW;
+
+/**
+ * Sets the value of a slider or progress, cut to its range. In an endless progress, whatever the
+ * value, the block moves along by a step; while a loop waits, it does so by itself.
+ *
+ * \returns as vel_set_checked()
+ */
+VEL_API int32_t vel_set_value(vel_context *ctx, uint32_t object, int32_t value) VEL_NOTHROW;
+
+/**
+ * Shows a page of tabs and none of the others. A text cursor in one of these goes to the tab.
+ *
+ * \param page from 0
+ * \returns as vel_set_checked(); VEL_ERROR_ARGUMENT also if there is no such page
+ */
+VEL_API int32_t vel_show_page(vel_context *ctx, uint32_t tabs, uint32_t page) VEL_NOTHROW;
+
+/** Says which page of tabs shows, from 0. \returns 0 also if it is none */
+VEL_API uint32_t vel_shown_page(const vel_context *ctx, uint32_t tabs) VEL_NOTHROW;
+/**@}*/
+
 /** \name Strings and numbers
  * They take no context. Their edge cases differ from the standard library's: read before use. */
 /**@{*/

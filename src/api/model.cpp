@@ -6,18 +6,30 @@
 #include "model/numbers.h"
 #include "model/start.h"
 #include "model/strings.h"
+#include "parts/part.h"
 
 using namespace velumo;
+
+namespace {
+
+// Without memory for them, parts that have not started yet show what their records say.
+i32 load_with_parts(vel_context &ctx, const Form &form) {
+    const i32 result = load(ctx, form);
+    if (result == VEL_OK) in_form(&ctx, start_parts);
+    return result;
+}
+
+} // namespace
 
 void vel_start_velumo(vel_context *ctx, uint32_t extra_objs, uint32_t extra_texts,
                       const char *form_path, const char *text_path) noexcept {
     if (ctx == nullptr) return;
-    const i32 result = load(*ctx, {.spare_objects = extra_objs,
-                                   .spare_texts = extra_texts,
-                                   .form_path = or_empty(form_path),
-                                   .text_path = or_empty(text_path),
-                                   .access = Access::read_write,
-                                   .font_messages = FontMessages::print});
+    const i32 result = load_with_parts(*ctx, {.spare_objects = extra_objs,
+                                              .spare_texts = extra_texts,
+                                              .form_path = or_empty(form_path),
+                                              .text_path = or_empty(text_path),
+                                              .access = Access::read_write,
+                                              .font_messages = FontMessages::print});
     if (result == VEL_OK) return;
     // On purpose: the second message has a line end of its own before that of puts, and a missing
     // file ends the process with success.
@@ -28,12 +40,12 @@ void vel_start_velumo(vel_context *ctx, uint32_t extra_objs, uint32_t extra_text
 int32_t vel_load_forms(vel_context *ctx, uint32_t extra_objs, uint32_t extra_texts,
                        const char *form_path, const char *text_path) noexcept {
     if (ctx == nullptr || form_path == nullptr || text_path == nullptr) return VEL_ERROR_ARGUMENT;
-    return load(*ctx, {.spare_objects = extra_objs,
-                       .spare_texts = extra_texts,
-                       .form_path = form_path,
-                       .text_path = text_path,
-                       .access = Access::read_only,
-                       .font_messages = FontMessages::keep_quiet});
+    return load_with_parts(*ctx, {.spare_objects = extra_objs,
+                                  .spare_texts = extra_texts,
+                                  .form_path = form_path,
+                                  .text_path = text_path,
+                                  .access = Access::read_only,
+                                  .font_messages = FontMessages::keep_quiet});
 }
 
 const char *vel_error_text(int32_t code) noexcept { return error_text(code); }

@@ -1,11 +1,11 @@
 // The exported functions of windows: activation, dialogs, frame actions and the waiting loop.
 #include "api/calls.h"
 #include "input/events.h"
+#include "model/following.h"
 #include "window/activation.h"
 #include "window/button_actions.h"
 #include "window/cursor_start.h"
 #include "window/dialogs.h"
-#include "window/following.h"
 #include "window/frame_actions.h"
 #include "window/frame_buttons.h"
 #include "window/waiting.h"

@@ -3,19 +3,29 @@
 #include <new>
 
 #include "files/folder_reading.h"
+#include "parts/list.h"
 #include "text/encoding.h"
-#include "window/list.h"
 
 namespace velumo {
 i32 list_folder(vel_context &ctx, u32 list, const char *path, const char *pattern) try {
     auto names = read_folder(path, pattern);
     if (!names) return VEL_ERROR_FOLDER;
-    std::vector<std::string> labels;
-    for (const ListedName &name : *names) labels.push_back(label_of(name));
     auto &shown = state_of(ctx).folders[list];
-    show_items(ctx, list, std::move(labels));
-    shown = std::move(*names);
-    return as_signed(static_cast<u32>(shown.size()));
+    const auto count = static_cast<u32>(names->size());
+    // The list shows the names where they lie in the end.
+    const auto show = [&shown](u32 row, u32, vel_cell &cell) {
+        if (row >= shown.size()) return;
+        const std::string label = label_of(shown[row]);
+        cell.text[label.copy(cell.text, sizeof cell.text - 1)] = '\0';
+    };
+    shown.swap(*names);
+    try {
+        show_items(ctx, list, count, show);
+    } catch (const std::bad_alloc &) {
+        shown.swap(*names);
+        throw;
+    }
+    return as_signed(count);
 } catch (const std::bad_alloc &) {
     return VEL_ERROR_MEMORY;
 }

@@ -82,7 +82,8 @@ i32 load_fonts(vel_context &ctx, u32 first, FontMessages messages) {
 void release_assets(vel_context &ctx) {
     for (u32 number = 1; number <= ctx.object_count; ++number) {
         const vel_object &object = object_at(ctx, number);
-        if (object.type == VEL_TYPE_PICTURE) SDL_FreeSurface(object.image);
+        const bool is_own = ctx.state == nullptr || !ctx.state->borrowed_images.contains(number);
+        if (object.type == VEL_TYPE_PICTURE && is_own) SDL_FreeSurface(object.image);
     }
     close_own_fonts(ctx);
 }

@@ -49,6 +49,9 @@ void hand_over(Tables &tables, std::map<u32, Traits> traits, vel_context &ctx, v
     ctx.object_count = tables.object_count;
     state.lists.clear();
     state.folders.clear();
+    state.hidden_widths.clear();
+    state.borrowed_images.clear();
+    state.settle_parts = nullptr;
     state.traits = std::move(traits);
     state.histories.clear();
     state.selection = {};

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 
 #include "model/kept.h"
@@ -55,8 +56,11 @@ struct vel_state {
     velumo::Selection selection;
     velumo::Presses presses;
     velumo::Refusal refusal;
-    std::map<std::uint32_t, velumo::History> histories; // by the number of the object
-    std::map<std::uint32_t, velumo::Traits> traits;     // by the number of the object
+    std::map<std::uint32_t, velumo::History> histories;   // by the number of the object
+    std::map<std::uint32_t, velumo::Traits> traits;       // by the number of the object
+    std::map<std::uint32_t, std::uint32_t> hidden_widths; // of pages that do not show
+    std::set<std::uint32_t> borrowed_images;              // objects whose pictures the program owns
+    void (*settle_parts)(vel_context &) = nullptr;        // puts bars in step before each drawing
     bool quit_requested = false; // the loop that ended last was ended by the user's closing
     std::uint32_t focus_before_frame = 0;   // where it goes back to from the frame buttons
     std::uint32_t hovered = 0, pressed = 0; // answers that the pointer is on, while a loop runs

@@ -91,9 +91,15 @@ SDL_Rect rect_of_active_window(const vel_context &ctx) {
     return sdl_rect(cut_rect(ctx, object_at(ctx, ctx.active_window)));
 }
 
+// Bars show how far something is scrolled, whoever has scrolled it.
+void settle_parts(vel_context &ctx) {
+    if (ctx.state != nullptr && ctx.state->settle_parts != nullptr) ctx.state->settle_parts(ctx);
+}
+
 } // namespace
 
 void draw_all(vel_context &ctx) {
+    settle_parts(ctx);
     const Painting painting(ctx);
     draw_desktop(ctx);
     draw_background_windows(ctx);
@@ -143,6 +149,7 @@ void place_dependents(vel_context &ctx, u32 number) {
 }
 
 void draw_active_window(vel_context &ctx) {
+    settle_parts(ctx);
     const Painting painting(ctx, Painting::Of::window);
     const u32 window = ctx.active_window;
     if (window != 0) {

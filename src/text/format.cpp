@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "model/traits.h"
 #include "model/types.h"
 #include "render/limits.h"
 #include "text/fonts.h"
@@ -62,11 +63,20 @@ bool centre(u32 size, int caption, u32 &margin) {
     return true;
 }
 
-u32 centre_caption(vel_object &o, TTF_Font *font) {
+// A caption that the form wants on the left keeps its margin, and one on the right goes up to the
+// other.
+bool place_across(vel_object &o, int width, i32 align) {
+    if (align == align_centre) return centre(o.width, width, o.margin_left);
+    const u32 left = o.width - o.margin_right - static_cast<u32>(width);
+    if (align == align_right && as_signed(left) >= 0) o.margin_left = left;
+    return align == align_right;
+}
+
+u32 place_caption(vel_object &o, TTF_Font *font, i32 align) {
     int width = 0;
     int height = 0;
     if (font != nullptr) TTF_SizeText(font, o.label, &width, &height);
-    const bool across = centre(o.width, width, o.margin_left);
+    const bool across = place_across(o, width, align);
     const bool down = centre(o.height, height, o.margin_top);
     // On purpose: centring vertically hides whether it was done horizontally as well.
     if (down) return 2;
@@ -101,10 +111,10 @@ u32 format_caption(vel_context &ctx, u32 number) {
     if (void *feed = std::memchr(o.label, '\n', length)) *static_cast<char *>(feed) = '\0';
     if (is_field(o)) return 3;
     if (!has_caption(o)) return 0;
-    const u32 centred = centre_caption(o, font_of(ctx, o));
+    const u32 placed = place_caption(o, font_of(ctx, o), traits_of(ctx, number).align);
     // Its margins limit its dependents.
-    if (centred != 0) forget_master(ctx, number);
-    return centred;
+    if (placed != 0) forget_master(ctx, number);
+    return placed;
 }
 
 } // namespace velumo

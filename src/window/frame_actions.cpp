@@ -4,11 +4,11 @@
 
 #include "input/event_key.h"
 #include "input/events.h"
+#include "model/following.h"
+#include "parts/list.h"
 #include "render/marks.h"
 #include "render/scene.h"
-#include "window/following.h"
 #include "window/frame_buttons.h"
-#include "window/list.h"
 
 namespace velumo {
 namespace {

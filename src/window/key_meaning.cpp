@@ -1,10 +1,13 @@
 #include "window/key_meaning.h"
 
 #include <new>
+#include <optional>
 
 #include "input/event_key.h"
 #include "input/events.h"
 #include "model/types.h"
+#include "parts/part.h"
+#include "parts/tabs.h"
 #include "render/scene.h"
 #include "text/letters.h"
 #include "window/activation.h"
@@ -32,6 +35,7 @@ public:
         if (has(alt_keys)) return has(KMOD_CTRL) ? none : with_alt();
         if (key_.sym == SDLK_TAB && has(KMOD_CTRL)) return raise_other_window();
         if (is_frame_button(ctx_.cursor_object)) return on_frame_button();
+        if (const auto meaning = on_part()) return *meaning;
         switch (key_.sym) {
         case SDLK_TAB:
             move_focus(ctx_, reach_, has(KMOD_SHIFT));
@@ -56,6 +60,18 @@ private:
     KeyMeaning press(u32 number) const {
         const bool is_title = !reach_.selects && menu_of_title(ctx_, number) != 0;
         return {is_title ? Kind::menu : Kind::answer, number};
+    }
+
+    // What the part that has the focus makes of the key.
+    std::optional<KeyMeaning> on_part() {
+        const u32 part = ctx_.cursor_object;
+        if (!is_part_with_keys(ctx_, part) || !is_reachable(ctx_, part)) return {};
+        const auto end = key_on_part(ctx_, part, key_);
+        if (!end) return {};
+        if (*end == Press::done) return done;
+        const u32 tabs = tabs_of_tab(ctx_, part);
+        const u32 number = tabs != 0 ? tabs : ctx_.cursor_object;
+        return KeyMeaning{*end == Press::changed ? Kind::changed : Kind::over, number};
     }
 
     // In a text of many lines Enter breaks the line, and Ctrl and Enter answer.

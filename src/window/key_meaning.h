@@ -11,6 +11,8 @@ struct KeyMeaning {
         none,        // left to the editor
         done,        // the focus has moved, or a window was raised
         answer,      // the object is pressed
+        changed,     // the part was changed by the key
+        over,        // the program is closed, or the filter ends the loop
         menu,        // the menu of the title is to be opened
         frame_button // the button is pressed and released
     };

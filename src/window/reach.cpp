@@ -1,6 +1,7 @@
 #include "window/reach.h"
 
 #include "model/types.h"
+#include "parts/part.h"
 
 namespace velumo {
 namespace {
@@ -40,13 +41,15 @@ bool is_on_desktop(const vel_context &ctx, u32 number) {
 // What takes the cursor without being editable would be typed in when it had the focus.
 bool is_key_answer(const vel_context &ctx, const Reach &reach, u32 number) {
     if (number == 0 || type_of(object_at(ctx, number)).takes_cursor) return false;
+    if (is_part_with_keys(ctx, number)) return false;
     if (reach.selects) return is_among_answers(reach, number);
     return number == reach.on_enter || number == reach.on_escape ||
            traits_of(ctx, number).answer != VEL_ANSWER_NONE;
 }
 
 bool can_be_focused(const vel_context &ctx, const Reach &reach, u32 number) {
-    return is_editable(object_at(ctx, number)) || is_key_answer(ctx, reach, number);
+    return is_editable(object_at(ctx, number)) || is_key_answer(ctx, reach, number) ||
+           is_part_with_keys(ctx, number);
 }
 
 bool ends_loop(const vel_context &ctx, const Reach &reach, u32 number) {

@@ -3,6 +3,8 @@
 #include "input/events.h"
 #include "input/hit_test.h"
 #include "input/text_mouse.h"
+#include "parts/part.h"
+#include "parts/tip.h"
 #include "window/key_meaning.h"
 #include "window/pointer_states.h"
 #include "window/wheel.h"
@@ -18,6 +20,7 @@ u32 follow_key(vel_context &ctx, const Reach &reach, HeldKeys &held, u32 picked)
         return picked;
     }
     consume_event(ctx);
+    if (meaning.kind == KeyMeaning::Kind::over) return VEL_BUTTON_CLOSE;
     return meaning.object != 0 ? meaning.object : picked;
 }
 
@@ -33,9 +36,23 @@ TextPress follow_press(vel_context &ctx) {
     return TextPress::elsewhere;
 }
 
+// On a part. It is changed where it is, and the loop goes on.
+TextPress follow_press_on_part(vel_context &ctx) {
+    if (!is_left_button(ctx.event, Button::pressed)) return TextPress::elsewhere;
+    const u32 under = object_under(ctx, ctx.event.button.x, ctx.event.button.y);
+    const u32 part = part_at(ctx, under);
+    if (part == 0) return TextPress::elsewhere;
+    const Press end = press_part(ctx, part, under);
+    if (end == Press::quit) return TextPress::quit;
+    return end == Press::end_of_loop ? TextPress::end_of_loop : TextPress::selected;
+}
+
 // The number under a release of the left button; what was picked before, for other events.
 u32 dispatch(vel_context &ctx, const Reach &reach, HeldKeys &held, u32 picked) {
     picked = follow_key(ctx, reach, held, picked);
+    const TextPress pressed = follow_press_on_part(ctx);
+    if (pressed == TextPress::end_of_loop) return VEL_BUTTON_CLOSE;
+    if (pressed != TextPress::elsewhere) return picked;
     if (follow_press(ctx) == TextPress::end_of_loop) return VEL_BUTTON_CLOSE;
     if (!is_left_button(ctx.event, Button::released)) return picked;
     picked = object_under(ctx, ctx.event.button.x, ctx.event.button.y);
@@ -53,6 +70,7 @@ u32 select_either(vel_context &ctx, const Reach &reach) {
     if (is_over(0)) return 0;
     begin_loop(ctx);
     PointerStates pointer(ctx, reach);
+    Tips tips(ctx);
     HeldKeys held;
     u32 picked = 0;
     while (!is_over(picked)) {
@@ -62,6 +80,7 @@ u32 select_either(vel_context &ctx, const Reach &reach) {
             put_quit_back(ctx);
             return 0;
         }
+        tips.follow(polled);
         if (polled == Polled::event) {
             if (scroll_by_wheel(ctx, reach)) continue;
             pointer.follow_event();

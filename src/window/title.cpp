@@ -3,10 +3,10 @@
 #include <new>
 
 #include "input/hit_test.h"
+#include "model/following.h"
 #include "model/types.h"
 #include "render/geometry.h"
 #include "render/scene.h"
-#include "window/following.h"
 
 namespace velumo {
 namespace {

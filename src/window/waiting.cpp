@@ -6,6 +6,8 @@
 #include "input/hit_test.h"
 #include "input/text_mouse.h"
 #include "model/types.h"
+#include "parts/part.h"
+#include "parts/tip.h"
 #include "render/geometry.h"
 #include "window/activation.h"
 #include "window/button_actions.h"
@@ -36,6 +38,7 @@ public:
             if (is_closed()) return VEL_BUTTON_CLOSE;
             const Polled polled = poll_event(ctx_);
             if (polled == Polled::end_of_loop || polled == Polled::quit) return 0;
+            tips_.follow(polled);
             if (polled == Polled::event) {
                 if (const auto result = handle_event()) return *result;
             }
@@ -68,7 +71,10 @@ private:
     std::optional<u32> act_on_key(const KeyMeaning &meaning) {
         switch (meaning.kind) {
         case KeyMeaning::Kind::answer:
+        case KeyMeaning::Kind::changed:
             return meaning.object;
+        case KeyMeaning::Kind::over:
+            return 0;
         case KeyMeaning::Kind::menu:
             return open_menu(meaning.object, Opened::by_key);
         case KeyMeaning::Kind::frame_button:
@@ -101,14 +107,25 @@ private:
     std::optional<u32> press() {
         is_placing_ = false;
         const u32 number = object_under_pointer();
+        const u32 part = part_at(ctx_, number);
         if (is_frame_button(number)) {
             hold(number);
+        } else if (part != 0) {
+            return press_on_part(part, number);
         } else if (menu_of_title(ctx_, number) != 0) {
             return open_menu(number, Opened::by_pointer);
         } else {
             return press_text(number);
         }
         return {};
+    }
+
+    std::optional<u32> press_on_part(u32 part, u32 number) {
+        const Press end = press_part(ctx_, part, number);
+        pointer_.let_go();
+        if (end == Press::changed) return part;
+        if (end == Press::done) return {};
+        return 0;
     }
 
     std::optional<u32> press_text(u32 number) {
@@ -184,6 +201,7 @@ private:
     const Dialog dialog_; // without a window for the whole form
     const Reach reach_;
     PointerStates pointer_;
+    Tips tips_{ctx_};
     HeldKeys held_keys_;
     u32 held_ = 0; // frame button under the pressed mouse button
     milliseconds next_press_{0};

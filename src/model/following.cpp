@@ -1,4 +1,4 @@
-#include "window/following.h"
+#include "model/following.h"
 
 #include "model/types.h"
 #include "model/walk.h"

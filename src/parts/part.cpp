@@ -1,0 +1,137 @@
+#include "parts/part.h"
+
+#include "model/traits.h"
+#include "parts/choice.h"
+#include "parts/list_part.h"
+#include "parts/rows.h"
+#include "parts/scroll_bar.h"
+#include "parts/tabs.h"
+#include "parts/values.h"
+#include "render/display.h"
+#include "render/geometry.h"
+#include "render/paint.h"
+#include "render/scene.h"
+
+namespace velumo {
+namespace {
+
+using PressPart = Press (*)(vel_context &ctx, u32 part, u32 object);
+using KeyOnPart = std::optional<Press> (*)(vel_context &ctx, u32 part, const SDL_keysym &key);
+
+template <Press (*press)(vel_context &, u32)>
+Press press_anywhere(vel_context &ctx, u32 part, u32) {
+    return press(ctx, part);
+}
+
+struct Actions {
+    Part part;
+    PressPart press;
+    KeyOnPart key; // null: the part has no focus
+};
+constexpr Actions all_actions[] = {
+    {check_part, press_anywhere<press_check>, key_on_check},
+    {radio_part, press_anywhere<press_check>, key_on_check},
+    {list_part, press_list, key_on_list},
+    {scroll_bar_part, press_anywhere<press_scroll_bar>, nullptr},
+    {choice_part, press_anywhere<press_choice>, key_on_choice},
+    {slider_part, press_anywhere<press_slider>, key_on_slider},
+    {tabs_part, press_tab, nullptr}, // its tabs have it
+};
+
+const Actions *actions_of(const vel_context &ctx, u32 part) {
+    const i32 kind = traits_of(ctx, part).part;
+    const auto *found = std::find_if(std::begin(all_actions), std::end(all_actions),
+                                     [kind](const Actions &a) { return a.part == kind; });
+    return kind == no_part || found == std::end(all_actions) ? nullptr : found;
+}
+
+void start_part(vel_context &ctx, u32 number, const Traits &traits) {
+    switch (traits.part) {
+    case check_part:
+    case radio_part:
+        return show_mark(ctx, number);
+    case slider_part:
+    case progress_part:
+        return set_value(ctx, number, traits.value);
+    case list_part:
+        return show_text_rows(ctx, number);
+    case tabs_part:
+        return show_page(ctx, number, static_cast<u32>(std::max(traits.value, 0)));
+    default:
+        return;
+    }
+}
+
+// Its list is known only after all parts have started. Each list is for one choice.
+void start_choice(vel_context &ctx, u32 number, const Traits &traits) {
+    if (traits.part != choice_part) return;
+    const u32 list = list_of_choice(ctx, number);
+    const List *items = find_list(ctx, list);
+    if (items != nullptr && items->current != VEL_NO_ROW) return;
+    if (items == nullptr || traits.value < 0 || static_cast<u32>(traits.value) >= items->count)
+        return;
+    select_row(ctx, list, static_cast<u32>(traits.value));
+    show_chosen(ctx, number);
+}
+
+} // namespace
+
+u32 part_at(const vel_context &ctx, u32 object) {
+    if (ctx.state == nullptr || ctx.state->traits.empty() || object == 0) return 0;
+    if (const u32 tabs = tabs_of_tab(ctx, object)) return tabs;
+    constexpr int levels = 4; // the picture in a cell in a row of a list
+    u32 at = object;
+    for (int level = 0; level < levels && at != 0; ++level) {
+        const bool is_page_or_desk = traits_of(ctx, at).part == tabs_part;
+        if (is_page_or_desk) return 0;
+        if (actions_of(ctx, at) != nullptr) return at;
+        at = object_at(ctx, at).master;
+    }
+    return 0;
+}
+
+bool is_part_with_keys(const vel_context &ctx, u32 object) {
+    if (object == 0 || traits_of(ctx, object).answer == VEL_ANSWER_NONE) return false;
+    const Actions *actions = actions_of(ctx, object);
+    return actions != nullptr ? actions->key != nullptr : tabs_of_tab(ctx, object) != 0;
+}
+
+Press press_part(vel_context &ctx, u32 part, u32 object) {
+    const u32 focus = traits_of(ctx, part).part == tabs_part ? object : part;
+    if (is_part_with_keys(ctx, focus)) focus_part(ctx, focus);
+    return actions_of(ctx, part)->press(ctx, part, object);
+}
+
+std::optional<Press> key_on_part(vel_context &ctx, u32 part, const SDL_keysym &key) {
+    const Actions *actions = actions_of(ctx, part);
+    return actions != nullptr ? actions->key(ctx, part, key) : key_on_tab(ctx, part, key);
+}
+
+void start_parts(vel_context &ctx) {
+    if (ctx.state == nullptr) return;
+    // Starting changes traits but adds none.
+    const auto traits = ctx.state->traits;
+    for (const auto &[number, said] : traits) start_part(ctx, number, said);
+    for (const auto &[number, said] : traits) start_choice(ctx, number, said);
+    if (!traits.empty()) ctx.state->settle_parts = place_thumbs;
+}
+
+void show_part(vel_context &ctx, u32 part) {
+    const u32 root = root_of(ctx, part);
+    const u32 top = root == 0 ? part : root;
+    const vel_object &o = object_at(ctx, top);
+    if (top == ctx.active_window && top != 0) return show_edited_window(ctx);
+    if (o.type != VEL_TYPE_MENU || o.hidden != 0) return show_all(ctx);
+    place_thumbs(ctx);
+    paint_object(ctx, top);
+    draw_dependents(ctx, top);
+    update_display(ctx, sdl_rect(cut_rect(ctx, o)));
+}
+
+void focus_part(vel_context &ctx, u32 part) {
+    if (ctx.cursor_object == part || !has_comfort(ctx, VEL_COMFORT_KEYBOARD)) return;
+    ctx.cursor_object = part;
+    show_part(ctx, part);
+}
+
+} // namespace velumo

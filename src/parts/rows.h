@@ -1,0 +1,20 @@
+// The rows of lists that the form tool has made: cells, pictures, and colours of what is selected.
+// For lists.
+#pragma once
+
+#include "model/objects.h"
+
+namespace velumo {
+
+// What such a list is made of: its first dependents.
+enum ListPiece : u32 { sample_of_list, header_of_list, bar_of_list, first_row_of_list };
+
+// Makes a row show an item. Throws std::bad_alloc.
+void show_made_row(vel_context &ctx, u32 list, u32 row, u32 item);
+
+// The item that each row shows comes from the text of the list: a line for each row, and a tab
+// between columns.
+u32 count_text_rows(const vel_context &ctx, u32 list);
+void read_text_row(const vel_context &ctx, u32 list, u32 row, u32 column, vel_cell &cell);
+
+} // namespace velumo
