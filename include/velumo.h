@@ -689,7 +689,7 @@ VEL_API uint32_t vel_get_checked(const vel_context *ctx, uint32_t object) VEL_NO
  */
 VEL_API int32_t vel_set_checked(vel_context *ctx, uint32_t object, uint32_t checked) VEL_NOTHROW;
 
-/** Returns the value of a slider or progress; 0 if it is none. */
+/** Reads the value of a slider or progress. \returns 0 also if it is none */
 VEL_API int32_t vel_get_value(const vel_context *ctx, uint32_t object) VEL_NOTHROW;
 
 /**

@@ -7,10 +7,13 @@
 #include <utility>
 
 #include "files/folder_list.h"
+#include "files/folder_reading.h"
 #include "files/paths.h"
 #include "input/text_cursor.h"
 #include "model/traits.h"
+#include "model/types.h"
 #include "model/walk.h"
+#include "parts/list.h"
 #include "render/geometry.h"
 #include "render/scene.h"
 #include "text/encoding.h"
@@ -103,7 +106,8 @@ public:
         format();
         start(suggestion);
         show_all(ctx_);
-        const Dialog dialog{window_, number_of(ok_part), number_of(cancel_part)};
+        const u32 path_field = is_editable(part(folder_part)) ? number_of(folder_part) : 0;
+        const Dialog dialog{window_, number_of(ok_part), number_of(cancel_part), path_field};
         for (;;) {
             const u32 picked = wait_in_dialog(ctx_, dialog);
             pass_quit_on(picked);
@@ -138,17 +142,71 @@ private:
     // --- What the user does
 
     std::optional<std::string> act_on(u32 picked) {
-        if (picked == number_of(ok_part)) return accept_name();
+        const bool is_in_path = ctx_.cursor_object == number_of(folder_part);
+        if (picked == number_of(ok_part)) return is_in_path ? accept_path() : accept_name();
+        if (picked == number_of(folder_part)) return complete_path(), std::nullopt;
+        if (picked == number_of(list_part)) return act_on_selected();
         if (object_at(ctx_, picked).master != number_of(list_part)) return {};
         const ListedName *name = name_of_row(ctx_, picked);
         if (name == nullptr) return {};
-        if (!name->is_folder)
+        if (name->is_folder)
+            enter(*name);
+        else
             set_name(name->bytes);
-        else if (name->bytes == "..")
+        return {};
+    }
+
+    // In a list that the form tool has made, a second click or Enter goes on from what one click
+    // or the arrow keys select.
+    std::optional<std::string> act_on_selected() {
+        const List *items = find_list(ctx_, number_of(list_part));
+        const auto *names = names_of(ctx_, number_of(list_part));
+        const u32 row = items == nullptr ? VEL_NO_ROW : items->selected.next(0);
+        if (names == nullptr || row >= names->size()) return {};
+        const ListedName name = (*names)[row];
+        if (!name.is_folder) set_name(name.bytes);
+        if (!items->is_answered) return {};
+        if (!name.is_folder) return accept_name();
+        enter(name);
+        return {};
+    }
+
+    void enter(const ListedName &folder) {
+        if (folder.bytes == "..")
             show_folder(split(folder_).folder, pattern_);
         else
-            show_folder(joined(folder_, name->bytes), pattern_);
-        return {};
+            show_folder(joined(folder_, folder.bytes), pattern_);
+    }
+
+    // --- The path that is typed
+
+    std::string typed_path() {
+        const vel_object &field = part(folder_part);
+        const std::string label(field.label, strnlen(field.label, VEL_STRING_SIZE));
+        return label == shown_path_ ? folder_ : utf8_of(label);
+    }
+
+    std::optional<std::string> accept_path() {
+        const std::string path = joined(folder_, typed_path());
+        if (path != folder_) return follow(path);
+        return accept_name();
+    }
+
+    // Adds what all names have in common that begin as the one that is typed; where nothing can be
+    // added, the focus goes on.
+    void complete_path() {
+        const std::string typed = typed_path();
+        const std::string path = joined(folder_, typed);
+        const auto [folder, name] = split(path);
+        const std::string more = common_rest(folder, name);
+        if (typed == folder_ || more.empty()) {
+            move_focus(ctx_, {.is_dialog = true}, false);
+            return;
+        }
+        vel_object &field = part(folder_part);
+        set_label(field, latin1_of(typed + more));
+        reset_text(ctx_, number_of(folder_part), Holder::label);
+        select_text(ctx_, number_of(folder_part), VEL_STRING_SIZE, VEL_STRING_SIZE);
     }
 
     std::optional<std::string> accept_name() {
@@ -244,6 +302,8 @@ private:
             label += path.substr(cut);
         }
         set_label(field, label);
+        shown_path_ = field.label;
+        if (is_editable(field)) reset_text(ctx_, number_of(folder_part), Holder::label);
     }
 
     void set_name(const std::string &name) {
@@ -264,6 +324,7 @@ private:
     const u32 window_;
     Message message_;
     std::string folder_, pattern_;      // that the list shows
+    std::string shown_path_;            // as the path's field shows the folder
     std::string picked_, picked_label_; // the name put into the field, and how that shows it
 };
 

@@ -31,17 +31,6 @@ private:
     std::vector<std::string> patterns_;
 };
 
-enum class FileKind { folder, regular, other };
-
-// What a symbolic link leads to counts, so one that leads nowhere is neither.
-FileKind kind_of(DIR *folder, const char *name) {
-    struct stat status;
-    if (fstatat(dirfd(folder), name, &status, 0) != 0) return FileKind::other;
-    return S_ISDIR(status.st_mode)   ? FileKind::folder
-           : S_ISREG(status.st_mode) ? FileKind::regular
-                                     : FileKind::other;
-}
-
 // The root is its own parent.
 bool is_root(DIR *folder) {
     struct stat own, parent;
@@ -58,10 +47,12 @@ const dirent *next_entry(DIR *folder) {
 std::optional<ListedName> offer(DIR *folder, const char *name, const Patterns &patterns) {
     const bool is_parent = std::string_view(name) == "..";
     if (is_parent ? is_root(folder) : name[0] == '.') return {};
-    const FileKind kind = kind_of(folder, name);
-    if (kind == FileKind::folder) return ListedName{name, true};
-    if (kind == FileKind::regular && patterns.match(name)) return ListedName{name, false};
-    return {};
+    // What a symbolic link leads to counts, so one that leads nowhere is left out.
+    struct stat status;
+    if (fstatat(dirfd(folder), name, &status, 0) != 0) return {};
+    const bool is_folder = S_ISDIR(status.st_mode);
+    if (!is_folder && (!S_ISREG(status.st_mode) || !patterns.match(name))) return {};
+    return ListedName{name, is_folder, status.st_size, status.st_mtime};
 }
 
 // Asks no locale, so that a folder looks the same to everybody.
@@ -98,6 +89,21 @@ std::optional<std::vector<ListedName>> read_folder(const char *path, const char 
     std::make_heap(names.begin(), names.end(), comes_before);
     std::sort_heap(names.begin(), names.end(), comes_before);
     return names;
+}
+
+std::string common_rest(const std::string &folder, const std::string &beginning) {
+    auto names = read_folder(folder.c_str(), nullptr);
+    if (!names || beginning.empty()) return {};
+    std::erase_if(*names, [&](const ListedName &n) { return !n.bytes.starts_with(beginning); });
+    if (names->empty()) return {};
+    std::string whole = names->front().bytes;
+    for (const ListedName &name : *names) {
+        const auto [end, other] =
+            std::mismatch(whole.begin(), whole.end(), name.bytes.begin(), name.bytes.end());
+        whole.erase(end, whole.end());
+    }
+    if (names->size() == 1 && names->front().is_folder) whole += '/';
+    return whole.substr(beginning.size());
 }
 
 } // namespace velumo

@@ -75,6 +75,8 @@ struct List {
 struct ListedName {
     std::string bytes; // as the file system has it
     bool is_folder;
+    std::int64_t size = 0;    // bytes
+    std::int64_t changed = 0; // seconds, as the file system has them
 };
 
 } // namespace velumo

@@ -27,11 +27,19 @@ struct Traits {
     std::string tip;
 };
 
-// What an object is a part of (Traits::part).
+// What an object is a part of (Traits::part), as model/traits.inc numbers them.
 enum Part : std::int32_t {
-    no_part = 0,
-#define PART(name, code) name##_part = code,
-#include "model/traits.inc"
+    no_part,
+    check_part,
+    radio_part,
+    list_part,
+    scroll_bar_part,
+    choice_part,
+    slider_part,
+    progress_part,
+    tabs_part,
+    tip_label_part, // the one object that shows the tips of a form
+    whole_part      // covers the screen
 };
 enum Align : std::int32_t { align_centre = 0, align_left = 1, align_right = 2 };
 enum Anchor : std::int32_t { // bits of Traits::anchor

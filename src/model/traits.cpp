@@ -11,6 +11,9 @@ namespace {
 #define SIGNATURE(line) constexpr std::string_view signature = line;
 #include "model/traits.inc"
 
+#define PART(name, code) static_assert(name##_part == (code));
+#include "model/traits.inc"
+
 // Takes a piece from the front of a text, up to the first `end`, which is dropped.
 std::string_view take_until(char end, std::string_view &text) {
     const std::string_view piece = text.substr(0, text.find(end));

@@ -7,7 +7,9 @@
 #include "model/following.h"
 #include "model/traits.h"
 #include "parts/list_part.h"
+#include "parts/rows.h"
 #include "parts/scroll_bar.h"
+#include "parts/show.h"
 #include "render/scene.h"
 #include "text/layout.h"
 
@@ -87,14 +89,15 @@ private:
     void press() {
         const i64 x = ctx_.event.button.x, y = ctx_.event.button.y;
         const u32 under = dependent_under(ctx_, menu_, x, y);
-        const u32 part = part_at(ctx_, under);
-        if (part == 0) {
+        if (under == 0) {
             const Press end = drag(
                 ctx_, [](i64, i64) {}, [] {});
             return finish(end, true);
         }
+        const u32 bar = object_at(ctx_, list_).dep_objs[bar_of_list];
+        const bool is_bar = under == bar || object_at(ctx_, under).master == bar;
         const Press end =
-            part == list_ ? press_list(ctx_, list_, under) : press_scroll_bar(ctx_, part);
+            is_bar && bar != 0 ? press_scroll_bar(ctx_, bar) : press_list(ctx_, list_, under);
         if (end == Press::quit || end == Press::end_of_loop) return finish(end, true);
         if (end == Press::changed) finish(Press::done, false);
     }

@@ -1,7 +1,9 @@
 // Choices: fields that open a list. For parts and the interface.
 #pragma once
 
-#include "parts/part.h"
+#include <optional>
+
+#include "parts/drag.h"
 
 namespace velumo {
 

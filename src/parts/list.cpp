@@ -55,7 +55,7 @@ void show_rows_of(vel_context &ctx, u32 number, List &items) {
             show_nothing(o);
         } else if (is_made) {
             o.width = items.row_width;
-            show_made_row(ctx, number, row, item);
+            show_made_row(ctx, number, items, row, item);
         } else {
             show_item(o, items, item);
         }
@@ -82,13 +82,6 @@ List *find_list(const vel_context &ctx, u32 list) {
     if (ctx.state == nullptr) return nullptr;
     const auto items = ctx.state->lists.find(list);
     return items == ctx.state->lists.end() ? nullptr : &items->second;
-}
-
-vel_cell cell_of(const List &list, u32 row, u32 column) {
-    vel_cell cell{};
-    if (list.cell) list.cell(row, column, cell);
-    cell.text[sizeof cell.text - 1] = '\0';
-    return cell;
 }
 
 std::optional<std::size_t> item_of_row(const vel_context &ctx, u32 row) {

@@ -15,8 +15,6 @@ std::span<const u32> rows_of(const vel_context &ctx, u32 list);
 
 // What the list shows; null when the object is none.
 List *find_list(const vel_context &ctx, u32 list);
-// What the row shows in a column.
-vel_cell cell_of(const List &list, u32 row, u32 column);
 
 // The item that a row shows; nothing when it shows none.
 std::optional<std::size_t> item_of_row(const vel_context &ctx, u32 row);

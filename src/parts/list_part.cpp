@@ -2,6 +2,7 @@
 
 #include "model/traits.h"
 #include "parts/rows.h"
+#include "parts/show.h"
 #include "render/geometry.h"
 #include "text/letters.h"
 

@@ -2,8 +2,10 @@
 // For parts and choices.
 #pragma once
 
+#include <optional>
+
+#include "parts/drag.h"
 #include "parts/list.h"
-#include "parts/part.h"
 
 namespace velumo {
 

@@ -5,12 +5,9 @@
 #include "parts/list_part.h"
 #include "parts/rows.h"
 #include "parts/scroll_bar.h"
+#include "parts/show.h"
 #include "parts/tabs.h"
 #include "parts/values.h"
-#include "render/display.h"
-#include "render/geometry.h"
-#include "render/paint.h"
-#include "render/scene.h"
 
 namespace velumo {
 namespace {
@@ -114,18 +111,6 @@ void start_parts(vel_context &ctx) {
     for (const auto &[number, said] : traits) start_part(ctx, number, said);
     for (const auto &[number, said] : traits) start_choice(ctx, number, said);
     if (!traits.empty()) ctx.state->settle_parts = place_thumbs;
-}
-
-void show_part(vel_context &ctx, u32 part) {
-    const u32 root = root_of(ctx, part);
-    const u32 top = root == 0 ? part : root;
-    const vel_object &o = object_at(ctx, top);
-    if (top == ctx.active_window && top != 0) return show_edited_window(ctx);
-    if (o.type != VEL_TYPE_MENU || o.hidden != 0) return show_all(ctx);
-    place_thumbs(ctx);
-    paint_object(ctx, top);
-    draw_dependents(ctx, top);
-    update_display(ctx, sdl_rect(cut_rect(ctx, o)));
 }
 
 void focus_part(vel_context &ctx, u32 part) {

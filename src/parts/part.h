@@ -23,9 +23,6 @@ std::optional<Press> key_on_part(vel_context &ctx, u32 part, const SDL_keysym &k
 // Makes the parts of a form that was loaded show what it says. Throws std::bad_alloc.
 void start_parts(vel_context &ctx);
 
-// Draws what a part is in: its window, its menu or the whole screen.
-void show_part(vel_context &ctx, u32 part);
-
 // Gives a part the focus that keys go to.
 void focus_part(vel_context &ctx, u32 part);
 

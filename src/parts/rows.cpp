@@ -4,7 +4,6 @@
 #include <string_view>
 
 #include "model/traits.h"
-#include "parts/list.h"
 #include "text/layout.h"
 #include "text/lines.h"
 
@@ -58,24 +57,29 @@ std::string_view piece_of(std::string_view whole, char separator, u32 number) {
 
 } // namespace
 
-void show_made_row(vel_context &ctx, u32 list, u32 row, u32 item) {
-    const List *items = find_list(ctx, list);
-    if (items == nullptr) return;
+vel_cell cell_of(const List &items, u32 item, u32 column) {
+    vel_cell cell{};
+    if (items.cell) items.cell(item, column, cell);
+    cell.text[sizeof cell.text - 1] = '\0';
+    return cell;
+}
+
+void show_made_row(vel_context &ctx, u32 list, const List &items, u32 row, u32 item) {
     const vel_object &whole = object_at(ctx, list);
-    const bool is_selected = items->selected.has(item);
+    const bool is_selected = items.selected.has(item);
     const vel_object &look = is_selected ? object_at(ctx, whole.dep_objs[sample_of_list]) : whole;
     vel_object &o = object_at(ctx, row);
     o.hidden = 0;
     copy_colours(look, o);
     // Where many can be selected, an outline shows which one the keys go on from.
-    const bool is_current = traits_of(ctx, list).many && items->current == item;
+    const bool is_current = traits_of(ctx, list).many && items.current == item;
     o.border_style = is_current ? VEL_BORDER_SHADOW : VEL_BORDER_NONE;
     const auto cells = dependents_of(o);
     const bool is_cell = cells.empty() || object_at(ctx, cells[0]).type != VEL_TYPE_LABEL;
-    if (is_cell) show_cell(ctx, row, cell_of(*items, item, 0));
+    if (is_cell) show_cell(ctx, row, cell_of(items, item, 0));
     for (u32 column = 0; !is_cell && column < cells.size(); ++column) {
         copy_colours(look, object_at(ctx, cells[column]));
-        show_cell(ctx, cells[column], cell_of(*items, item, column));
+        show_cell(ctx, cells[column], cell_of(items, item, column));
     }
 }
 

@@ -1,8 +1,8 @@
 #include "parts/scroll_bar.h"
 
 #include "model/traits.h"
-#include "parts/part.h"
 #include "parts/scrolling.h"
+#include "parts/show.h"
 
 namespace velumo {
 namespace {

@@ -3,7 +3,7 @@
 #include "model/traits.h"
 #include "model/types.h"
 #include "model/walk.h"
-#include "parts/part.h"
+#include "parts/show.h"
 
 namespace velumo {
 namespace {

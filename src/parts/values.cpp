@@ -3,6 +3,8 @@
 #include "input/hit_test.h"
 #include "model/axis.h"
 #include "model/traits.h"
+#include "model/walk.h"
+#include "parts/show.h"
 #include "render/geometry.h"
 
 namespace velumo {
@@ -81,7 +83,12 @@ void toggle(vel_context &ctx, u32 check) {
 }
 
 bool is_within(const vel_context &ctx, u32 part, i64 x, i64 y) {
-    return part_at(ctx, object_under(ctx, x, y)) == part;
+    const u32 under = object_under(ctx, x, y);
+    if (under == part) return true;
+    for (const u32 master : Masters(ctx, under)) {
+        if (master == part) return true;
+    }
+    return false;
 }
 
 // --- Sliders

@@ -1,7 +1,9 @@
 // Parts with a value: check boxes, radio buttons, sliders, progress. For parts and the interface.
 #pragma once
 
-#include "parts/part.h"
+#include <optional>
+
+#include "parts/drag.h"
 
 namespace velumo {
 

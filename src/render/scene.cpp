@@ -91,12 +91,11 @@ SDL_Rect rect_of_active_window(const vel_context &ctx) {
     return sdl_rect(cut_rect(ctx, object_at(ctx, ctx.active_window)));
 }
 
-// Bars show how far something is scrolled, whoever has scrolled it.
+} // namespace
+
 void settle_parts(vel_context &ctx) {
     if (ctx.state != nullptr && ctx.state->settle_parts != nullptr) ctx.state->settle_parts(ctx);
 }
-
-} // namespace
 
 void draw_all(vel_context &ctx) {
     settle_parts(ctx);

@@ -18,6 +18,10 @@ void show_active_window(vel_context &ctx);
 // The same after a key has changed something in it: with partial_redraw, only what has changed.
 void show_edited_window(vel_context &ctx);
 
+// Puts what depends on other objects where it belongs before they are drawn: bars show how far
+// something is scrolled, whoever has scrolled it.
+void settle_parts(vel_context &ctx);
+
 void draw_dependents(vel_context &ctx, u32 master);
 
 // Fits the dependents whose border says so, and hides those that lie outside their masters.

@@ -38,6 +38,8 @@ public:
         if (const auto meaning = on_part()) return *meaning;
         switch (key_.sym) {
         case SDLK_TAB:
+            if (reach_.on_tab != 0 && reach_.on_tab == ctx_.cursor_object && !has(KMOD_SHIFT))
+                return {Kind::changed, reach_.on_tab};
             move_focus(ctx_, reach_, has(KMOD_SHIFT));
             return done;
         case SDLK_SPACE:

@@ -13,6 +13,7 @@ struct Reach {
     bool selects = false;   // one of the two answers alone ends it
     u32 answers[2] = {0, 0};
     u32 on_enter = 0, on_escape = 0; // answers, and what these keys give
+    u32 on_tab = 0;                  // the object that Tab gives while it has the focus
 };
 
 bool is_frame_button(u32 number);

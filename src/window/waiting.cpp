@@ -29,7 +29,8 @@ public:
     FormLoop(vel_context &ctx, const Dialog &dialog)
         : ctx_(ctx), dialog_(dialog), reach_{.is_dialog = dialog.window != 0,
                                              .on_enter = dialog.on_enter,
-                                             .on_escape = dialog.on_escape},
+                                             .on_escape = dialog.on_escape,
+                                             .on_tab = dialog.on_tab},
           pointer_(ctx, reach_) {}
 
     u32 run() {

@@ -12,8 +12,9 @@ u32 wait_for_object(vel_context &ctx);
 // All that lies outside of the window is out of the user's reach.
 struct Dialog {
     u32 window;
-    u32 on_enter;  // the answer that the Enter key gives
-    u32 on_escape; // the answer that the Escape key gives
+    u32 on_enter;   // the answer that the Enter key gives
+    u32 on_escape;  // the answer that the Escape key gives
+    u32 on_tab = 0; // the object that Tab does not leave: the loop returns it instead
 };
 
 // The same within one window, and 7 when that was closed.
