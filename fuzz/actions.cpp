@@ -258,6 +258,37 @@ void set_traits(Program &p) {
     vel_is_enabled(&p.ctx(), object);
 }
 
+// Lives as long as the process.
+SDL_Surface *lasting_picture() {
+    static SDL_Surface *const picture =
+        SDL_CreateRGBSurface(SDL_SWSURFACE, 5, 40, 32, 0xFF0000, 0xFF00, 0xFF, 0);
+    return picture;
+}
+
+void write_cell(vel_context *, uint32_t, uint32_t row, uint32_t column, vel_cell *cell) {
+    std::memset(cell->text, static_cast<int>(' ' + (row + column) % 90), sizeof cell->text);
+    cell->picture = row % 3 == 1 ? lasting_picture() : nullptr;
+}
+
+void sort_nothing(vel_context *, uint32_t, uint32_t, uint32_t) {}
+
+void change_part(Program &p) {
+    const u32 object = p.object();
+    const u32 value = p.script().number();
+    vel_set_checked(&p.ctx(), object, value & 1);
+    vel_set_value(&p.ctx(), object, static_cast<i32>(value));
+    vel_show_page(&p.ctx(), object, value % 4);
+    if (value % 2 != 0) vel_list_show(&p.ctx(), object, value, write_cell);
+    vel_list_sort_by(&p.ctx(), object, sort_nothing);
+    vel_list_select(&p.ctx(), object, value % 8);
+    vel_list_mark(&p.ctx(), object, value % 5, value & 2);
+    vel_get_checked(&p.ctx(), object);
+    vel_get_value(&p.ctx(), object);
+    vel_list_selected(&p.ctx(), object, vel_list_count(&p.ctx(), object) / 2);
+    vel_list_answered(&p.ctx(), object);
+    vel_shown_page(&p.ctx(), object);
+}
+
 void load_text(Program &p) {
     const u32 object = p.object(), button = p.object();
     const char *const text = p.string();
@@ -321,6 +352,7 @@ constexpr Action actions[] = {set_number,
                               open_menu,
                               select_text,
                               set_traits,
+                              change_part,
                               load_text,
                               reset_text,
                               fill_label,

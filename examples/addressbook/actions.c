@@ -73,8 +73,12 @@ static int show_about(App *app) {
     return 1;
 }
 
-static int page_up(App *app) { return scroll_list(app, -ROWS); }
-static int page_down(App *app) { return scroll_list(app, ROWS); }
+/* The user may stay at the card, whose row is selected then. */
+static int open_selected(App *app) {
+    const int64_t id = selected_contact(app);
+    if (id == 0 || id == app->card.id) return 0;
+    return leave_card(app) ? open_card(app, id) : select_card(app);
+}
 
 static const struct {
     uint32_t object;
@@ -92,17 +96,12 @@ static const struct {
     {ADDRESSBOOK_EXPORT, export_file, 0},
     {ADDRESSBOOK_CHOOSE_PICTURE, choose_picture, 0},
     {ADDRESSBOOK_REMOVE_PICTURE, remove_picture, 0},
-    {ADDRESSBOOK_UP, page_up, 0},
-    {ADDRESSBOOK_DOWN, page_down, 0},
+    {ADDRESSBOOK_PEOPLE, open_selected, 0},
     {ADDRESSBOOK_HELP, show_help, 0},
     {ADDRESSBOOK_ABOUT, show_about, 0},
 };
 
 void act(App *app, uint32_t object) {
-    /* The rows are numbered one after the other, first the names, then the towns. */
-    const uint32_t row = object - ADDRESSBOOK_ROW;
-    const int64_t id = row < 2 * ROWS ? app->row_ids[row % ROWS] : 0;
-    if (id != 0 && leave_card(app)) open_card(app, id);
     for (size_t k = 0; k < sizeof actions / sizeof *actions; ++k) {
         if (actions[k].object != object) continue;
         if (!actions[k].leaves_card || leave_card(app)) actions[k].act(app);

@@ -6,8 +6,6 @@
 #include "addressbook.h"
 #include "store.h"
 
-enum { ROWS = 18 };
-
 typedef struct App {
     vel_context context;
     Store store;
@@ -16,9 +14,6 @@ typedef struct App {
     Field picture;               /* file of the picture shown, perhaps not saved yet */
     SDL_Surface *nobody;         /* shown instead of a picture */
     char query[VEL_STRING_SIZE]; /* what the list was searched for last */
-    int64_t row_ids[ROWS];       /* contacts of the rows shown, 0 = none */
-    uint32_t rows;               /* while these are filled, how many are */
-    int64_t first, found;        /* rows above those shown, and rows in all */
     int is_ending;
 } App;
 
@@ -39,7 +34,8 @@ int report(App *app, const char *done, int64_t number, const char *what); /* ret
 /* book_list.c */
 void load_list(App *app); /* after a change on disk */
 void search_list(App *app);
-int scroll_list(App *app, int64_t rows);
+int select_card(App *app);             /* its row; returns 1 */
+int64_t selected_contact(App *app);    /* 0 = none */
 
 /* card.c; these return 1 when they have done it */
 int leave_card(App *app); /* asks about unsaved input; 0 = the user stays */

@@ -87,7 +87,7 @@ static int show_card(App *app, const Contact *contact) {
     for (int k = 0; k < ENTRIES; ++k) set_label(app, entries[k], contact->field[k]);
     set_text(app, ADDRESSBOOK_NOTES, contact->field[NOTES]);
     show_picture(app, contact->field[PICTURE]);
-    return scroll_list(app, 0); /* marks its row */
+    return select_card(app);
 }
 
 int open_card(App *app, int64_t id) {

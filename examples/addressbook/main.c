@@ -36,22 +36,6 @@ static int would_close_book(const vel_context *ctx) {
     return ctx->cursor_object == 0 || ctx->cursor_object > VEL_FRAME_BUTTONS;
 }
 
-/* The list is no text, so it is scrolled by the program: by the wheel and by pages. */
-static int rows_to_scroll(const vel_context *ctx, const SDL_Event *event) {
-    const vel_object *const notes = &ctx->objects[ADDRESSBOOK_NOTES];
-    const SDL_MouseButtonEvent *const b = &event->button;
-    const SDLKey key = event->type == SDL_KEYDOWN ? event->key.keysym.sym : SDLK_UNKNOWN;
-    const int button = event->type == SDL_MOUSEBUTTONDOWN ? b->button : 0;
-    const int is_on_notes = b->x >= notes->x && b->x < notes->x + notes->width &&
-                            b->y >= notes->y && b->y < notes->y + notes->height;
-    const int is_in_notes = ctx->cursor_object == ADDRESSBOOK_NOTES;
-    if (button == SDL_BUTTON_WHEELUP && !is_on_notes) return -3;
-    if (button == SDL_BUTTON_WHEELDOWN && !is_on_notes) return 3;
-    if (key == SDLK_PAGEUP && !is_in_notes) return -ROWS;
-    if (key == SDLK_PAGEDOWN && !is_in_notes) return ROWS;
-    return 0;
-}
-
 static uint32_t filter(vel_context *ctx, SDL_Event *event) {
     App *const app = ctx->application_a[0];
     const int is_key = event->type == SDL_KEYDOWN;
@@ -61,8 +45,6 @@ static uint32_t filter(vel_context *ctx, SDL_Event *event) {
         return VEL_FILTER_END_LOOP;
     }
     if (ctx->active_window != ADDRESSBOOK_BOOK) return VEL_FILTER_PASS;
-    const int rows = rows_to_scroll(ctx, event);
-    if (rows != 0) return scroll_list(app, rows), VEL_FILTER_DROP;
     const int is_escape = is_key && event->key.keysym.sym == SDLK_ESCAPE;
     return is_escape && would_close_book(ctx) ? VEL_FILTER_DROP : VEL_FILTER_PASS;
 }

@@ -77,7 +77,7 @@ int store_run(Store *store, sqlite3_callback visit, void *receiver, const char *
     return is_done;
 }
 
-static int read_number(void *number, int count, char **values, char **names) {
+int store_read_number(void *number, int count, char **values, char **names) {
     *(int64_t *)number = count == 1 && values[0] != NULL ? atoll(values[0]) : 0;
     return 0;
 }
@@ -97,7 +97,7 @@ static int read_message(void *store, int count, char **values, char **names) {
 static int check_file(Store *store) {
     int64_t tables = 0;
     store_fail(store, "The file is damaged.");
-    return store_run(store, read_number, &tables, "SELECT count(*) FROM sqlite_master") &&
+    return store_run(store, store_read_number, &tables, "SELECT count(*) FROM sqlite_master") &&
            (tables != 0 || store_run(store, NULL, NULL, "%s", schema)) &&
            store_run(
                store, read_message, store,
@@ -148,7 +148,7 @@ int store_open(Store *store, const char *path) {
 
 static int read_contact(void *contact, int count, char **values, char **names) {
     Contact *const c = contact;
-    read_number(&c->id, 1, values, names);
+    store_read_number(&c->id, 1, values, names);
     for (int k = 0; k < FIELD_COUNT && k + 1 < count; ++k) {
         const char *const value = values[k + 1] != NULL ? values[k + 1] : "";
         if (strlen(value) >= FIELD_SIZE) return 1;
@@ -185,7 +185,7 @@ int store_sort(Store *store) {
 }
 
 int store_search(Store *store, const char *words, int64_t *count) {
-    return store_run(store, read_number, count,
+    return store_run(store, store_read_number, count,
                      "DROP TABLE IF EXISTS temp.found; CREATE TEMP TABLE found AS "
                      "WITH asked AS MATERIALIZED (SELECT ' ' || value AS word FROM "
                      "json_each('[\"' || replace(book_order(%Q), ' ', '\",\"') || '\"]')) "

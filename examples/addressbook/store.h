@@ -29,6 +29,7 @@ int store_load(Store *store, int64_t id, Contact *contact);
 int store_save(Store *store, Contact *contact); /* a new contact gets its id */
 /* Runs SQL made as by sqlite3_mprintf, all of it or nothing; visits rows as sqlite3_exec does. */
 int store_run(Store *store, sqlite3_callback visit, void *receiver, const char *format, ...);
+int store_read_number(void *number, int count, char **values, char **names); /* one value */
 int store_must_stop(const Store *store);
 int store_fail(Store *store, const char *why); /* leaves the message and returns 0 */
 

@@ -37,7 +37,7 @@ template <class Moved, class Rested> Press drag(vel_context &ctx, Moved moved, R
         } else {
             rest(ctx, rest_every);
         }
-        if (now() < next_rest) continue;
+        if (now() < next_rest || !has_objects(ctx)) continue;
         next_rest = now() + rest_every;
         rested();
     }
