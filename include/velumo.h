@@ -154,7 +154,15 @@ enum vel_comfort {
     VEL_COMFORT_STATES = 8,    /**< Objects show that they are focused, under the pointer or
                                     pressed. */
     VEL_COMFORT_WHEEL = 16,    /**< The wheel scrolls what is under the pointer. */
-    VEL_COMFORT_ALL = 31       /**< All of these. */
+    VEL_COMFORT_WINDOWS = 32,  /**< The pointer drags the active window by the strip at its top and
+                                    resizes it by its lower right corner. */
+    VEL_COMFORT_ALL = 63       /**< All of these. */
+};
+
+/** How vel_open_display() opens the display (vel_context::open_flags). 0 = none. */
+enum vel_open_flags {
+    VEL_OPEN_RESIZABLE = 1, /**< The user may resize it, and the form follows, see vel_resize(). */
+    VEL_OPEN_FULLSCREEN = 2 /**< It covers the whole screen. */
 };
 
 /** Why something that was typed or pasted was refused (vel_last_refusal()). */
@@ -194,7 +202,9 @@ enum vel_result {
     VEL_ERROR_MEMORY = -5,    /**< Out of memory. */
     VEL_ERROR_FOLDER = -6,    /**< A folder cannot be read. */
     VEL_ERROR_SIZE = -7,      /**< A path is longer than the room for it. */
-    VEL_ERROR_RECORDS = -8    /**< A file has more than VEL_MAX_RECORDS records. */
+    VEL_ERROR_RECORDS = -8,   /**< A file has more than VEL_MAX_RECORDS records. */
+    VEL_ERROR_DISPLAY = -9,   /**< The display cannot be opened or resized. */
+    VEL_ERROR_FONT = -10      /**< The default font cannot be found or opened. */
 };
 
 /** A colour. */
@@ -430,10 +440,83 @@ typedef struct vel_context {
     uint32_t strict_pictures; /**< Read-write. 1 = of pictures only PNG, BMP and JPEG files are
                                    loaded; default 0, whatever SDL_image knows, some of whose
                                    decoders do not withstand a damaged file. */
+    uint32_t open_flags;      /**< Read-write. How vel_open_display() opens the display: sum of
+                                   flags of vel_open_flags; default 0, none. */
+    const char *font_path;    /**< Read-write. Font file that vel_open_display() opens; default
+                                   null, the one that the system has for "sans". */
+    uint32_t font_size;       /**< Read-write. Size of that font, points, at most 2000; default 0,
+                                   12. */
 } vel_context;
+
+/** A picture or font inside a program. */
+typedef struct vel_form_file {
+    const char *path;           /**< Read-only. What image_path or font_path of objects says. */
+    const unsigned char *bytes; /**< Read-only. What such a file holds. */
+    size_t size;                /**< Read-only. Bytes. */
+} vel_form_file;
+
+/** A form inside a program, as `velform compile --embed` writes it. */
+typedef struct vel_form_data {
+    const unsigned char *form;  /**< Read-only. What a form description file holds. */
+    size_t form_size;           /**< Read-only. Bytes. */
+    const unsigned char *text;  /**< Read-only. What a text file holds; null = none. */
+    size_t text_size;           /**< Read-only. Bytes. */
+    const vel_form_file *files; /**< Read-only. Pictures and fonts; null = none. */
+    size_t file_count;          /**< Read-only. How many. */
+} vel_form_data;
 
 /** \name Start-up and shutdown */
 /**@{*/
+
+/**
+ * Opens the display and the default font, so that forms can be loaded and drawn.
+ *
+ * Starts SDL's video and SDL_ttf where they are not running, opens the font of font_path and
+ * font_size, sets a video mode of 32 bits as open_flags says, and fills it with background_colour.
+ * Sets screen, screen_width, screen_height and, to all of the display, screen_rect; texts_loaded
+ * becomes 1. What the program has set already stays: font, background_colour, mark_colour_a,
+ * mark_colour_b (for which black counts as not set), scroll_step and comfort; where they are not
+ * set, they become calm and light, 20 pixels and VEL_COMFORT_ALL. mark_colour becomes
+ * mark_colour_a.
+ *
+ * Without SDL_VIDEODRIVER in the environment, the drivers that show pixels are tried; else SDL
+ * obeys it unless it names one that draws with letters. SDL has signal handlers of its own: a
+ * program that wants others sets them before. vel_close() releases all of it.
+ *
+ * \param width  pixels, 1 to 16383; at most 2^26 pixels in all
+ * \param height pixels, 1 to 16383
+ * \param title  of the display's window, UTF-8; null counts as ""
+ * \returns VEL_OK; VEL_ERROR_ARGUMENT for a null context, one that has a screen, a size beyond
+ *          the range, a font_size above 2000 and other flags; VEL_ERROR_MEMORY; VEL_ERROR_FONT
+ *          and VEL_ERROR_DISPLAY, with the cause in SDL_GetError(). After an error the context is
+ * unchanged, and nothing is open that was not before
+ */
+VEL_API int32_t vel_open_display(vel_context *ctx, uint32_t width, uint32_t height,
+                                 const char *title) VEL_NOTHROW;
+
+/**
+ * Gives the display another size, and the form with it, and draws all of it.
+ *
+ * The loops of the library call this when the user resizes a display that vel_open_display() opened
+ * with VEL_OPEN_RESIZABLE; of several sizes that wait, the last one counts. The event filter sees
+ * the event (SDL_VIDEORESIZE) first and may drop it.
+ *
+ * screen, screen_width, screen_height and screen_rect become those of the new size. A screen that
+ * is not the display's own stays, for programs that replace it themselves. Top-level objects keep
+ * their distance from the edges that the form source says (`anchor`), the left and the top one
+ * unless it says others; whole windows cover the screen; windows that would be out of sight are
+ * moved back, so that 20 pixels of them show. What dependents do when their master is resized
+ * follows from their anchors in the same way. Nothing becomes narrower or lower than 1 pixel, and
+ * what does not fit comes back when there is room again.
+ *
+ * \param width  pixels, 1 to 16383; at most 2^26 pixels in all
+ * \param height pixels, 1 to 16383
+ * \returns VEL_OK; VEL_ERROR_ARGUMENT without a form and for a size beyond the range;
+ *          VEL_ERROR_DISPLAY if SDL refuses, after which the display has its old size again or, if
+ *          SDL refuses that, too, screen is null; VEL_ERROR_MEMORY, after which some objects may
+ *          have their old size
+ */
+VEL_API int32_t vel_resize(vel_context *ctx, uint32_t width, uint32_t height) VEL_NOTHROW;
 
 /**
  * Loads a form: reads the form description file and, if any object has a text, the text file, then
@@ -474,6 +557,22 @@ VEL_API void vel_start_velumo(vel_context *ctx, uint32_t extra_objs, uint32_t ex
  */
 VEL_API int32_t vel_load_forms(vel_context *ctx, uint32_t extra_objs, uint32_t extra_texts,
                                const char *form_path, const char *text_path) VEL_NOTHROW;
+
+/**
+ * Loads a form like vel_load_forms(), from memory.
+ *
+ * Pictures and fonts are looked up by their path among the files of the data first, then on the
+ * disk; vel_load_object_images() and vel_load_object_fonts() do the same later. Each goes through
+ * the same checks as a file. Entries without a path or bytes count as not there.
+ *
+ * \param data must last, unchanged, until another form is loaded or the context is closed, and
+ *             as long as any of its fonts is open
+ * \returns as vel_load_forms(); VEL_ERROR_ARGUMENT if data or its form is null, or files is null
+ *          and file_count is not 0; VEL_ERROR_TEXT_FILE if its text is needed and null
+ */
+VEL_API int32_t vel_load_forms_from_memory(vel_context *ctx, uint32_t extra_objs,
+                                           uint32_t extra_texts,
+                                           const vel_form_data *data) VEL_NOTHROW;
 
 /**
  * Describes a code of vel_result in English.

@@ -55,7 +55,8 @@ constexpr bool takes_context(Result (*)(First, Others...)) {
     return std::is_same_v<std::remove_const_t<std::remove_pointer_t<First>>, vel_context>;
 }
 
-// All that the header has but vel_start_velumo, which ends the process when there is no form.
+// All that the header has but vel_start_velumo, which ends the process when there is no form, and
+// what takes sizes, which are in display_test.
 const std::vector<Function> &functions() {
     static const std::vector<Function> all = {
 #define FUNCTION(name) {#name, [](Arguments a) { return a.call(name); }, takes_context(name)},
@@ -68,6 +69,7 @@ const std::vector<Function> &functions() {
 int64_t refusal_of(const std::string &name) {
     static const std::map<std::string, int64_t> refusals = {
         {"vel_load_forms", VEL_ERROR_ARGUMENT},
+        {"vel_load_forms_from_memory", VEL_ERROR_ARGUMENT},
         {"vel_set_enabled", VEL_ERROR_ARGUMENT},
         {"vel_set_password", VEL_ERROR_ARGUMENT},
         {"vel_set_answer", VEL_ERROR_ARGUMENT},

@@ -7,15 +7,18 @@
 #include "model/start.h"
 #include "model/strings.h"
 #include "parts/part.h"
+#include "window/whole.h"
 
 using namespace velumo;
 
 namespace {
 
 // Without memory for them, parts that have not started yet show what their records say.
-i32 load_with_parts(vel_context &ctx, const Form &form) {
+i32 load_and_start(vel_context &ctx, const Form &form) {
     const i32 result = load(ctx, form);
-    if (result == VEL_OK) in_form(&ctx, start_parts);
+    if (result != VEL_OK) return result;
+    start_whole_windows(ctx);
+    in_form(&ctx, start_parts);
     return result;
 }
 
@@ -24,12 +27,12 @@ i32 load_with_parts(vel_context &ctx, const Form &form) {
 void vel_start_velumo(vel_context *ctx, uint32_t extra_objs, uint32_t extra_texts,
                       const char *form_path, const char *text_path) noexcept {
     if (ctx == nullptr) return;
-    const i32 result = load_with_parts(*ctx, {.spare_objects = extra_objs,
-                                              .spare_texts = extra_texts,
-                                              .form_path = or_empty(form_path),
-                                              .text_path = or_empty(text_path),
-                                              .access = Access::read_write,
-                                              .font_messages = FontMessages::print});
+    const i32 result = load_and_start(*ctx, {.spare_objects = extra_objs,
+                                             .spare_texts = extra_texts,
+                                             .form_path = or_empty(form_path),
+                                             .text_path = or_empty(text_path),
+                                             .access = Access::read_write,
+                                             .font_messages = FontMessages::print});
     if (result == VEL_OK) return;
     // On purpose: the second message has a line end of its own before that of puts, and a missing
     // file ends the process with success.
@@ -40,12 +43,23 @@ void vel_start_velumo(vel_context *ctx, uint32_t extra_objs, uint32_t extra_text
 int32_t vel_load_forms(vel_context *ctx, uint32_t extra_objs, uint32_t extra_texts,
                        const char *form_path, const char *text_path) noexcept {
     if (ctx == nullptr || form_path == nullptr || text_path == nullptr) return VEL_ERROR_ARGUMENT;
-    return load_with_parts(*ctx, {.spare_objects = extra_objs,
-                                  .spare_texts = extra_texts,
-                                  .form_path = form_path,
-                                  .text_path = text_path,
-                                  .access = Access::read_only,
-                                  .font_messages = FontMessages::keep_quiet});
+    return load_and_start(*ctx, {.spare_objects = extra_objs,
+                                 .spare_texts = extra_texts,
+                                 .form_path = form_path,
+                                 .text_path = text_path,
+                                 .access = Access::read_only,
+                                 .font_messages = FontMessages::keep_quiet});
+}
+
+int32_t vel_load_forms_from_memory(vel_context *ctx, uint32_t extra_objs, uint32_t extra_texts,
+                                   const vel_form_data *data) noexcept {
+    const bool is_given = ctx != nullptr && data != nullptr && data->form != nullptr &&
+                          (data->files != nullptr || data->file_count == 0);
+    if (!is_given) return VEL_ERROR_ARGUMENT;
+    Form form = form_in_memory(*data);
+    form.spare_objects = extra_objs;
+    form.spare_texts = extra_texts;
+    return load_and_start(*ctx, form);
 }
 
 const char *vel_error_text(int32_t code) noexcept { return error_text(code); }

@@ -14,7 +14,7 @@ using namespace velumo;
 
 namespace {
 
-void resize(vel_context *ctx, const Axis &axis, Change change) {
+void resize(vel_context *ctx, const Axis &axis, SizeStep change) {
     in_form(ctx, [&](vel_context &c) { resize_window(c, axis, change); });
 }
 
@@ -71,13 +71,13 @@ void vel_exa_left_released(vel_context *ctx) noexcept {
 
 void vel_move_window(vel_context *ctx) noexcept { in_form(ctx, move_window); }
 
-void vel_increase_win_w(vel_context *ctx) noexcept { resize(ctx, horizontal, Change::more); }
+void vel_increase_win_w(vel_context *ctx) noexcept { resize(ctx, horizontal, SizeStep::more); }
 
-void vel_increase_win_h(vel_context *ctx) noexcept { resize(ctx, vertical, Change::more); }
+void vel_increase_win_h(vel_context *ctx) noexcept { resize(ctx, vertical, SizeStep::more); }
 
-void vel_decrease_win_w(vel_context *ctx) noexcept { resize(ctx, horizontal, Change::less); }
+void vel_decrease_win_w(vel_context *ctx) noexcept { resize(ctx, horizontal, SizeStep::less); }
 
-void vel_decrease_win_h(vel_context *ctx) noexcept { resize(ctx, vertical, Change::less); }
+void vel_decrease_win_h(vel_context *ctx) noexcept { resize(ctx, vertical, SizeStep::less); }
 
 void vel_scroll_win_right(vel_context *ctx) noexcept {
     in_form(ctx, scroll_window, Towards::right);

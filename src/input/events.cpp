@@ -47,6 +47,17 @@ bool event_is_waiting() {
     return SDL_PeepEvents(&event, 1, SDL_PEEKEVENT, SDL_ALLEVENTS) > 0;
 }
 
+// Of several sizes that wait, only the last one counts.
+void join_sizes(SDL_Event &event) {
+    SDL_Event later;
+    while (SDL_PeepEvents(&later, 1, SDL_GETEVENT, SDL_VIDEORESIZEMASK) > 0) event = later;
+}
+
+bool follows_display(const vel_context &ctx) {
+    return ctx.event.type == SDL_VIDEORESIZE && ctx.state != nullptr &&
+           ctx.state->follow_display != nullptr;
+}
+
 // Something covered the display and is gone; what it showed is still on the surface.
 void show_again(const vel_context &ctx) {
     if (ctx.screen == nullptr) return;
@@ -74,10 +85,14 @@ Polled poll_event(vel_context &ctx) {
     if (SDL_PollEvent(&ctx.event) == 0) return Polled::nothing;
     note_event(ctx);
     if (ctx.event.type == SDL_VIDEOEXPOSE) show_again(ctx);
+    if (follows_display(ctx)) join_sizes(ctx.event);
     u32 verdict = VEL_FILTER_PASS;
     if (ctx.event_filter != nullptr) verdict = ctx.event_filter(&ctx, &ctx.event);
     if (verdict != VEL_FILTER_PASS) consume_event(ctx);
     if (verdict == VEL_FILTER_END_LOOP || is_over(ctx)) return Polled::end_of_loop;
+    if (follows_display(ctx)) {
+        ctx.state->follow_display(ctx, ctx.event.resize.w, ctx.event.resize.h);
+    }
     if (ctx.event.type != SDL_QUIT || !has_comfort(ctx, VEL_COMFORT_KEYBOARD)) return Polled::event;
     if (ctx.state != nullptr) ctx.state->quit_requested = true;
     return Polled::quit;

@@ -100,6 +100,10 @@ private:
             end(MenuEnd::Cause::left);
             return;
         }
+        if (polled == Polled::event && ctx_.event.type == SDL_VIDEORESIZE) {
+            end(MenuEnd::Cause::left); // what it hangs on may be elsewhere
+            return;
+        }
         if (polled == Polled::event && has_comfort(ctx_, VEL_COMFORT_KEYBOARD)) handle_key();
         const Point mouse = pointer();
         if (has_dependents(menu())) {

@@ -65,7 +65,7 @@ bool load_font(vel_object &object, FontOpening &opening, FontReport &report) try
 } // namespace
 
 i32 load_images(vel_context &ctx, u32 first) {
-    PictureLoading loading(ctx.strict_pictures != 0);
+    PictureLoading loading(ctx);
     return load_each(
         ctx, first, [](const vel_object &o) { return o.type == VEL_TYPE_PICTURE_UNLOADED; },
         [&loading](vel_object &o) { return load_image(o, loading); });

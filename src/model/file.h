@@ -37,8 +37,9 @@ struct FileContent {
     Table<unsigned char> memory;
     std::size_t size = 0;
     FileError error = FileError::none;
+    const unsigned char *lent = nullptr; // the program's, in place of memory
 
-    Bytes bytes() const { return {memory.get(), size}; }
+    Bytes bytes() const { return {lent != nullptr ? lent : memory.get(), size}; }
 };
 
 // With a NUL after its last byte. A file above max_file_size does not fit into memory.

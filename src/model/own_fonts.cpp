@@ -2,8 +2,8 @@
 
 #include <cstring>
 
-#include "model/file.h"
 #include "model/font_gate.h"
+#include "model/form_files.h"
 #include "model/guard.h"
 
 namespace velumo {
@@ -54,7 +54,7 @@ public:
     }
 
     vel_context *ctx = nullptr;
-    std::map<std::pair<std::string, u32>, OwnFont> open; // by path and size
+    std::map<FontName, OwnFont> open;
     std::map<std::string, std::weak_ptr<const FileContent>> files;
 };
 
@@ -85,7 +85,7 @@ int read(SDL_RWops *stream, void *to, int size, int count) {
     if (size <= 0 || count <= 0) return 0;
     const std::size_t items = std::min<std::size_t>(
         static_cast<std::size_t>(count), (source.file->size - source.at) / static_cast<u32>(size));
-    std::memcpy(to, source.file->memory.get() + source.at, items * static_cast<u32>(size));
+    std::memcpy(to, source.file->bytes().data() + source.at, items * static_cast<u32>(size));
     source.at += items * static_cast<u32>(size);
     return static_cast<int>(items);
 }
@@ -121,22 +121,32 @@ TTF_Font *open_plainly(const char *path, u32 size) {
     return nullptr;
 }
 
+// Programs may have files of the same name, of which the disk has another.
+std::string name_of(const vel_context &ctx, const char *path) {
+    std::string name = path;
+    const vel_form_file *file = file_in_program(ctx, path);
+    if (file != nullptr) name.append(reinterpret_cast<const char *>(&file->bytes), sizeof(void *));
+    return name;
+}
+
 // The file of a font that is open, or read now. Null with SDL's error text.
-SharedFile file_of(OwnFonts &fonts, const char *path) {
-    if (const auto known = fonts.files.find(path); known != fonts.files.end()) {
+SharedFile file_of(OwnFonts &fonts, const std::string &name, const char *path) {
+    if (const auto known = fonts.files.find(name); known != fonts.files.end()) {
         if (SharedFile file = known->second.lock()) return file;
     }
-    FileContent content = read_file(path, Access::read_only);
+    FileContent content = read_form_file(*fonts.ctx, path);
     if (content.error != FileError::none) {
         set_file_error(path, content.error);
         return nullptr;
     }
     auto file = std::make_shared<const FileContent>(std::move(content));
-    fonts.files[path] = file;
+    fonts.files[name] = file;
     return file;
 }
 
-TTF_Font *open_checked(OwnFonts &fonts, const SharedFile &file, const char *path, u32 size) {
+TTF_Font *open_checked(OwnFonts &fonts, const SharedFile &file, const char *path,
+                       const FontName &name) {
+    const u32 size = name.second;
     if (!may_be_font(file->bytes())) {
         SDL_SetError("%s is no font", path);
         return nullptr;
@@ -159,7 +169,7 @@ TTF_Font *open_checked(OwnFonts &fonts, const SharedFile &file, const char *path
         SDL_SetError("%s is damaged", path);
         return nullptr;
     }
-    fonts.open.insert({{path, size}, {font.get(), source}});
+    fonts.open.insert({name, {font.get(), source}});
     source->fonts = &fonts;
     return font.release();
 }
@@ -167,9 +177,9 @@ TTF_Font *open_checked(OwnFonts &fonts, const SharedFile &file, const char *path
 } // namespace
 
 TTF_Font *FontOpening::open(const char *path, u32 size) {
-    if (!is_guarded) return open_plainly(path, size);
+    if (!is_guarded && !is_in_program(ctx_, path)) return open_plainly(path, size);
     OwnFonts &fonts = fonts_of(ctx_);
-    const std::pair<std::string, u32> name(path, size);
+    const FontName name(name_of(ctx_, path), size);
     if (const auto known = fonts.open.find(name); known != fonts.open.end()) {
         return known->second.font;
     }
@@ -177,12 +187,13 @@ TTF_Font *FontOpening::open(const char *path, u32 size) {
         SDL_SetError("%s", known->second.c_str());
         return nullptr;
     }
-    TTF_Font *font = open_first(fonts, path, size);
+    TTF_Font *font = open_first(fonts, path, name);
     if (font == nullptr) failed_[name] = SDL_GetError();
     return font;
 }
 
-TTF_Font *FontOpening::open_first(OwnFonts &fonts, const char *path, u32 size) {
+TTF_Font *FontOpening::open_first(OwnFonts &fonts, const char *path, const FontName &name) {
+    const u32 size = name.second;
     if (size > max_font_size) {
         SDL_SetError("%s: no font has %u points", path, size);
         return nullptr;
@@ -192,10 +203,10 @@ TTF_Font *FontOpening::open_first(OwnFonts &fonts, const char *path, u32 size) {
         SDL_SetError("%s: too many fonts", path);
         return nullptr;
     }
-    const SharedFile file = file_of(fonts, path);
+    const SharedFile file = file_of(fonts, name.first, path);
     if (file == nullptr) return nullptr;
     cost_ += side * side;
-    return open_checked(fonts, file, path, size);
+    return open_checked(fonts, file, path, name);
 }
 
 void close_own_fonts(vel_context &ctx) {

@@ -7,6 +7,7 @@
 namespace velumo {
 
 class OwnFonts;
+using FontName = std::pair<std::string, u32>; // the file and its size
 
 // The open font of a file and a size, or null with SDL's error text. What failed in this attempt
 // before is not tried again.
@@ -18,11 +19,11 @@ public:
     TTF_Font *open(const char *path, u32 size);
 
 private:
-    TTF_Font *open_first(OwnFonts &fonts, const char *path, u32 size);
+    TTF_Font *open_first(OwnFonts &fonts, const char *path, const FontName &name);
 
     vel_context &ctx_;
-    u32 cost_ = 0; // of the fonts whose files were read
-    std::map<std::pair<std::string, u32>, std::string> failed_; // with their error texts
+    u32 cost_ = 0;                           // of the fonts whose files were read
+    std::map<FontName, std::string> failed_; // with their error texts
 };
 
 // Closes the fonts of objects, and those of this library that no object has any more.

@@ -4,7 +4,7 @@
 #include <cstring>
 #include <strings.h>
 
-#include "model/file.h"
+#include "model/form_files.h"
 #include "model/guard.h"
 #include "model/picture_gate.h"
 
@@ -47,19 +47,19 @@ SDL_Surface *decode(PictureFormat format, SDL_RWops *stream, const char *path) {
 } // namespace
 
 SDL_Surface *PictureLoading::load(const char *path) {
-    if (is_guarded) return load_checked(path);
+    if (is_guarded || is_in_program(ctx_, path)) return load_checked(path);
     return File(path, Access::read_only).size() ? IMG_Load(path) : nullptr;
 }
 
 SDL_Surface *PictureLoading::load_checked(const char *path) {
-    const FileContent content = read_file(path, Access::read_only);
+    const FileContent content = read_form_file(ctx_, path);
     if (content.error != FileError::none || content.size == 0) return nullptr;
     const PictureFormat format = format_of(content.bytes(), path);
-    if (format == PictureFormat::other && is_strict_) return nullptr;
+    if (format == PictureFormat::other && ctx_.strict_pictures != 0) return nullptr;
     const i64 pixels = pixels_of_whole(format, content.bytes());
     if (format != PictureFormat::other && pixels == 0) return nullptr;
     if (pixels_ + pixels > most_pixels_in_all) return nullptr;
-    const Stream stream(SDL_RWFromConstMem(content.memory.get(), static_cast<int>(content.size)));
+    const Stream stream(SDL_RWFromConstMem(content.bytes().data(), static_cast<int>(content.size)));
     if (stream == nullptr) return nullptr;
     SDL_Surface *picture = decode(format, stream.get(), path);
     if (picture == nullptr) return nullptr;

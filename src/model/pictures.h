@@ -7,7 +7,7 @@ namespace velumo {
 
 class PictureLoading {
 public:
-    explicit PictureLoading(bool is_strict) : is_strict_(is_strict) {}
+    explicit PictureLoading(const vel_context &ctx) : ctx_(ctx) {}
 
     // Null when there is no such picture, or none that the gate lets through.
     SDL_Surface *load(const char *path);
@@ -15,8 +15,8 @@ public:
 private:
     SDL_Surface *load_checked(const char *path);
 
-    const bool is_strict_; // PNG, BMP and JPEG only
-    i64 pixels_ = 0;       // of all that were loaded
+    const vel_context &ctx_;
+    i64 pixels_ = 0; // of all that were loaded
 };
 
 } // namespace velumo

@@ -54,6 +54,7 @@ void hand_over(Tables &tables, std::map<u32, Traits> traits, vel_context &ctx, v
     state.settle_parts = nullptr;
     state.traits = std::move(traits);
     state.histories.clear();
+    state.excess.clear();
     state.selection = {};
     state.object_records = tables.object_records;
     ctx.text_recs = tables.texts.release();
@@ -93,6 +94,7 @@ i32 load(vel_context &ctx, const Form &form) try {
     std::map<u32, Traits> traits;
     if (ctx.comfort != 0) traits = read_traits(tables);
     hand_over(tables, std::move(traits), ctx, state_of(ctx));
+    ctx.state->form_data = form.data;
     load_images(ctx, 1);
     load_fonts(ctx, 1, form.font_messages);
     set_mark_colour(ctx);
@@ -101,12 +103,25 @@ i32 load(vel_context &ctx, const Form &form) try {
     return VEL_ERROR_MEMORY;
 }
 
+Form form_in_memory(const vel_form_data &data) {
+    Form form{.spare_objects = 0,
+              .spare_texts = 0,
+              .form_path = "the form in memory",
+              .text_path = "",
+              .access = Access::read_only,
+              .font_messages = FontMessages::keep_quiet};
+    form.form_bytes = Bytes(data.form, data.form_size);
+    if (data.text != nullptr) form.text_bytes = Bytes(data.text, data.text_size);
+    form.data = &data;
+    return form;
+}
+
 const char *error_text(i32 code) {
     switch (code) {
     case VEL_OK:
         return "no error";
     case VEL_ERROR_ARGUMENT:
-        return "the context or a path is null";
+        return "an argument is null or out of range";
     case VEL_ERROR_FORM_FILE:
         return "the form description file cannot be opened";
     case VEL_ERROR_TEXT_FILE:
@@ -121,6 +136,10 @@ const char *error_text(i32 code) {
         return "the path is longer than the room for it";
     case VEL_ERROR_RECORDS:
         return "a form file has more than 65,536 records";
+    case VEL_ERROR_DISPLAY:
+        return "the display cannot be opened or resized";
+    case VEL_ERROR_FONT:
+        return "the default font cannot be found or opened";
     default:
         return "unknown error";
     }

@@ -13,7 +13,10 @@ struct Form {
     FontMessages font_messages;
     // The files' bytes, which are then not read; the paths only name them.
     std::optional<Bytes> form_bytes{}, text_bytes{};
+    const vel_form_data *data = nullptr; // where pictures and fonts are looked up first
 };
+// A form that is in the program.
+Form form_in_memory(const vel_form_data &data);
 
 // Returns a code of vel_result. The context is touched only when both files were read.
 i32 load(vel_context &ctx, const Form &form);

@@ -51,6 +51,11 @@ enum Anchor : std::int32_t { // bits of Traits::anchor
 
 class FontTable;
 
+// Pixels that an object is larger than its anchors want, as nothing becomes smaller than 1.
+struct Excess {
+    std::int64_t width = 0, height = 0;
+};
+
 } // namespace velumo
 
 struct vel_state {
@@ -69,6 +74,10 @@ struct vel_state {
     std::map<std::uint32_t, std::uint32_t> hidden_widths; // of pages that do not show
     std::set<std::uint32_t> borrowed_images;              // objects whose pictures the program owns
     void (*settle_parts)(vel_context &) = nullptr;        // puts bars in step before each drawing
+    std::map<std::uint32_t, velumo::Excess> excess;     // by the number of the object
+    const vel_form_data *form_data = nullptr;           // where the form was loaded from memory
+    // What the loops do when the user resizes the display; null where its size is fixed.
+    void (*follow_display)(vel_context &ctx, int width, int height) = nullptr;
     bool quit_requested = false; // the loop that ended last was ended by the user's closing
     std::uint32_t focus_before_frame = 0;   // where it goes back to from the frame buttons
     std::uint32_t hovered = 0, pressed = 0; // answers that the pointer is on, while a loop runs

@@ -26,14 +26,14 @@ void switch_mode(vel_context &ctx) {
 struct PressAction {
     u32 button;
     const Axis &axis;
-    Change change;
+    SizeStep change;
     Towards towards;
 };
 constexpr PressAction press_actions[] = {
-    {VEL_BUTTON_HEIGHT_LESS, vertical, Change::less, Towards::down},
-    {VEL_BUTTON_HEIGHT_MORE, vertical, Change::more, Towards::up},
-    {VEL_BUTTON_WIDTH_LESS, horizontal, Change::less, Towards::right},
-    {VEL_BUTTON_WIDTH_MORE, horizontal, Change::more, Towards::left},
+    {VEL_BUTTON_HEIGHT_LESS, vertical, SizeStep::less, Towards::down},
+    {VEL_BUTTON_HEIGHT_MORE, vertical, SizeStep::more, Towards::up},
+    {VEL_BUTTON_WIDTH_LESS, horizontal, SizeStep::less, Towards::right},
+    {VEL_BUTTON_WIDTH_MORE, horizontal, SizeStep::more, Towards::left},
 };
 
 } // namespace

@@ -8,6 +8,7 @@
 #include "parts/list.h"
 #include "render/marks.h"
 #include "render/scene.h"
+#include "window/anchors.h"
 #include "window/frame_buttons.h"
 
 namespace velumo {
@@ -20,7 +21,7 @@ constexpr u32 screen_margin = 50;
 constexpr u32 screens_to_scroll = 5;
 constexpr i64 key_step = 8;
 constexpr i64 small_key_step = 1;
-constexpr i64 corner_in_sight = 20; // pixels of a window that keys leave on the screen
+constexpr i64 corner_in_sight = 20; // pixels of a window that stay on the screen
 
 // Drops all events up to the one wanted. False when the filter or the user's closing the program
 // ends the loop.
@@ -63,15 +64,6 @@ void move_to(vel_context &ctx, u32 x, u32 y) {
     follow_move(ctx, ctx.active_window, by);
 }
 
-// Moves the window to a place and redraws it there.
-void show_moved(vel_context &ctx, u32 x, u32 y) {
-    erase_object(ctx, ctx.active_window);
-    erase_frame_before_move(ctx, ctx.active_window);
-    move_to(ctx, x, y);
-    place_frame_buttons(ctx);
-    show_all(ctx);
-}
-
 struct Steps {
     i64 x, y;
 };
@@ -93,8 +85,7 @@ Steps steps_of(const SDL_keysym &key) {
 }
 
 u32 place_after(const vel_context &ctx, const vel_object &o, i64 step, const Axis &axis) {
-    const i64 last = std::max<i64>(i64{ctx.*axis.screen_size} - corner_in_sight, axis.window_start);
-    return as_field(std::clamp<i64>(as_signed(o.*axis.position) + step, axis.window_start, last));
+    return as_field(place_in_sight(ctx, as_signed(o.*axis.position) + step, axis));
 }
 
 void move_by_key(vel_context &ctx, const SDL_keysym &key) {
@@ -145,13 +136,39 @@ bool scroll_lists_in_window(vel_context &ctx, Towards towards) {
 
 } // namespace
 
-void resize_window(vel_context &ctx, const Axis &axis, Change change) {
+void show_moved(vel_context &ctx, u32 x, u32 y) {
+    erase_object(ctx, ctx.active_window);
+    erase_frame_before_move(ctx, ctx.active_window);
+    move_to(ctx, x, y);
+    place_frame_buttons(ctx);
+    show_all(ctx);
+}
+
+void show_resized(vel_context &ctx, i64 wider, i64 higher) {
+    erase_object(ctx, ctx.active_window);
+    erase_frame_before_move(ctx, ctx.active_window);
+    stretch(ctx, ctx.active_window, {{0, wider}, {0, higher}});
+    place_frame_buttons(ctx);
+    show_all(ctx);
+}
+
+i64 place_in_sight(const vel_context &ctx, i64 place, const Axis &axis) {
+    const i64 last = std::max<i64>(i64{ctx.*axis.screen_size} - corner_in_sight, axis.window_start);
+    return std::clamp<i64>(place, axis.window_start, last);
+}
+
+void resize_window(vel_context &ctx, const Axis &axis, SizeStep change) {
     if (names_nothing(ctx, ctx.active_window)) return;
     u32 &size = object_at(ctx, ctx.active_window).*axis.size;
     erase_marks(ctx, ctx.active_window);
     erase_object(ctx, ctx.active_window);
-    if (change == Change::more && size < ctx.*axis.screen_size - screen_margin) size += resize_step;
-    if (change == Change::less && size > no_shrinking_from) size -= resize_step;
+    const u32 before = size;
+    if (change == SizeStep::more && size < ctx.*axis.screen_size - screen_margin)
+        size += resize_step;
+    if (change == SizeStep::less && size > no_shrinking_from) size -= resize_step;
+    const Change by{0, i64{size} - before};
+    stretch_dependents(ctx, ctx.active_window,
+                       &axis == &horizontal ? Stretch{by, {}} : Stretch{{}, by});
     // On purpose: the redraw comes also when a limit refuses the change.
     show_all(ctx);
 }

@@ -5,6 +5,7 @@
 #include "input/text_mouse.h"
 #include "parts/part.h"
 #include "parts/tip.h"
+#include "window/dragging.h"
 #include "window/key_meaning.h"
 #include "window/pointer_states.h"
 #include "window/wheel.h"
@@ -47,13 +48,19 @@ TextPress follow_press_on_part(vel_context &ctx) {
     return end == Press::end_of_loop ? TextPress::end_of_loop : TextPress::selected;
 }
 
+// On the active window, which follows the pointer.
+TextPress follow_drag(vel_context &ctx) {
+    if (!is_left_button(ctx.event, Button::pressed)) return TextPress::elsewhere;
+    return drag_window(ctx, object_under(ctx, ctx.event.button.x, ctx.event.button.y));
+}
+
 // The number under a release of the left button; what was picked before, for other events.
 u32 dispatch(vel_context &ctx, const Reach &reach, HeldKeys &held, u32 picked) {
     picked = follow_key(ctx, reach, held, picked);
-    const TextPress pressed = follow_press_on_part(ctx);
-    if (pressed == TextPress::end_of_loop) return VEL_BUTTON_CLOSE;
-    if (pressed != TextPress::elsewhere) return picked;
-    if (follow_press(ctx) == TextPress::end_of_loop) return VEL_BUTTON_CLOSE;
+    TextPress press = follow_press_on_part(ctx);
+    if (press == TextPress::elsewhere) press = follow_drag(ctx);
+    if (press == TextPress::elsewhere) press = follow_press(ctx);
+    if (press == TextPress::end_of_loop) return VEL_BUTTON_CLOSE;
     if (!is_left_button(ctx.event, Button::released)) return picked;
     picked = object_under(ctx, ctx.event.button.x, ctx.event.button.y);
     consume_event(ctx);

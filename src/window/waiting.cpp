@@ -11,6 +11,7 @@
 #include "render/geometry.h"
 #include "window/activation.h"
 #include "window/button_actions.h"
+#include "window/dragging.h"
 #include "window/key_meaning.h"
 #include "window/pointer_states.h"
 #include "window/title.h"
@@ -130,7 +131,8 @@ private:
     }
 
     std::optional<u32> press_text(u32 number) {
-        switch (press_in_text(ctx_, number)) {
+        const TextPress drag = drag_window(ctx_, number);
+        switch (drag == TextPress::elsewhere ? press_in_text(ctx_, number) : drag) {
         case TextPress::clicked:
             return release();
         case TextPress::quit:

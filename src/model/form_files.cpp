@@ -1,0 +1,30 @@
+#include "model/form_files.h"
+
+#include <cstring>
+
+namespace velumo {
+
+const vel_form_file *file_in_program(const vel_context &ctx, const char *path) {
+    const vel_form_data *data = ctx.state == nullptr ? nullptr : ctx.state->form_data;
+    if (data == nullptr) return nullptr;
+    const std::span files(data->files, data->file_count);
+    const auto found = std::find_if(files.begin(), files.end(), [path](const vel_form_file &file) {
+        return file.path != nullptr && file.bytes != nullptr && std::strcmp(file.path, path) == 0;
+    });
+    return found == files.end() ? nullptr : &*found;
+}
+
+FileContent read_form_file(const vel_context &ctx, const char *path) {
+    const vel_form_file *file = file_in_program(ctx, path);
+    if (file == nullptr) return read_file(path, Access::read_only);
+    FileContent content;
+    if (file->size > max_file_size) {
+        content.error = FileError::memory;
+    } else {
+        content.lent = file->bytes;
+        content.size = file->size;
+    }
+    return content;
+}
+
+} // namespace velumo

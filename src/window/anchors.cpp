@@ -1,0 +1,136 @@
+#include "window/anchors.h"
+
+#include <new>
+
+#include "input/caret.h"
+#include "model/traits.h"
+#include "model/types.h"
+#include "model/walk.h"
+#include "text/layout.h"
+#include "text/rows.h"
+
+namespace velumo {
+namespace {
+
+bool is_nothing(Change by) { return by.shift == 0 && by.growth == 0; }
+
+// An object without anchors on an axis keeps to the near edge.
+Change obey(i32 anchors, i32 near, i32 far, Change of_master) {
+    if ((anchors & far) == 0) return {of_master.shift, 0};
+    if ((anchors & near) == 0) return {of_master.shift + of_master.growth, 0};
+    return of_master;
+}
+
+// Sizes below 1 are kept in mind instead. An object without a size does not show, and stays so.
+void grow(u32 &size, i64 growth, i64 &excess) {
+    if (size == 0) return;
+    if (size != 1) excess = 0; // a program has resized it meanwhile
+    const i64 wanted = i64{size} - excess + growth;
+    size = as_field(std::max<i64>(wanted, 1));
+    excess = std::max<i64>(1 - wanted, 0);
+}
+
+class Stretching {
+public:
+    explicit Stretching(vel_context &ctx) : ctx_(ctx), steps_(ctx) {}
+
+    void stretch(u32 number, Stretch by) {
+        if (is_nothing(by.x) && is_nothing(by.y)) return;
+        change(number, by);
+        open_.push_back({number, by});
+    }
+
+    // All that depends on what was stretched; forms may be nested thousands of levels deep.
+    void finish() {
+        while (!open_.empty()) {
+            const auto [master, by] = open_.back();
+            open_.pop_back();
+            stretch_dependents(master, by);
+        }
+        for (const Reflow &reflow : reflows_) break_lines(reflow);
+    }
+
+    void stretch_dependents(u32 master, Stretch of_master) {
+        for (const u32 number : dependents_of(object_at(ctx_, master))) {
+            if (!steps_.take()) return;
+            stretch(number, obey_anchors(ctx_, number, of_master));
+        }
+    }
+
+private:
+    // A text whose lines change, and where its caret is in it.
+    struct Reflow {
+        u32 object, caret;
+        bool has_caret;
+    };
+
+    void change(u32 number, Stretch by) {
+        vel_object &o = object_at(ctx_, number);
+        o.x += as_field(by.x.shift);
+        o.y += as_field(by.y.shift);
+        if (is_editable(o)) {
+            o.cursor_x += as_field(by.x.shift);
+            o.cursor_y += as_field(by.y.shift);
+        }
+        if (by.x.growth == 0 && by.y.growth == 0) return;
+        reflows_.push_back(reflow_of(number));
+        Excess &excess = state_of(ctx_).excess[number];
+        grow(o.width, by.x.growth, excess.width);
+        grow(o.height, by.y.growth, excess.height);
+        if (by.x.growth != 0) o.line_width = 0; // follows from the size again
+    }
+
+    Reflow reflow_of(u32 number) const {
+        const vel_object &o = object_at(ctx_, number);
+        if (!is_editable(o) || text_owner(ctx_, number) != number) return {number, 0, false};
+        const TextRows rows(ctx_, number);
+        const u32 row = is_field(o) ? 0 : rows.row_at(number, o.cursor_line);
+        const u32 column = std::min(o.cursor_column, rows.rows()[row].length);
+        return {number, rows.index_of({row, column}), true};
+    }
+
+    void break_lines(const Reflow &reflow) {
+        vel_object &o = object_at(ctx_, reflow.object);
+        const bool is_member = type_of(o).text == TextKind::chain && o.master != 0;
+        format_object(ctx_, is_member ? o.master : reflow.object);
+        if (!reflow.has_caret || !has_area(o)) return;
+        const TextRows rows(ctx_, reflow.object);
+        const RowPlace place = rows.place_of(reflow.caret);
+        o.cursor_line = rows.row(place).line;
+        o.cursor_column = place.column;
+        show_caret(ctx_, reflow.object);
+    }
+
+    vel_context &ctx_;
+    Steps steps_;
+    std::vector<std::pair<u32, Stretch>> open_;
+    std::vector<Reflow> reflows_;
+};
+
+} // namespace
+
+Stretch obey_anchors(const vel_context &ctx, u32 number, Stretch of_master) {
+    const i32 anchors = traits_of(ctx, number).anchor;
+    return {obey(anchors, anchor_left, anchor_right, of_master.x),
+            obey(anchors, anchor_top, anchor_bottom, of_master.y)};
+}
+
+bool stretch(vel_context &ctx, u32 number, Stretch by) try {
+    Stretching stretching(ctx);
+    stretching.stretch(number, by);
+    stretching.finish();
+    return true;
+} catch (const std::bad_alloc &) {
+    return false;
+}
+
+bool stretch_dependents(vel_context &ctx, u32 master, Stretch of_master) try {
+    Stretching stretching(ctx);
+    stretching.stretch_dependents(master, of_master);
+    stretching.finish();
+    return true;
+} catch (const std::bad_alloc &) {
+    return false;
+}
+
+} // namespace velumo
