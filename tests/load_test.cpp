@@ -366,6 +366,52 @@ TEST(Assets, other_pictures_are_loaded_unless_they_are_excluded) {
     EXPECT_EQ(type_loaded(files, "p", jpeg), 9U);
 }
 
+vel_form_file file_of(const char *path, const std::string &bytes) {
+    return {path, reinterpret_cast<const unsigned char *>(bytes.data()), bytes.size()};
+}
+
+// Each object's picture and font, and what becomes of them. The one on the disk is 3 pixels wide.
+TEST(Assets, what_is_in_the_program_comes_before_the_disk_and_is_checked_like_it) {
+    const Folder folder;
+    const std::string bmp = contents(picture_of_12_by_5(folder)), font = contents(test::font_file);
+    const std::string disk = folder.write("disk", png), half_font = font.substr(0, 9999);
+    const std::tuple<std::string, std::string, uint32_t, bool> cases[] = {
+        {"p", "f", 12, true},   {disk, test::font_file, 3, true},
+        {"f", "p", 0, false},   {"cut", "cut font", 0, false},
+        {"none", "", 0, false}, {folder.file("p.bmp"), "f", 3, true}};
+    Files files(std::size(cases));
+    uint32_t number = 0;
+    for (const auto &[picture, font_path, width, has_font] : cases) {
+        set_assets(files, ++number, font_path);
+        files.set(number, 704, picture);
+    }
+    const std::string in_memory = folder.file("p.bmp"), cut = bmp.substr(0, 99);
+    const vel_form_file table[] = {file_of(nullptr, bmp),
+                                   {"none", nullptr, 9},
+                                   file_of("p", bmp),
+                                   file_of("f", font),
+                                   file_of("cut", cut),
+                                   file_of("cut font", half_font),
+                                   file_of(in_memory.c_str(), png)};
+    vel_form_data data{};
+    data.form = file_of("", files.form).bytes, data.form_size = files.form.size();
+    data.files = table, data.file_count = std::size(table);
+    ASSERT_EQ(vel_load_forms_from_memory(&files.ctx, 0, 0, &data), VEL_OK);
+    number = 0;
+    for (const auto &[picture, font_path, width, has_font] : cases) {
+        const vel_object &o = files.ctx.objects[++number];
+        EXPECT_EQ(std::tuple(o.width, o.own_font != nullptr), std::tuple(width, has_font))
+            << picture;
+    }
+    vel_context ctx{};
+    set_number(files.form, text_at, 1); // no text is given
+    EXPECT_EQ(vel_load_forms_from_memory(&ctx, 0, 0, &data), VEL_ERROR_TEXT_FILE);
+    data.files = nullptr;
+    EXPECT_EQ(vel_load_forms_from_memory(&ctx, 0, 0, &data), VEL_ERROR_ARGUMENT);
+    data.form = nullptr, data.file_count = 0;
+    EXPECT_EQ(vel_load_forms_from_memory(&ctx, 0, 0, &data), VEL_ERROR_ARGUMENT);
+}
+
 // A picture of 2 x 1 pixels: its depth, its compression, its colours, and what follows the header.
 std::string bmp_of(uint32_t bits, uint32_t compression, uint32_t colours, const std::string &rest) {
     std::string file = "BM" + std::string(52, '\0') + rest + std::string(8, 'p');

@@ -84,6 +84,31 @@ TEST(Compile, leaves_the_pictures_that_are_there_and_says_which_are_missing) {
     }
 }
 
+TEST(Compile, embeds_the_pictures_and_on_demand_the_fonts_that_are_there) {
+    const std::string label = "[[object]]\ntype = 'label'\nrect = [0, 0, 9, 9]\nfont_file = '";
+    const std::string source = "[[object]]\ntype = 'picture'\npicture = 'p\"x'\n" + label +
+                               "f.ttf'\n" + label + "missing.ttf'\n";
+    for (const bool has_fonts : {false, true}) {
+        const Folder folder;
+        folder.write("p\"x", "abc"), folder.write("f.ttf", "de");
+        const auto result = run("compile " + folder.write("a.toml", source) + " --embed " +
+                                folder.file("e.c") + (has_fonts ? " --embed-fonts" : ""));
+        EXPECT_EQ(result.status, 0) << result.output;
+        const std::string code = contents(folder.file("e.c"));
+        const std::string data = "A_FORM = {form, 7760, text, 0, files, ";
+        EXPECT_NE(code.find(data + (has_fonts ? "2}" : "1}")), std::string::npos) << code;
+        EXPECT_NE(code.find("[] = {\n97,98,99,0};"), std::string::npos);
+        EXPECT_EQ(code.find("[] = {\n100,101,0};") != std::string::npos, has_fonts);
+        EXPECT_NE(code.find(R"({"p\042x", file_)"), std::string::npos);
+        EXPECT_EQ(code.find("missing"), std::string::npos);
+        EXPECT_NE(result.output.find("missing.ttf"), std::string::npos);
+    }
+    const Folder folder; // one name, two meanings
+    const std::string path = folder.write("a.toml", "[[window]]\nid = 'form'\nrect = [0, 0, 9, 9]");
+    EXPECT_EQ(run("compile " + path).status, 0);
+    EXPECT_EQ(run("compile --embed " + folder.file("e.c") + " " + path).status, 1);
+}
+
 TEST(Compile, leaves_all_files_as_they_were_when_anything_fails) {
     // What there was before; an output that is a folder and cannot be replaced; the status.
     const std::tuple<std::string, test::Names, test::Names, int> cases[] = {

@@ -8,6 +8,7 @@
 #include <fmt/format.h>
 
 #include "destination.h"
+#include "embed.h"
 #include "files.h"
 #include "form_builder.h"
 #include "form_check.h"
@@ -50,8 +51,9 @@ CompileOptions with_all_paths(CompileOptions options) {
 // Of those that are files.
 bool name_different_files(const CompileOptions &o) {
     std::set<fs::path> paths;
-    for (const std::string &path : {o.source, o.form, o.text, o.header}) {
-        if (!is_stream(path) && !paths.insert(fs::weakly_canonical(path)).second) return false;
+    for (const std::string &path : {o.source, o.form, o.text, o.header, o.embed}) {
+        if (!path.empty() && !is_stream(path) && !paths.insert(fs::weakly_canonical(path)).second)
+            return false;
     }
     return true;
 }
@@ -84,16 +86,21 @@ Outputs outputs_of(const CompileOptions &options, Diagnostics &diagnostics) {
     const Form form = build_form(source, diagnostics);
     check_form(form, diagnostics);
     const std::string prefix = prefix_of(options, source, diagnostics);
-    std::string header = header_text(form, prefix, diagnostics);
+    std::string header = header_text(form, prefix, diagnostics, !options.embed.empty());
     if (diagnostics.has_errors()) return {};
     Outputs outputs{{{options.form, form_file_bytes(form)},
                      {options.text, text_file_bytes(form)},
                      {options.header, std::move(header)}},
                     {}};
+    const std::string folder = folder_of(options.form);
+    const std::vector<std::string> folders = {folder, folder_of(options.source)};
+    if (!options.embed.empty()) {
+        const auto files = files_to_embed(form, folders, options.embed_fonts);
+        outputs.files.push_back({options.embed, embedded_form(form, prefix, files)});
+    }
     // Nobody knows where a form will be that goes through a pipe.
     if (is_stream(options.form)) return outputs;
-    const std::string folder = folder_of(options.form);
-    outputs.missing = missing_files(form, {folder, folder_of(options.source)});
+    outputs.missing = missing_files(form, folders);
     std::ranges::move(frame_pictures_to_write(form, folder), std::back_inserter(outputs.files));
     return outputs;
 }
@@ -112,7 +119,7 @@ void report_missing(const CompileOptions &options, const std::vector<std::string
 Status compile(const CompileOptions &given, std::ostream &out, std::ostream &err) {
     const CompileOptions options = with_all_paths(given);
     if (!name_different_files(options)) {
-        throw WrongUsage("the source and the three outputs must be four different files");
+        throw WrongUsage("the source and the outputs must be different files");
     }
     if (!options.prefix.empty() && !is_identifier(options.prefix)) {
         throw WrongUsage("the prefix must be a letter followed by letters, digits and '_', "

@@ -12,6 +12,8 @@ struct CompileOptions {
     std::string source;
     std::string form, text, header; // empty: made from the source's or the form's name
     std::string prefix;             // empty: as the source says, or made from its name
+    std::string embed;              // C file with all that the form needs; empty: none
+    bool embed_fonts = false;
 };
 
 // Prints what is wrong with the source to err, and to out which pictures and fonts are missing.

@@ -6,6 +6,7 @@
 
 #include <fmt/format.h>
 
+#include "embed.h"
 #include "identifier.h"
 
 namespace velform {
@@ -16,9 +17,10 @@ constexpr std::string_view indent = "    ";
 
 class HeaderWriter {
 public:
-    HeaderWriter(const Form &form, std::string_view prefix, Diagnostics &diagnostics)
+    HeaderWriter(const Form &form, std::string_view prefix, Diagnostics &diagnostics,
+                 bool is_embedded)
         : form_(form), prefix_(prefix), guard_(fmt::format("VELFORM_{}_H", prefix)),
-          diagnostics_(diagnostics) {}
+          data_(is_embedded ? name_of_data(prefix) : ""), diagnostics_(diagnostics) {}
 
     std::string write() {
         std::string objects, texts;
@@ -28,9 +30,9 @@ public:
             if (object.text != 0) texts += constant(object, "_TEXT", object.text);
         }
         return fmt::format("/* Made by velform: change the form source, not this. */\n"
-                           "#ifndef {0}\n#define {0}\n{1}{2}\n#endif\n",
+                           "#ifndef {0}\n#define {0}\n{1}{2}{3}\n#endif\n",
                            guard_, list("Objects of the form.", objects),
-                           list("Texts of the form.", texts));
+                           list("Texts of the form.", texts), declaration());
     }
 
 private:
@@ -40,11 +42,26 @@ private:
         return fmt::format("\n/** {} */\nenum {{\n{}}};\n", title, constants);
     }
 
+    std::string declaration() const {
+        if (data_.empty()) return {};
+        return fmt::format("\n#include <velumo.h>\n\n"
+                           "#ifdef __cplusplus\nextern \"C\"\n#else\nextern\n#endif\n"
+                           "/** The form, for vel_load_forms_from_memory(). */\n"
+                           "const vel_form_data {};\n",
+                           data_);
+    }
+
     std::string constant(const FormObject &object, std::string_view suffix, std::uint32_t number) {
         const ObjectSource &source = *object.source;
         const std::string name = fmt::format("{}_{}{}", prefix_, upper_case(source.id), suffix);
         const auto [first, is_new] = names_.try_emplace(name, &source);
         if (!is_new || name == guard_) report_clash(source, *first->second, name);
+        if (name == data_) {
+            diagnostics_.error(source.id_where, fmt::format("the id '{}' becomes {} in the header, "
+                                                            "as the embedded form does; choose "
+                                                            "another",
+                                                            source.id, name));
+        }
         return fmt::format("    {} = {},\n", name, number);
     }
 
@@ -62,6 +79,7 @@ private:
     const Form &form_;
     const std::string_view prefix_;
     const std::string guard_;
+    const std::string data_; // empty when the form is not embedded
     Diagnostics &diagnostics_;
     std::map<std::string, const ObjectSource *> names_;
 };
@@ -76,8 +94,9 @@ std::string prefix_for(std::string_view source_path) {
     return is_identifier(prefix) ? prefix : "FORM_" + prefix;
 }
 
-std::string header_text(const Form &form, std::string_view prefix, Diagnostics &diagnostics) {
-    return HeaderWriter(form, prefix, diagnostics).write();
+std::string header_text(const Form &form, std::string_view prefix, Diagnostics &diagnostics,
+                        bool is_embedded) {
+    return HeaderWriter(form, prefix, diagnostics, is_embedded).write();
 }
 
 HeaderNames::HeaderNames(const std::string &header) {

@@ -13,8 +13,10 @@ namespace velform {
 // Returns the prefix of the names for a source: its file name in capitals, without the suffix.
 std::string prefix_for(std::string_view source_path);
 
-// Valid C11 and C++. Names that would mean two things are reported, at their ids.
-std::string header_text(const Form &form, std::string_view prefix, Diagnostics &diagnostics);
+// Valid C11 and C++. Names that would mean two things are reported, at their ids. Where the form is
+// embedded, the header declares its data, see embed.
+std::string header_text(const Form &form, std::string_view prefix, Diagnostics &diagnostics,
+                        bool is_embedded = false);
 
 // The numbers of the objects, read back from what header_text() wrote.
 class HeaderNames {

@@ -63,6 +63,10 @@ private:
         command->add_option("--header", compile_.header, "C header [the form's name with .h]");
         command->add_option("--prefix", compile_.prefix,
                             "What the names in the header begin with [the source's name]");
+        CLI::Option *embed = command->add_option(
+            "--embed", compile_.embed, "C file to write, with the form and its pictures as data");
+        command->add_flag("--embed-fonts", compile_.embed_fonts, "Put the fonts into it as well")
+            ->needs(embed);
         command->callback(
             [this] { action_ = [this] { return compile(compile_, out_, std::cerr); }; });
     }

@@ -35,16 +35,20 @@ bool has_standard_picture(const FormObject &object) {
                frame_picture_path(standard_frame_folder, object.number);
 }
 
-std::vector<std::string> files_of(const FormObject &object) {
-    std::vector<std::string> files;
-    if (has_own_picture(object) && !has_standard_picture(object)) {
-        files.push_back(object.settings[Field::picture]->string());
+std::string_view standard_picture(const FormObject &object) {
+    if (!has_standard_picture(object)) return {};
+    return frame_picture(frame_button_names[object.number - 1]);
+}
+
+void add_files_of(const FormObject &object, std::vector<NeededFile> &files) {
+    if (has_own_picture(object)) {
+        files.push_back(
+            {object.settings[Field::picture]->string(), false, standard_picture(object)});
     }
     const bool has_font = means_something(record_field(Field::font_file), object.type());
     if (has_font && object.value(Field::font_choice) == 1) {
-        files.push_back(object.settings[Field::font_file]->string());
+        files.push_back({object.settings[Field::font_file]->string(), true, {}});
     }
-    return files;
 }
 
 } // namespace
@@ -58,22 +62,32 @@ std::vector<OutputFile> frame_pictures_to_write(const Form &form, const std::str
         const std::string &name = object.settings[Field::picture]->string();
         if (is_in(folder, name)) continue;
         pictures.push_back({.path = (fs::path(folder) / name).string(),
-                            .bytes = std::string(frame_picture(frame_button_names[button - 1])),
+                            .bytes = std::string(standard_picture(object)),
                             .may_make_folder = true});
     }
     return pictures;
 }
 
-std::vector<std::string> missing_files(const Form &form, const std::vector<std::string> &folders) {
+std::vector<NeededFile> needed_files(const Form &form) {
     const bool with_frame = shows_frame_buttons(form);
-    std::set<std::string> missing;
+    std::vector<NeededFile> files;
     for (const FormObject &object : form.objects) {
-        if (is_frame_button(object) && !with_frame) continue;
-        for (std::string &file : files_of(object)) {
-            const bool is_there = std::ranges::any_of(
-                folders, [&file](const std::string &folder) { return is_in(folder, file); });
-            if (!is_there) missing.insert(std::move(file));
-        }
+        if (!is_frame_button(object) || with_frame) add_files_of(object, files);
+    }
+    return files;
+}
+
+std::string place_in(const std::vector<std::string> &folders, const std::string &name) {
+    const auto folder = std::ranges::find_if(
+        folders, [&name](const std::string &tried) { return is_in(tried, name); });
+    return folder == folders.end() ? std::string() : (fs::path(*folder) / name).string();
+}
+
+std::vector<std::string> missing_files(const Form &form, const std::vector<std::string> &folders) {
+    std::set<std::string> missing;
+    for (const NeededFile &file : needed_files(form)) {
+        if (file.standard.empty() && place_in(folders, file.name).empty())
+            missing.insert(file.name);
     }
     return {missing.begin(), missing.end()};
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "files.h"
@@ -12,6 +13,17 @@ namespace velform {
 // Returns the pictures of frame buttons to write: those that come with velform and are not in the
 // folder yet. What is there stays, because it may be the author's.
 std::vector<OutputFile> frame_pictures_to_write(const Form &form, const std::string &folder);
+
+struct NeededFile {
+    std::string name;
+    bool is_font;
+    std::string_view standard; // the picture that comes with velform for it, or none
+};
+// All of them, some perhaps twice.
+std::vector<NeededFile> needed_files(const Form &form);
+
+// Where a file is in the first folder that has it; empty when none has.
+std::string place_in(const std::vector<std::string> &folders, const std::string &name);
 
 // Returns the names of all other pictures and fonts that are in none of the folders.
 std::vector<std::string> missing_files(const Form &form, const std::vector<std::string> &folders);
