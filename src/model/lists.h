@@ -56,6 +56,7 @@ struct List {
     Cell cell;                   // writes what a row shows in a column; the text has an end
     std::uint32_t first = 0;     // item that the first row shows
     std::uint32_t row_width = 0; // of a row that shows an item
+    std::uint32_t shown = 0;     // rows that there was room for
 
     // Of lists that are parts.
     RowSet selected;

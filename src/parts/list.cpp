@@ -40,6 +40,13 @@ void show_nothing(vel_object &row) {
     row.width = 0;
 }
 
+// Also those that there is no room for now.
+std::span<const u32> all_rows(const vel_context &ctx, u32 list) {
+    const auto all = dependents_of(object_at(ctx, list));
+    if (traits_of(ctx, list).part != list_part) return all;
+    return all.subspan(std::min<std::size_t>(first_row_of_list, all.size()));
+}
+
 void show_rows_of(vel_context &ctx, u32 number, List &items) {
     vel_object &list = object_at(ctx, number);
     const auto rows = rows_of(ctx, number);
@@ -48,6 +55,10 @@ void show_rows_of(vel_context &ctx, u32 number, List &items) {
         if (object_at(ctx, row).width != 0) items.row_width = object_at(ctx, row).width;
     }
     const bool is_made = traits_of(ctx, number).part == list_part;
+    items.shown = static_cast<u32>(rows.size());
+    for (const u32 row : all_rows(ctx, number).subspan(rows.size())) {
+        show_nothing(object_at(ctx, row));
+    }
     u32 item = items.first;
     for (const u32 row : rows) {
         vel_object &o = object_at(ctx, row);
@@ -73,9 +84,18 @@ void show_items(vel_context &ctx, u32 list, u32 count, List::Cell cell) {
 }
 
 std::span<const u32> rows_of(const vel_context &ctx, u32 list) {
-    const auto all = dependents_of(object_at(ctx, list));
+    const auto all = all_rows(ctx, list);
     if (traits_of(ctx, list).part != list_part) return all;
-    return all.subspan(std::min<std::size_t>(first_row_of_list, all.size()));
+    const i64 end = extent_of(object_at(ctx, list), vertical).end;
+    const auto fits = [&](u32 row) { return extent_of(object_at(ctx, row), vertical).end <= end; };
+    const auto first_out = std::find_if_not(all.begin(), all.end(), fits);
+    return {all.begin(), std::max(first_out, all.begin() + (all.empty() ? 0 : 1))};
+}
+
+void fill_list(vel_context &ctx, u32 list) {
+    List *items = find_list(ctx, list);
+    if (items != nullptr && items->shown != rows_of(ctx, list).size())
+        show_rows_of(ctx, list, *items);
 }
 
 List *find_list(const vel_context &ctx, u32 list) {

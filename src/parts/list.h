@@ -10,8 +10,11 @@ namespace velumo {
 // Shows other items, from where the list is scrolled to. Throws std::bad_alloc.
 void show_items(vel_context &ctx, u32 list, u32 count, List::Cell cell);
 
-// The objects that are the rows of a list; a list made by the form tool has others before them.
+// The objects that are the rows of a list. A list made by the form tool has others before them, and
+// perhaps more rows than it has room for now.
 std::span<const u32> rows_of(const vel_context &ctx, u32 list);
+// Shows more or fewer rows when the list has become higher or lower.
+void fill_list(vel_context &ctx, u32 list);
 
 // What the list shows; null when the object is none.
 List *find_list(const vel_context &ctx, u32 list);

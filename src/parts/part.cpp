@@ -1,5 +1,7 @@
 #include "parts/part.h"
 
+#include <new>
+
 #include "model/traits.h"
 #include "parts/choice.h"
 #include "parts/list_part.h"
@@ -71,6 +73,19 @@ void start_choice(vel_context &ctx, u32 number, const Traits &traits) {
     show_chosen(ctx, number);
 }
 
+// Parts may have been moved, resized and scrolled by whomever. Lists come before their bars.
+void settle(vel_context &ctx) try {
+    for (const auto &[number, traits] : ctx.state->traits) {
+        if (traits.part == list_part) fill_list(ctx, number);
+    }
+    for (const auto &[number, traits] : ctx.state->traits) {
+        if (traits.part == scroll_bar_part) place_thumb(ctx, number);
+        if (has_value(ctx, number)) place_value(ctx, number);
+        if (traits.part == tabs_part) place_marker(ctx, number);
+    }
+} catch (const std::bad_alloc &) {
+}
+
 } // namespace
 
 u32 part_at(const vel_context &ctx, u32 object) {
@@ -110,7 +125,7 @@ void start_parts(vel_context &ctx) {
     const auto traits = ctx.state->traits;
     for (const auto &[number, said] : traits) start_part(ctx, number, said);
     for (const auto &[number, said] : traits) start_choice(ctx, number, said);
-    if (!traits.empty()) ctx.state->settle_parts = place_thumbs;
+    if (!traits.empty()) ctx.state->settle_parts = settle;
 }
 
 void focus_part(vel_context &ctx, u32 part) {

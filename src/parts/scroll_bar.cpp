@@ -127,12 +127,7 @@ private:
 
 } // namespace
 
-void place_thumbs(vel_context &ctx) {
-    if (ctx.state == nullptr) return;
-    for (const auto &[number, traits] : ctx.state->traits) {
-        if (traits.part == scroll_bar_part) Bar(ctx, number).place_thumb();
-    }
-}
+void place_thumb(vel_context &ctx, u32 bar) { Bar(ctx, bar).place_thumb(); }
 
 Press press_scroll_bar(vel_context &ctx, u32 bar) { return BarPress(ctx, bar).run(); }
 

@@ -5,8 +5,8 @@
 
 namespace velumo {
 
-// Puts the thumbs where what they scroll is.
-void place_thumbs(vel_context &ctx);
+// Puts the thumb where what it scrolls is.
+void place_thumb(vel_context &ctx, u32 bar);
 
 Press press_scroll_bar(vel_context &ctx, u32 bar);
 

@@ -33,16 +33,6 @@ void show(vel_context &ctx, u32 page) {
     ctx.state->hidden_widths.erase(found);
 }
 
-void place_marker(vel_context &ctx, u32 tabs, u32 page) {
-    const u32 number = object_at(ctx, tabs).dep_objs[marker_of_tabs];
-    if (number == 0) return;
-    vel_object &marker = object_at(ctx, number);
-    const vel_object &tab = object_at(ctx, tab_number(ctx, tabs, page));
-    marker.x = tab.x;
-    marker.y = tab.y;
-    marker.width = tab.width;
-}
-
 bool is_below(const vel_context &ctx, u32 object, u32 top) {
     for (const u32 master : Masters(ctx, object)) {
         if (master == top) return true;
@@ -72,7 +62,18 @@ void show_page(vel_context &ctx, u32 tabs, u32 page) {
             if (holds_focus) ctx.cursor_object = tab_number(ctx, tabs, page);
         }
     }
-    place_marker(ctx, tabs, page);
+    place_marker(ctx, tabs);
+}
+
+void place_marker(vel_context &ctx, u32 tabs) {
+    const u32 number = object_at(ctx, tabs).dep_objs[marker_of_tabs];
+    const auto page = static_cast<u32>(traits_of(ctx, tabs).value);
+    if (number == 0 || page >= page_count(ctx, tabs)) return;
+    vel_object &marker = object_at(ctx, number);
+    const vel_object &tab = object_at(ctx, tab_number(ctx, tabs, page));
+    marker.x = tab.x;
+    marker.y = tab.y;
+    marker.width = tab.width;
 }
 
 u32 tabs_of_tab(const vel_context &ctx, u32 object) {

@@ -11,6 +11,9 @@ u32 page_count(const vel_context &ctx, u32 tabs);
 // Throws std::bad_alloc.
 void show_page(vel_context &ctx, u32 tabs, u32 page);
 
+// Puts the marker on the tab whose page shows.
+void place_marker(vel_context &ctx, u32 tabs);
+
 // The tabs that an object is one of; 0 for none.
 u32 tabs_of_tab(const vel_context &ctx, u32 object);
 

@@ -171,7 +171,11 @@ void set_value(vel_context &ctx, u32 object, i32 value) {
     Traits &t = own_traits(ctx, object);
     if (t.part == progress_part && t.endless) return advance(ctx, object);
     t.value = static_cast<i32>(range_of(t).cut(value));
-    if (t.part == slider_part)
+    place_value(ctx, object);
+}
+
+void place_value(vel_context &ctx, u32 object) {
+    if (traits_of(ctx, object).part == slider_part)
         place_knob(ctx, object);
     else
         place_bar(ctx, object);

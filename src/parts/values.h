@@ -14,6 +14,9 @@ void set_value(vel_context &ctx, u32 object, i32 value);
 // A radio button that is checked takes the mark from the others of its group.
 void set_checked(vel_context &ctx, u32 object, bool checked);
 
+// Puts the knob or bar where the value is.
+void place_value(vel_context &ctx, u32 object);
+
 // Shows the mark of a check box or a radio button as its value says.
 void show_mark(vel_context &ctx, u32 check);
 
