@@ -36,7 +36,7 @@ def form_source(titles, count):
     The object after it is that menu, or with titles 'missing' a label of another name.
     """
     other = "menu" if titles == "menus" else "label"
-    return "".join(
+    return 'theme = "none"\n' + "".join(
         f'[[object]]\nid = "title_{k}"\ntype = "label"\nrect = [0, 0, 60, 30]\nmenu = "menu_{k}"\n'
         f'[[object]]\nid = "{other}_{k}"\ntype = "{other}"\nrect = [0, 0, 80, 90]\n'
         for k in range(count // 2)

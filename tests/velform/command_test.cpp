@@ -216,7 +216,7 @@ TEST(Command, ends_with_the_status_that_fits) {
 
 TEST(Render, frames_the_window_opened_last_and_outlines_a_button_without_its_picture) {
     const Folder folder;
-    folder.write("a.toml", "[[window]]\nid = 'first'\nrect = [50, 50, 200, 100]\n"
+    folder.write("a.toml", "theme = 'none'\n[[window]]\nid = 'first'\nrect = [50, 50, 200, 100]\n"
                            "[[window]]\nid = 'second'\nrect = [50, 50, 240, 100]\n"
                            "fill = '#ff0000'\nhidden = false");
     ASSERT_EQ(run("compile " + folder.file("a.toml")).status, 0);

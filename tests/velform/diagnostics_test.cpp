@@ -38,6 +38,9 @@ const std::string area = "rect = [20, 30, 9, 9]\n";
 std::string label(const std::string &keys) {
     return "[[object]]\ntype = 'label'\n" + area + keys + '\n';
 }
+std::string part(const std::string &kind, const std::string &keys) {
+    return "[[object]]\nkind = '" + kind + "'\n" + keys + '\n';
+}
 std::string dialog(const std::string &keys) { return "[[file_dialog]]\nid = 'd'\n" + keys + '\n'; }
 
 TEST(Faults, point_at_the_place_and_say_what_is_wrong) {
@@ -97,6 +100,32 @@ TEST(Faults, point_at_the_place_and_say_what_is_wrong) {
         {"[[window]]\nobjects = [\n{ type = 'label', default = true },\n"
          "{ type = 'picture', picture = 'p', default = true },\n]",
          "4:46", "see line 3"},
+        {"theme = 'drak'", "1:9", "did you mean 'dark'?"},
+        {"[[object]]\nkind = 'chek'", "2:8", "did you mean 'check'?"},
+        {"[[object]]\nkind = 'check'\ntype = 'entry'", "3:8", "a check is a label"},
+        {"[[object]]\nkind = 'check'\nrows = []", "3:1", "`rows` means nothing for a check"},
+        {"[[object]]\nkind = 'list'\nlabel = 'x'", "3:1", "`label` means nothing for a list"},
+        {label("max = 5"), "4:1", "`max` means nothing without a `kind`"},
+        {"[[window]]\nkind = 'check'", "2:8", "put it into `objects`"},
+        {"[[object]]\nkind = 'whole'", "2:8", "only a window at the top level"},
+        {"[[window]]\nkind = 'whole'\nx = 1", "3:5", "begins at 0, 0"},
+        {part("list", "columns = [{ titel = 'x' }]"), "3:14", "did you mean 'title'?"},
+        {part("list", "columns = [{ width = 9000 }]"), "3:22", "from 8 to 4000"},
+        {part("list", "columns = [{ width = 300 }, {}]"), "1:1", "at least 326 pixels wide"},
+        {part("list", "height = 25"), "1:1", "at least 26 pixels high"},
+        {part("list", "rows = [\"a\\tb\"]"), "3:8", "has 2 cells"},
+        {part("list", "rows = ['" + std::string(500, 'x') + "', '" + std::string(499, 'x') + "']"),
+         "3:513", "more than 999 characters"},
+        {part("choice", "rows = ['a']\nvalue = 1"), "4:9", "one of the 1 rows"},
+        {part("slider", "min = 5\nmax = 5"), "4:7", "more than `min`"},
+        {part("slider", "value = 101"), "3:9", "from `min` to `max`"},
+        {part("slider", "step = 0"), "3:8", "at least 1"},
+        {part("scroll_bar", ""), "2:8", "needs the `id`"},
+        {part("scroll_bar", "for = 'x'"), "3:7", "no object 'x'"},
+        {part("tabs", ""), "2:8", "needs `pages`"},
+        {part("tabs", "pages = [{}]\nvalue = 1"), "4:9", "one of the 1 pages"},
+        {label("anchor = 'left botom'"), "4:10", "did you mean 'bottom'?"},
+        {label("align = 'middle'"), "4:9", "\"centre\", \"left\", \"right\""},
         {"[frame.move]\ntype = 'text'\n" + label("focus = true"), "1:1", "first frame button"},
     });
 }

@@ -38,7 +38,9 @@ struct Compiled {
 
     explicit Compiled(const std::string &source) {
         velform::Diagnostics diagnostics;
-        if (const auto root = velform::parse_toml(source, diagnostics)) {
+        if (auto root = velform::parse_toml(source, diagnostics)) {
+            // Most tests are of what a source says, and those of themes say which one.
+            if (!root->contains("theme")) root->insert("theme", "none");
             const auto read = velform::read_form_source(*root, diagnostics);
             const auto built = velform::build_form(read, diagnostics);
             velform::check_form(built, diagnostics);
@@ -69,6 +71,30 @@ struct Compiled {
             .c_str();
     }
 };
+
+// Sources and words, as in "8.x=-1 9.dep_objs.2=11 10.label=Yes".
+inline void expect_words(const std::vector<std::array<std::string, 2>> &cases) {
+    for (const auto &[source, words] : cases) {
+        SCOPED_TRACE(source);
+        const Compiled c(source);
+        EXPECT_TRUE(c.is_good) << c.messages;
+        std::istringstream tokens(words);
+        for (std::string object, member, value; std::getline(tokens >> std::ws, object, '.');) {
+            std::getline(tokens, member, '=');
+            tokens >> value;
+            const auto number = static_cast<std::uint32_t>(std::stoul(object));
+            const std::size_t dot = std::min(member.find('.'), member.size());
+            const std::size_t entry = dot < member.size() ? std::stoul(member.substr(dot + 1)) : 0;
+            const std::size_t place = place_of(member.substr(0, dot)) + 4 * entry;
+            SCOPED_TRACE(object + "." + member);
+            if (value.find_first_not_of("-0123456789") == std::string::npos) {
+                EXPECT_EQ(static_cast<std::int32_t>(c.word(number, place)), std::stol(value));
+            } else {
+                EXPECT_EQ(c.string(number, place), value);
+            }
+        }
+    }
+}
 
 struct Result {
     int status = -1; // -1 when it was ended by a signal

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <sstream>
 #include <vector>
 
 #include <fmt/format.h>
@@ -87,6 +88,36 @@ Reading flag_in(Range range, const toml::node &node) {
     return {0, fmt::format("must be true or false, not {}", kind_of(node))};
 }
 
+std::vector<std::string_view> known_words(std::span<const Name> names) {
+    std::vector<std::string_view> known(names.size());
+    std::ranges::transform(names, known.begin(), &Name::name);
+    return known;
+}
+
+std::string listed(std::span<const Name> names) {
+    return fmt::format("\"{}\"", fmt::join(known_words(names), "\", \""));
+}
+
+std::string hint_at(std::string_view word, std::span<const Name> names) {
+    return did_you_mean(word, known_words(names));
+}
+
+Reading words_in(std::span<const Name> names, const toml::node &node) {
+    const std::string wanted = fmt::format("must be words out of {}", listed(names));
+    const auto *string = node.as_string();
+    if (string == nullptr) return {0, fmt::format("{}, not {}", wanted, kind_of(node))};
+    std::int64_t bits = 0;
+    std::istringstream words(string->get());
+    for (std::string word; words >> word;) {
+        const auto found = std::ranges::find(names, std::string_view(word), &Name::name);
+        if (found == names.end()) {
+            return {0, fmt::format("{}, not \"{}\"{}", wanted, word, hint_at(word, names))};
+        }
+        bits |= found->code;
+    }
+    return {bits, {}};
+}
+
 Reading letter_in(const toml::node &node) {
     const auto *string = node.as_string();
     const std::string_view text = string == nullptr ? std::string_view{} : string->get();
@@ -98,15 +129,13 @@ Reading letter_in(const toml::node &node) {
 
 Reading code_in(Range range, std::span<const Name> names, const toml::node &node) {
     if (node.is_integer()) return number_in(range, node);
-    std::vector<std::string_view> known(names.size());
-    std::ranges::transform(names, known.begin(), &Name::name);
-    const std::string wanted = fmt::format("must be one of \"{}\"", fmt::join(known, "\", \""));
+    const std::string wanted = fmt::format("must be one of {}", listed(names));
     const auto *string = node.as_string();
     if (string == nullptr) return {0, fmt::format("{}, not {}", wanted, kind_of(node))};
     const auto found = std::ranges::find(names, std::string_view(string->get()), &Name::name);
     if (found != names.end()) return {std::int64_t{found->code}, {}};
-    return {0, fmt::format("{}, not \"{}\"{}", wanted, string->get(),
-                           did_you_mean(string->get(), known))};
+    return {0,
+            fmt::format("{}, not \"{}\"{}", wanted, string->get(), hint_at(string->get(), names))};
 }
 
 Reading read(const RecordField &field, const toml::node &node) {
@@ -121,6 +150,8 @@ Reading read(const RecordField &field, const toml::node &node) {
         return letter_in(node);
     case Kind::code:
         return code_in(field.range, field.names, node);
+    case Kind::words:
+        return words_in(field.names, node);
     default:
         return string_in(field.kind, node);
     }

@@ -4,6 +4,7 @@
 
 #include <fmt/format.h>
 
+#include "part_source.h"
 #include "record_table.h"
 #include "status.h"
 
@@ -31,6 +32,8 @@ std::string values_of(const RecordField &row) {
         return "`true` 1, `false` 0";
     case Kind::code:
         return codes_of(row);
+    case Kind::words:
+        return fmt::format("words out of {}", codes_of(row));
     case Kind::letter:
         return "letter or digit, as in `\"s\"`";
     case Kind::object:
@@ -59,6 +62,7 @@ std::string default_of(const RecordField &row) {
         return "none";
     }
     if (row.field == Field::focus) return "`true` for buttons";
+    if (row.field == Field::anchor) return "`\"left top\"`";
     std::vector<std::string> parts{written(row, row.standard)};
     for (const TypeStandard &standard : type_standards()) {
         if (standard.field != row.field) continue;
@@ -102,6 +106,26 @@ std::string shorthand_rows() {
     return rows;
 }
 
+std::string kind_rows() {
+    std::string rows;
+    for (const PartRow &row : part_table()) {
+        std::vector<std::string> keys;
+        for (const std::string_view key : row.keys) keys.push_back(fmt::format("`{}`", key));
+        if (row.has_caption) keys.emplace_back("`label`");
+        if (row.has_objects) keys.emplace_back("`objects`");
+        rows += fmt::format("| `\"{}\"` | {} | {} |\n", row.name, row.meaning, joined(keys));
+    }
+    return rows;
+}
+
+std::string part_key_rows() {
+    std::string rows;
+    for (const PartKey &key : part_keys()) {
+        rows += fmt::format("| `{}` | {} | {} |\n", key.key, key.value, key.meaning);
+    }
+    return rows;
+}
+
 std::string source_of(const RecordField &row) {
     if (row.kind == Kind::reserved) return "nothing; written as 0 and not read";
     if (row.kind == Kind::computed) return std::string(row.meaning);
@@ -122,8 +146,12 @@ std::string key_tables() {
     return fmt::format("\n### Keys of an object\n\n"
                        "| Key | Value | Default | Types | Meaning |\n|---|---|---|---|---|\n{}\n"
                        "### Keys for several fields\n\n"
-                       "| Key | Value | Stands for |\n|---|---|---|\n{}\n",
-                       key_rows(), shorthand_rows());
+                       "| Key | Value | Stands for |\n|---|---|---|\n{}\n"
+                       "### Kinds\n\n"
+                       "| Kind | What it is | Keys of its own |\n|---|---|---|\n{}\n"
+                       "### Keys of kinds alone\n\n"
+                       "| Key | Value | Meaning |\n|---|---|---|\n{}\n",
+                       key_rows(), shorthand_rows(), kind_rows(), part_key_rows());
 }
 
 std::string record_layout() {

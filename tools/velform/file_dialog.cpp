@@ -35,9 +35,6 @@ constexpr Pixels standard_rows = 12;
 constexpr Pixels standard_x = 60, standard_y = 60;
 constexpr Pixels standard_width = 420, least_width = 300;
 
-constexpr Pixels paper = 0xFFFFFF, ink = 0x1F2D3D, line = 0xC3CEDB, muted = 0x64748B,
-                 accent = 0x2F6FDE, warning = 0xB3261E, field_paper = 0xF6F8FB;
-
 constexpr FileDialogText texts[] = {{"title", &FileDialog::title},
                                     {"name", &FileDialog::name},
                                     {"ok", &FileDialog::ok},
@@ -70,8 +67,8 @@ void dress(ObjectSource &object, const std::vector<StyleUse> &by_author, Looks l
 
 class WindowBuilder {
 public:
-    WindowBuilder(const FileDialog &dialog, Diagnostics &diagnostics)
-        : dialog_(dialog), diagnostics_(diagnostics) {
+    WindowBuilder(const FileDialog &dialog, const Theme &theme, Diagnostics &diagnostics)
+        : dialog_(dialog), theme_(theme), diagnostics_(diagnostics) {
         width_ = place(Field::width, standard_width);
         measure_rows();
     }
@@ -89,9 +86,10 @@ public:
         // A range below zero lets nothing scroll across, where there is nothing to see.
         set(window.own, Field::scroll_max_x, -1);
         dress(window, dialog_.style,
-              {{Field::text_colour, ink},
+              {{Field::fill, theme_.window},
+               {Field::text_colour, theme_.ink},
                {Field::border, VEL_BORDER_SHADOW},
-               {Field::border_colour, line}});
+               {Field::border_colour, theme_.line}});
         window.objects = parts();
         return window;
     }
@@ -136,6 +134,7 @@ private:
     ObjectSource part(std::string_view suffix, std::uint32_t type, const Rect &rect) const {
         ObjectSource object;
         object.where = dialog_.where;
+        object.role = Role::bare;
         object.id = fmt::format("{}{}", dialog_.id, suffix);
         object.id_where = dialog_.id_where;
         set(object.own, Field::type, type);
@@ -154,7 +153,7 @@ private:
         set_margins(object.own, 0, 1);
         object.own[Field::label] = Setting{std::move(text), {}};
         // The ground of a window that has a style is the author's.
-        if (!dialog_.style.empty()) object.styles = dialog_.style;
+        dress(object, dialog_.style, {{Field::fill, theme_.window}});
         set(object.own, Field::text_colour, colour);
         set(object.own, Field::border, VEL_BORDER_NONE);
         return object;
@@ -168,7 +167,8 @@ private:
         const Pixels button_top = message_top + message_height + gap;
         const Pixels ok_left = width_ - side - button_width;
         std::vector<ObjectSource> all;
-        all.push_back(text_line("_folder", {side, folder_top, inner, folder_height}, "", muted));
+        all.push_back(
+            text_line("_folder", {side, folder_top, inner, folder_height}, "", theme_.muted));
         all.push_back(list({side, list_top, inner, list_height}));
         all.push_back(
             field({side + caption_width, field_top, inner - caption_width, field_height}));
@@ -176,9 +176,10 @@ private:
         all.push_back(button("_cancel", ok_left - gap - button_width, button_top,
                              text_or(dialog_.cancel, "Cancel")));
         all.push_back(text_line("_message", {side, message_top, inner, message_height},
-                                text_or(dialog_.message, "This folder cannot be read."), warning));
+                                text_or(dialog_.message, "This folder cannot be read."),
+                                theme_.warning));
         all.push_back(text_line("", {side, field_top + 3, caption_width - gap, folder_height},
-                                text_or(dialog_.name, "Name"), muted));
+                                text_or(dialog_.name, "Name"), theme_.muted));
         all.back().id.clear();
         return all;
     }
@@ -187,8 +188,8 @@ private:
         ObjectSource object = part("_list", VEL_TYPE_LABEL, rect);
         set_margins(object.own, 0, 0);
         set(object.own, Field::border, VEL_BORDER_SHADOW);
-        set(object.own, Field::border_colour, line);
-        dress(object, dialog_.row_style, {{Field::fill, paper}});
+        set(object.own, Field::border_colour, theme_.edge);
+        dress(object, dialog_.row_style, {{Field::fill, theme_.paper}});
         for (Pixels k = 0; k < rows_; ++k) {
             const Pixels width = rect.width - 2 * list_inset;
             ObjectSource row = part("", VEL_TYPE_ENTRY,
@@ -197,7 +198,8 @@ private:
             set(row.own, Field::editable, 0);
             set(row.own, Field::border, VEL_BORDER_NONE);
             set_margins(row.own, gap, 1);
-            dress(row, dialog_.row_style, {{Field::fill, paper}, {Field::text_colour, ink}});
+            dress(row, dialog_.row_style,
+                  {{Field::fill, theme_.paper}, {Field::text_colour, theme_.ink}});
             object.objects.push_back(std::move(row));
         }
         return object;
@@ -207,11 +209,11 @@ private:
         ObjectSource object = part("_name", VEL_TYPE_ENTRY, rect);
         // The frame follows the margins: one more than its inset puts it on the edge.
         dress(object, dialog_.field_style,
-              {{Field::fill, field_paper},
-               {Field::text_colour, ink},
+              {{Field::fill, theme_.field},
+               {Field::text_colour, theme_.ink},
                {Field::border_inset, 3},
                {Field::border, VEL_BORDER_FRAME},
-               {Field::border_colour, line},
+               {Field::border_colour, theme_.edge},
                {Field::margin_left, 4},
                {Field::margin_right, 4},
                {Field::margin_top, 4},
@@ -225,14 +227,15 @@ private:
         object.own[Field::label] = Setting{std::move(text), {}};
         set(object.own, is_main ? Field::default_answer : Field::cancel_answer, 1);
         dress(object, dialog_.button_style,
-              {{Field::fill, is_main ? accent : paper},
-               {Field::text_colour, is_main ? paper : ink},
+              {{Field::fill, is_main ? theme_.accent : theme_.button},
+               {Field::text_colour, is_main ? theme_.accent_ink : theme_.button_ink},
                {Field::border, VEL_BORDER_SHADOW},
-               {Field::border_colour, is_main ? accent : line}});
+               {Field::border_colour, is_main ? theme_.accent_edge : theme_.edge}});
         return object;
     }
 
     const FileDialog &dialog_;
+    const Theme &theme_;
     Diagnostics &diagnostics_;
     Pixels width_ = 0, rows_ = 0, row_height_ = row_height;
 };
@@ -242,8 +245,9 @@ private:
 std::span<const FileDialogText> file_dialog_texts() { return texts; }
 std::span<const FileDialogStyle> file_dialog_styles() { return styles; }
 
-ObjectSource file_dialog_window(const FileDialog &dialog, Diagnostics &diagnostics) {
-    return WindowBuilder(dialog, diagnostics).build();
+ObjectSource file_dialog_window(const FileDialog &dialog, const Theme &theme,
+                                Diagnostics &diagnostics) {
+    return WindowBuilder(dialog, theme, diagnostics).build();
 }
 
 } // namespace velform

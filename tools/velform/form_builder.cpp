@@ -1,9 +1,12 @@
 #include "form_builder.h"
 
+#include <algorithm>
+#include <map>
 #include <unordered_map>
 
 #include <fmt/format.h>
 
+#include "parts.h"
 #include "styles.h"
 #include "suggestion.h"
 #include "traits.h"
@@ -57,13 +60,16 @@ public:
             const ObjectSource &source = source_.frame_buttons[button - 1];
             Settings settings = frame_button_settings(source_, button);
             settings.overlay(styles_.resolve(source));
-            add(source, 0, settings);
+            add(source, 0, settings, Role::bare);
         }
         add_list(source_.objects, 0);
+        add_tip_label();
         note_ids();
         for (FormObject &object : form_.objects) {
             add_text(object);
             link_menu(object);
+            link_scroll_bar(object);
+            number_group(object);
         }
         add_traits();
         return std::move(form_);
@@ -72,23 +78,93 @@ public:
 private:
     void add_list(const std::vector<ObjectSource> &list, std::uint32_t master) {
         for (const ObjectSource &source : list) {
-            const std::uint32_t number = add(source, master, styles_.resolve(source));
+            const Settings said = styles_.resolve(source);
+            const std::uint32_t number = add(source, master, said, role_of(source, master, said));
             if (master != 0) form_.objects[master - 1].dependents.push_back(number);
             add_list(source.objects, number);
         }
     }
 
-    std::uint32_t add(const ObjectSource &source, std::uint32_t master, const Settings &said) {
+    // The part that an object plays, which gives it its looks.
+    Role role_of(const ObjectSource &source, std::uint32_t master, const Settings &said) const {
+        if (source.role != Role::by_type) return source.role;
+        const auto is_set = [&said](Field field) { return said[field] && said[field]->number(); };
+        switch (type_of(source, said)) {
+        case VEL_TYPE_WINDOW:
+            return Role::window;
+        case VEL_TYPE_LABEL:
+            return role_of_label(source, master, said);
+        case VEL_TYPE_TEXT:
+            return is_set(Field::editable) ? Role::note : Role::text;
+        case VEL_TYPE_ENTRY:
+        case VEL_TYPE_NUMBER:
+            if (said[Field::editable] && !is_set(Field::editable)) return Role::line;
+            return type_of(source, said) == VEL_TYPE_ENTRY ? Role::field : Role::number;
+        case VEL_TYPE_MENU:
+            return Role::menu;
+        case VEL_TYPE_CHAIN:
+            return is_set(Field::editable) ? Role::note : Role::chain;
+        default:
+            return Role::bare;
+        }
+    }
+
+    Role role_of_label(const ObjectSource &source, std::uint32_t master,
+                       const Settings &said) const {
+        const auto is_set = [&said](Field field) { return said[field] && said[field]->number(); };
+        const std::int64_t border = said[Field::border] ? said[Field::border]->number() : 0;
+        const bool has_edge = border == VEL_BORDER_FRAME || border == VEL_BORDER_SHADOW;
+        if (is_set(Field::default_answer)) return Role::main_button;
+        if (is_set(Field::cancel_answer) || is_set(Field::focus)) return Role::button;
+        if (said[Field::menu]) return Role::title;
+        if (is_in_menu(master)) return Role::item;
+        const bool is_plain = said[Field::focus] || !source.objects.empty();
+        return has_edge && !is_plain ? Role::button : Role::caption;
+    }
+
+    bool is_in_menu(std::uint32_t master) const {
+        while (master != 0 && form_.object(master).type() != VEL_TYPE_MENU) {
+            master = form_.object(master).master;
+        }
+        return master != 0;
+    }
+
+    std::uint32_t add(const ObjectSource &source, std::uint32_t master, const Settings &said,
+                      Role role) {
         FormObject object(&source, standard_settings(type_of(source, said)));
         object.number = static_cast<std::uint32_t>(form_.objects.size() + 1);
         object.master = master;
+        object.settings.overlay(looks_of(*source_.theme, role));
         object.settings.overlay(said);
+        if (role == Role::window && said[Field::text]) leave_room_for_title(object, said);
+        take_colours_of_master(object);
         object.settings[Field::type]->value = std::int64_t{type_of(source, said)};
         if (!said[Field::type] && !source.default_type) report_missing_type(source);
         if (!said[Field::font_choice]) choose_font(object);
         if (master != 0) make_absolute(object);
         form_.objects.push_back(std::move(object));
         return form_.objects.back().number;
+    }
+
+    // Not at its right and bottom edges, where objects may reach further.
+    void leave_room_for_title(FormObject &window, const Settings &said) const {
+        constexpr std::int64_t left = 16, top = 12;
+        if (!source_.theme->dresses_types) return;
+        if (!said[Field::margin_left]) window.settings[Field::margin_left] = Setting{left, {}};
+        if (!said[Field::margin_top]) window.settings[Field::margin_top] = Setting{top, {}};
+    }
+
+    // Of the nearest one that has a body.
+    void take_colours_of_master(FormObject &object) const {
+        for (const Field field : {Field::fill, Field::text_colour}) {
+            if (object.value(field) != colour_of_master) continue;
+            std::uint32_t at = object.master;
+            while (at != 0 && !means_something(record_field(field), form_.object(at).type())) {
+                at = form_.object(at).master;
+            }
+            const Colour top = field == Field::fill ? source_.theme->desk : source_.theme->ink;
+            object.settings[field]->value = at == 0 ? top : form_.object(at).value(field);
+        }
     }
 
     static std::uint32_t type_of(const ObjectSource &source, const Settings &said) {
@@ -114,7 +190,10 @@ private:
 
     void add_text(FormObject &object) {
         const std::optional<Setting> &text = object.settings[Field::text];
-        if (takes_text(form_, object)) {
+        if (!object.source->rows.empty()) {
+            form_.texts.push_back(object.source->rows);
+            object.text = static_cast<std::uint32_t>(form_.texts.size());
+        } else if (takes_text(form_, object)) {
             form_.texts.push_back(text ? text->string() : std::string{});
             object.text = static_cast<std::uint32_t>(form_.texts.size());
             object.text_length = static_cast<std::uint32_t>(form_.texts.back().size());
@@ -155,8 +234,11 @@ private:
     void note_ids() {
         for (const FormObject &object : form_.objects) {
             const std::string_view id = object.source->id;
+            const std::string_view alias = object.source->alias;
+            if (!alias.empty()) numbers_.try_emplace(alias, object.number);
             if (id.empty()) continue;
             numbers_.try_emplace(id, object.number);
+            ids_.add(id);
             if (object.type() == VEL_TYPE_MENU) menus_.add(id);
         }
     }
@@ -179,6 +261,52 @@ private:
         }
     }
 
+    void add_tip_label() {
+        const bool has_tips = std::ranges::any_of(form_.objects, [](const FormObject &object) {
+            const std::optional<Setting> &tip = object.settings[Field::tip];
+            return tip && !tip->string().empty();
+        });
+        if (!has_tips) return;
+        const ObjectSource &label = source_.tip_label;
+        add(label, 0, label.own, label.role);
+        if (form_.objects.size() <= most_records) return;
+        diagnostics_.error({}, fmt::format("a form holds at most {} objects, with that for its "
+                                           "tips; take some out",
+                                           most_records));
+    }
+
+    void link_scroll_bar(FormObject &object) {
+        if (object.source->scrolls_master) set_trait(object, Field::target, object.master);
+        const std::optional<Setting> &target = object.source->scrolls;
+        if (!target || target->is_faulty) return;
+        const auto named = numbers_.find(target->string());
+        if (named == numbers_.end()) {
+            diagnostics_.error(target->where,
+                               fmt::format("there is no object '{}'{}", target->string(),
+                                           ids_.hint(target->string())));
+            return;
+        }
+        set_trait(object, Field::target, named->second);
+    }
+
+    // Radio buttons of a name belong together in a window, those without one in their master.
+    void number_group(FormObject &object) {
+        if (!object.source->group) return;
+        std::uint32_t around = object.master;
+        if (!object.source->group->empty()) {
+            while (around != 0 && form_.object(around).master != 0) {
+                around = form_.object(around).master;
+            }
+        }
+        const auto next = static_cast<std::uint32_t>(groups_.size() + 1);
+        const auto [group, is_new] = groups_.try_emplace({around, *object.source->group}, next);
+        set_trait(object, Field::group, group->second);
+    }
+
+    static void set_trait(FormObject &object, Field field, std::uint32_t number) {
+        object.settings[field] = Setting{std::int64_t{number}, {}};
+    }
+
     void refuse_menu(const Setting &menu, const std::string &fault) {
         diagnostics_.error(menu.where, fault + menus_.hint(menu.string()));
     }
@@ -188,7 +316,8 @@ private:
     StyleResolver styles_;
     Form form_;
     std::unordered_map<std::string_view, std::uint32_t> numbers_; // by id; the first wins
-    Suggestions menus_;
+    Suggestions menus_, ids_;
+    std::map<std::pair<std::uint32_t, std::string>, std::uint32_t> groups_;
 };
 
 } // namespace

@@ -20,12 +20,14 @@ public:
         : form_(form), object_(object), diagnostics_(diagnostics) {}
 
     void run() {
-        check_own_keys();
-        check_strings();
+        if (!object_.source->is_made) {
+            check_own_keys();
+            check_strings();
+            check_area();
+            check_type();
+        }
         check_place();
-        check_area();
         check_dependents();
-        check_type();
     }
 
 private:

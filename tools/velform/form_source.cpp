@@ -7,6 +7,8 @@
 #include "field_value.h"
 #include "file_dialog.h"
 #include "identifier.h"
+#include "part_reader.h"
+#include "parts.h"
 #include "suggestion.h"
 #include "toml_text.h"
 
@@ -75,13 +77,19 @@ public:
     FormSource read(const toml::table &root) {
         FormSource source;
         refuse_unknown_keys(
-            root, Keys{"prefix", "styles", "frame", file_dialog_key} + keys_of_lists(), "a form");
+            root, Keys{"prefix", "theme", "styles", "frame", file_dialog_key} + keys_of_lists(),
+            "a form");
+        if (const toml::node *theme = root.get("theme")) source.theme = read_theme(*theme);
+        theme_ = source.theme;
         if (const toml::node *prefix = root.get("prefix")) {
             source.prefix = read_identifier(*prefix, "prefix");
             source.prefix_where = position_of(*prefix);
         }
         if (const toml::table *styles = table_in(root, "styles")) read_styles(*styles, source);
         if (const toml::table *frame = table_in(root, "frame")) read_frame(*frame, source);
+        // What is wrong with styles is reported when all objects are built.
+        Diagnostics unused;
+        styles_.emplace(source, unused);
         source.objects = read_lists(root);
         if (const toml::node *dialogs = root.get(file_dialog_key)) {
             for_each_table(file_dialog_key, *dialogs, [&](const toml::table &table) {
@@ -89,6 +97,8 @@ public:
             });
             sort_by_place(source.objects);
         }
+        std::ranges::move(last_objects_, std::back_inserter(source.objects));
+        source.tip_label = tip_label();
         return source;
     }
 
@@ -134,6 +144,20 @@ private:
                                        "as a string of at most {} characters",
                                        what, longest_identifier));
         return {};
+    }
+
+    const Theme *read_theme(const toml::node &node) {
+        const std::string name = read_string(node, "theme");
+        if (const Theme *theme = find_theme(name)) return theme;
+        if (node.is_string()) {
+            Keys names;
+            for (const Theme &theme : themes()) names.push_back(theme.name);
+            diagnostics_.error(position_of(node),
+                               fmt::format("`theme` must be one of \"{}\", not \"{}\"{}",
+                                           fmt::join(names, "\", \""), name,
+                                           did_you_mean(name, names)));
+        }
+        return find_theme(standard_theme);
     }
 
     void read_styles(const toml::table &styles, FormSource &source) {
@@ -228,8 +252,7 @@ private:
         }
         for_each_table(list.key, node, [&](const toml::table &table) {
             if (!take_room(1, position_of(table))) return;
-            objects.push_back(read_object(table));
-            objects.back().default_type = list.type;
+            objects.push_back(read_object(table, list.type));
         });
     }
 
@@ -291,7 +314,7 @@ private:
             diagnostics_.error(dialog.where, "a file dialog needs an `id`, which the program calls "
                                              "it by");
         }
-        ObjectSource window = file_dialog_window(dialog, diagnostics_);
+        ObjectSource window = file_dialog_window(dialog, *theme_, diagnostics_);
         if (take_room(count_of(window), dialog.where)) objects.push_back(std::move(window));
     }
 
@@ -308,20 +331,45 @@ private:
         return has_room;
     }
 
-    ObjectSource read_object(const toml::table &table) {
-        refuse_unknown_keys(table, Keys{"id"} + keys_of_lists() + keys_of_blocks(), "an object");
+    ObjectSource read_object(const toml::table &table, std::optional<std::uint32_t> type) {
+        refuse_unknown_keys(
+            table, Keys{"id"} + keys_of_lists() + keys_of_blocks() + keys_of_parts(), "an object");
         ObjectSource object;
         object.where = position_of(table);
+        object.default_type = type;
         read_block(table, object);
         if (const toml::node *id = table.get("id")) {
             object.id = read_identifier(*id, "id");
             object.id_where = position_of(*id);
         }
+        const bool is_window = type == VEL_TYPE_WINDOW && depth_ == 0;
+        ++depth_;
         object.objects = read_lists(table);
+        const auto read_objects = [this](const toml::table &page) { return read_lists(page); };
+        auto part = read_part(table, is_window, read_objects, diagnostics_);
+        --depth_;
+        if (part) add_part(object, *part);
         return object;
     }
 
+    void add_part(ObjectSource &object, PartSource &part) {
+        const std::size_t others = last_objects_.size();
+        PartContext context{*theme_, *styles_, diagnostics_, last_objects_};
+        make_part(object, part, context);
+        std::size_t count = count_of_pieces(object);
+        for (std::size_t k = others; k < last_objects_.size(); ++k) {
+            count += count_of_pieces(last_objects_[k]);
+        }
+        if (take_room(count, object.where)) return;
+        object.objects.clear();
+        last_objects_.resize(others);
+    }
+
     Diagnostics &diagnostics_;
+    const Theme *theme_ = find_theme(standard_theme);
+    std::optional<StyleResolver> styles_;
+    std::vector<ObjectSource> last_objects_; // of the form
+    int depth_ = 0;
     std::size_t room_ = most_records - VEL_FRAME_BUTTONS;
     bool is_full_ = false;
     std::size_t hints_left_ = most_hints;
@@ -332,6 +380,12 @@ private:
 std::size_t count_of(const ObjectSource &object) {
     std::size_t count = 1;
     for (const ObjectSource &inner : object.objects) count += count_of(inner);
+    return count;
+}
+
+std::size_t count_of_pieces(const ObjectSource &object) {
+    std::size_t count = object.is_made ? 1 : 0;
+    for (const ObjectSource &inner : object.objects) count += count_of_pieces(inner);
     return count;
 }
 

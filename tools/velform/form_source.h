@@ -10,6 +10,7 @@
 #include <toml++/toml.h>
 #include <velumo.h>
 
+#include "looks.h"
 #include "settings.h"
 
 namespace velform {
@@ -31,10 +32,21 @@ struct ObjectSource : Block {
     Position id_where;
     std::optional<std::uint32_t> default_type;
     std::vector<ObjectSource> objects;
+
+    // Of parts and their pieces.
+    Role role = Role::by_type;
+    bool is_made = false;             // not written by the author, who cannot change it
+    std::string alias;                // a name for the tool's own links, which no id can be
+    std::string rows;                 // the text of a list: a line for each row
+    std::optional<Setting> scrolls;   // id or alias of what a scroll bar is for
+    bool scrolls_master = false;      // a scroll bar is for the object around it
+    std::optional<std::string> group; // of a radio button; empty: those of one master
 };
 
 // The object with all that is in it.
 std::size_t count_of(const ObjectSource &object);
+// Those of them that the tool has made.
+std::size_t count_of_pieces(const ObjectSource &object);
 
 // What a program loads of a file.
 inline constexpr std::size_t most_records = 65536;
@@ -45,10 +57,12 @@ inline constexpr std::string_view standard_frame_folder = "frame";
 struct FormSource {
     std::optional<std::string> prefix; // of the names in the header
     Position prefix_where;
+    const Theme *theme = find_theme(standard_theme);
     std::string frame_pictures{standard_frame_folder};
     std::map<std::string, Block, std::less<>> styles;
     std::array<ObjectSource, VEL_FRAME_BUTTONS> frame_buttons;
     std::vector<ObjectSource> objects;
+    ObjectSource tip_label; // for forms that have tips
 };
 
 // Names of the frame buttons, from button 1 on.

@@ -41,7 +41,8 @@ std::string_view standard_picture(const FormObject &object) {
 }
 
 void add_files_of(const FormObject &object, std::vector<NeededFile> &files) {
-    if (has_own_picture(object)) {
+    // The program supplies the pictures of a list.
+    if (has_own_picture(object) && !object.settings[Field::picture]->string().empty()) {
         files.push_back(
             {object.settings[Field::picture]->string(), false, standard_picture(object)});
     }

@@ -29,6 +29,8 @@ constexpr Name border_names[] = {
     {"shadow", VEL_BORDER_SHADOW}, {"shadow_fitted", VEL_BORDER_SHADOW_FITTED}};
 constexpr Name clip_names[] = {
     {"margins", VEL_CLIP_MARGINS}, {"frame", VEL_CLIP_FRAME}, {"none", VEL_CLIP_NONE}};
+constexpr Name align_names[] = {{"centre", 0}, {"left", 1}, {"right", 2}};
+constexpr Name anchor_names[] = {{"left", 1}, {"right", 2}, {"top", 4}, {"bottom", 8}};
 constexpr Name font_choice_names[] = {{"default", 0}, {"own", 1}};
 
 constexpr std::uint32_t bits(std::initializer_list<std::uint32_t> types) {
@@ -46,6 +48,7 @@ constexpr std::uint32_t flowing = texts | bits({VEL_TYPE_CHAIN});
 constexpr std::uint32_t written = captions | flowing;
 constexpr std::uint32_t pictures = bits({VEL_TYPE_PICTURE_UNLOADED});
 constexpr std::uint32_t titles = bits({VEL_TYPE_LABEL}) | pictures;
+constexpr std::uint32_t labels = bits({VEL_TYPE_LABEL});
 constexpr std::uint32_t boxes = written | bits({VEL_TYPE_MENU});
 
 constexpr std::uint32_t editables = flowing | fields;
@@ -65,7 +68,7 @@ constexpr std::int64_t white = 0xFFFFFF;
 
 constexpr std::uint32_t number_size = 4;
 
-constexpr std::array<RecordField, field_count> table{{
+constexpr std::array<RecordField, field_count> rows{{
 #define ROW(field, kind, byte, size, member, ...)                                                  \
     {Field::field, Kind::kind, byte, size, member, __VA_ARGS__},
 #define NUMBER(field, byte, range, standard, types, meaning)                                       \
@@ -99,6 +102,29 @@ constexpr std::array<RecordField, field_count> table{{
 #include "model/traits.inc"
 #undef TRAIT
 }};
+
+// What the library knows as numbers only.
+struct TraitValue {
+    Field field;
+    std::int64_t standard;
+    std::span<const Name> names;
+};
+constexpr TraitValue trait_values[] = {{Field::align, 0, align_names},
+                                       {Field::anchor, 5, anchor_names},
+                                       {Field::most, 100, {}},
+                                       {Field::step, 1, {}}};
+
+constexpr std::array<RecordField, field_count>
+with_trait_values(std::array<RecordField, field_count> table) {
+    for (const TraitValue &value : trait_values) {
+        RecordField &row = table[static_cast<std::size_t>(value.field)];
+        row.standard = value.standard;
+        row.names = value.names;
+    }
+    return table;
+}
+
+constexpr std::array<RecordField, field_count> table = with_trait_values(rows);
 
 constexpr std::span<const RecordField, record_field_count> record_rows =
     std::span(table).first<record_field_count>();

@@ -48,6 +48,7 @@ enum class Kind : std::uint8_t {
     flag,     // true or false, or a number
     letter,   // one letter or digit
     code,     // a name, or a number
+    words,    // names, whose codes are bits of a number
     object,   // the id of another object; the record holds its number
     computed, // has no key: follows from the rest of the source
     reserved  // 0

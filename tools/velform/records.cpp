@@ -60,6 +60,7 @@ void put_field(std::string &record, const RecordField &row, const FormObject &ob
         put_computed(record, row, object);
         break;
     case Kind::letter: // only traits have one
+    case Kind::words:
     case Kind::reserved:
         break;
     }

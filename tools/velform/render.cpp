@@ -125,7 +125,8 @@ void warn_of_missing_files(const vel_context &ctx, std::ostream &err) {
     for (std::uint32_t number = 1; number <= ctx.object_count; ++number) {
         const vel_object &o = ctx.objects[number];
         const bool is_unused = number <= VEL_FRAME_BUTTONS && o.hidden != 0;
-        if (o.type == VEL_TYPE_PICTURE_UNLOADED && !is_unused) {
+        const bool is_wanted = !is_unused && o.image_path[0] != '\0'; // else the program has it
+        if (o.type == VEL_TYPE_PICTURE_UNLOADED && is_wanted) {
             warn(number, "cannot load the picture", path_in(o.image_path));
         }
         if (o.font_choice == 1 && o.own_font == nullptr) {

@@ -22,6 +22,7 @@ bool is_in_menu(const Form &form, const FormObject &object) {
 // Labels and pictures that look like buttons: they have an edge of their own and hold nothing.
 // Those of menus and frames have ways of their own to be reached.
 bool is_button(const Form &form, const FormObject &object) {
+    if (object.source->is_made) return false;
     if (!means_something(record_field(Field::focus), object.type())) return false;
     const std::int64_t border = object.value(Field::border);
     const bool has_edge = border == VEL_BORDER_FRAME || border == VEL_BORDER_SHADOW;
