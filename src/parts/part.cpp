@@ -26,15 +26,16 @@ struct Actions {
     Part part;
     PressPart press;
     KeyOnPart key; // null: the part has no focus
+    bool hovers;   // looks like a button
 };
 constexpr Actions all_actions[] = {
-    {check_part, press_anywhere<press_check>, key_on_check},
-    {radio_part, press_anywhere<press_check>, key_on_check},
-    {list_part, press_list, key_on_list},
-    {scroll_bar_part, press_anywhere<press_scroll_bar>, nullptr},
-    {choice_part, press_anywhere<press_choice>, key_on_choice},
-    {slider_part, press_anywhere<press_slider>, key_on_slider},
-    {tabs_part, press_tab, nullptr}, // its tabs have it
+    {check_part, press_anywhere<press_check>, key_on_check, true},
+    {radio_part, press_anywhere<press_check>, key_on_check, true},
+    {list_part, press_list, key_on_list, false},
+    {scroll_bar_part, press_anywhere<press_scroll_bar>, nullptr, false},
+    {choice_part, press_anywhere<press_choice>, key_on_choice, true},
+    {slider_part, press_anywhere<press_slider>, key_on_slider, false},
+    {tabs_part, press_tab, nullptr, false}, // its tabs have it
 };
 
 const Actions *actions_of(const vel_context &ctx, u32 part) {
@@ -106,6 +107,13 @@ bool is_part_with_keys(const vel_context &ctx, u32 object) {
     if (object == 0 || traits_of(ctx, object).answer == VEL_ANSWER_NONE) return false;
     const Actions *actions = actions_of(ctx, object);
     return actions != nullptr ? actions->key != nullptr : tabs_of_tab(ctx, object) != 0;
+}
+
+u32 hovered_part(const vel_context &ctx, u32 object) {
+    if (tabs_of_tab(ctx, object) != 0) return object;
+    const u32 part = part_at(ctx, object);
+    const Actions *actions = part == 0 ? nullptr : actions_of(ctx, part);
+    return actions != nullptr && actions->hovers && is_part_with_keys(ctx, part) ? part : 0;
 }
 
 Press press_part(vel_context &ctx, u32 part, u32 object) {

@@ -14,6 +14,9 @@ u32 part_at(const vel_context &ctx, u32 object);
 // Whether keys go to a part that has the focus.
 bool is_part_with_keys(const vel_context &ctx, u32 object);
 
+// The part, or the tab, that shows that the pointer is on it; 0 for none.
+u32 hovered_part(const vel_context &ctx, u32 object);
+
 // The context's event, which is a press of the left button, on a part.
 Press press_part(vel_context &ctx, u32 part, u32 object);
 

@@ -46,8 +46,8 @@ u32 PointerStates::answer_under(int x, int y) const {
     if (reach_.is_dialog && root_of(ctx_, number) != ctx_.active_window) return 0;
     const bool is_title = !reach_.selects && menu_of_title(ctx_, number) != 0;
     const bool is_stop = reach_.selects && ends_loop(ctx_, reach_, number);
-    const u32 part = part_at(ctx_, number);
-    if (part != 0 && is_part_with_keys(ctx_, part)) return part;
+    const u32 part = hovered_part(ctx_, number);
+    if (part != 0) return part;
     return is_title || is_stop || is_key_answer(ctx_, reach_, number) ? number : 0;
 }
 

@@ -14,6 +14,10 @@ constexpr Pixels bar_width = 14, picture_gap = 6;
 constexpr Pixels most_rows = 97, most_rows_of_choice = 10;
 constexpr Pixels least_column = 8;
 
+// Bits of the trait.
+constexpr std::int64_t anchor_left = 1, anchor_right = 2, anchor_top = 4, anchor_bottom = 8;
+constexpr std::int64_t across = anchor_left | anchor_right;
+
 Pixels row_height_of(const PartSource &part) {
     return part.row_height ? part.row_height->number() : standard_row_height;
 }
@@ -37,6 +41,8 @@ public:
         const Pixels head = has_titles_ ? row_height_ : 0;
         const Pixels room = measures_.height() - 2 * inset - head;
         const Pixels count = std::min(room / row_height_, most_rows);
+        // A list that can grow has rows for that, too, without a width until there is room.
+        const bool can_grow = grows_with_window();
         if (count < 1) {
             return error(fmt::format("the list must be at least {} pixels high, to hold a row",
                                      2 * inset + head + row_height_));
@@ -44,10 +50,18 @@ public:
         add_sample();
         add_head();
         add_scroll_bar(room + head);
-        for (Pixels k = 0; k < count; ++k) add_row(k, inset + head + k * row_height_);
+        for (Pixels k = 0; k < (can_grow ? most_rows : count); ++k) {
+            add_row(k, inset + head + k * row_height_);
+            if (k >= count) set(object_.objects.back().own, Field::width, 0);
+        }
     }
 
 private:
+    bool grows_with_window() const {
+        return (measures_.of(Field::anchor) & (anchor_top | anchor_bottom)) ==
+               (anchor_top | anchor_bottom);
+    }
+
     void error(std::string message) {
         context_.diagnostics.error(object_.where, std::move(message));
     }
@@ -96,7 +110,11 @@ private:
         return text;
     }
 
-    void add(ObjectSource piece) { object_.objects.push_back(std::move(piece)); }
+    // Pieces follow the list when it is resized.
+    void add(ObjectSource piece, std::int64_t anchor = across | anchor_top) {
+        set(piece.own, Field::anchor, anchor);
+        object_.objects.push_back(std::move(piece));
+    }
 
     void add_sample() { add(piece(Role::sample, {inset, inset, 0, row_height_})); }
 
@@ -114,6 +132,7 @@ private:
             ObjectSource title = with_align(
                 piece(Role::head, {column.left, 0, column.width, row_height_}), column.align);
             set_label(title.own, column.title);
+            if (&column == &columns_.back()) set(title.own, Field::anchor, across | anchor_top);
             set(title.own, Field::focus, 0);
             head.objects.push_back(std::move(title));
         }
@@ -125,7 +144,7 @@ private:
         ObjectSource bar = piece(Role::scroll_bar, {left, inset, bar_width, height});
         make_scroll_bar(bar, {}, context_);
         bar.scrolls_master = true;
-        add(std::move(bar));
+        add(std::move(bar), anchor_right | anchor_top | anchor_bottom);
     }
 
     std::string cell_text(Pixels row, std::size_t column) const {
@@ -144,6 +163,8 @@ private:
             set(row.own, Field::margin_right, 0);
             for (std::size_t c = 0; c < columns_.size(); ++c) {
                 row.objects.push_back(cell(columns_[c], cell_text(k, c)));
+                if (c + 1 == columns_.size())
+                    set(row.objects.back().own, Field::anchor, across | anchor_top);
             }
         }
         add(std::move(row));
