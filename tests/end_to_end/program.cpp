@@ -1,8 +1,9 @@
 // A text to type into. At rests it says "ready", or "held" once a key has typed a row of "a", and
 // how keys are repeated; at F12 "typed", the text and the character refused last, and empties the
-// text. There is a pilcrow for the end of a line. It also offers and pastes as a line on standard
-// input says: "offer clipboard FILE" reads the text from the file, "paste primary FILE" writes it
-// there. Then it says "done".
+// text. There is a pilcrow for the end of a line. When they change, it says the sizes of the
+// display and where its window and the text in that are, which keeps to all edges. It also offers
+// and pastes as a line on standard input says: "offer clipboard FILE" reads the text from the file,
+// "paste primary FILE" writes it there. Then it says "done".
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
@@ -15,10 +16,24 @@
 #include <unistd.h>
 
 #include "clipboard/clipboard.h"
+#include "model/traits.h"
 
 namespace {
 
 constexpr uint32_t window = 8, edited = 9;
+
+std::string rect_of(const vel_object &o) {
+    std::ostringstream rect;
+    rect << ' ' << o.x << ',' << o.y << ' ' << o.width << 'x' << o.height;
+    return rect.str();
+}
+
+void say_places(vel_context *ctx) {
+    auto &known = *static_cast<std::string *>(ctx->application_a[1]);
+    const std::string size = std::to_string(ctx->screen->w) + 'x' + std::to_string(ctx->screen->h);
+    const std::string places = size + rect_of(ctx->objects[window]) + rect_of(ctx->objects[edited]);
+    if (places != known) std::cout << (known = places) << std::endl;
+}
 
 void say_news(vel_context *ctx) {
     auto &known = *static_cast<std::string *>(ctx->application_a[0]);
@@ -68,6 +83,7 @@ void read_line(vel_context &ctx) {
 
 void rest(vel_context *ctx) {
     say_news(ctx);
+    say_places(ctx);
     read_line(*ctx);
 }
 
@@ -94,6 +110,9 @@ void make_form(vel_context &ctx) {
         o.width = o.height = 300;
         o.fill_r = o.fill_g = 255;
     }
+    ctx.objects[edited].y += 30;
+    ctx.objects[edited].height -= 30;
+    velumo::own_traits(ctx, edited).anchor = 15;
     ctx.objects[window].hidden = 1;
     ctx.objects[window].dep_objs[0] = edited;
     ctx.objects[edited].master = window;
@@ -104,15 +123,14 @@ void make_form(vel_context &ctx) {
 
 int main() {
     static vel_context ctx;
-    std::string known;
-    SDL_Init(SDL_INIT_VIDEO);
-    TTF_Init();
-    ctx.screen = SDL_SetVideoMode(800, 600, 32, SDL_SWSURFACE);
-    ctx.font = TTF_OpenFont("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf", 14);
-    ctx.screen_width = 800, ctx.screen_height = 600;
-    ctx.screen_rect = {0, 0, 800, 600};
-    ctx.comfort = VEL_COMFORT_TYPING | VEL_COMFORT_CLIPBOARD;
+    std::string known, known_places;
+    ctx.font_path = "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf";
+    ctx.font_size = 14;
+    ctx.open_flags = VEL_OPEN_RESIZABLE;
+    ctx.comfort = VEL_COMFORT_TYPING | VEL_COMFORT_CLIPBOARD | VEL_COMFORT_WINDOWS;
+    if (vel_open_display(&ctx, 800, 600, "Typing") != VEL_OK) return 1;
     ctx.application_a[0] = &known;
+    ctx.application_a[1] = &known_places;
     ctx.idle_hook = rest;
     ctx.event_filter = answer_f12;
     make_form(ctx);

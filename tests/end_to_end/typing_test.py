@@ -1,4 +1,5 @@
-"""Typing with the layouts of several countries, by the keys of a real keyboard."""
+"""Typing with the layouts of several countries, by the keys of a real keyboard; then a window is
+dragged by a real pointer, and the display resized by the X server."""
 
 import ctypes
 import itertools
@@ -127,6 +128,26 @@ class Typing(Session):
         return text, chr(int(refused)).strip("\0")
 
 
+def drag_and_resize(session):
+    """The text is in the window, 30 pixels below its top, and keeps to all of its edges."""
+    session.expect("800x600 30,30 300x300 30,60 300x270")
+    session.point(100, 40, "mousedown")
+    session.point(160, 90)
+    session.expect("800x600 90,80 300x300 90,110 300x270")
+    session.point(150, 90, "mouseup")
+    session.expect("800x600 80,80 300x300 80,110 300x270")
+    session.point(375, 375, "mousedown")
+    session.point(415, 365)
+    session.expect("800x600 80,80 340x290 80,110 340x260")
+    session.press_key("Escape")
+    session.expect("800x600 80,80 300x300 80,110 300x270")
+    session.point(415, 365, "mouseup")
+    for width, height, x, y in ((640, 480, 80, 80), (60, 90, 40, 70), (700, 500, 40, 70)):
+        session.display.run("xdotool", "search", "--name", "^Typing$", "windowsize", "%1",
+                            str(width), str(height))  # fmt: skip
+        session.expect(f"{width}x{height} {x},{y} 300x300 {x},{y + 30} 300x270")
+
+
 def main():
     os.environ["LC_ALL"] = "C.UTF-8"  # composing has characters beyond ISO 8859-1 only then
     faults = []
@@ -139,6 +160,7 @@ def main():
                 if found != wanted:
                     faults.append(f"{' '.join(layout)}: {keys} types {found}, not {wanted}")
         assert not faults, "\n".join(faults)
+        drag_and_resize(session)
         session.restart(0, 0)
         session.restart(100, 20)
         session.keyboard.press("↓a")
