@@ -30,83 +30,6 @@ void grow(u32 &size, i64 growth, i64 &excess) {
     excess = std::max<i64>(1 - wanted, 0);
 }
 
-class Stretching {
-public:
-    explicit Stretching(vel_context &ctx) : ctx_(ctx), steps_(ctx) {}
-
-    void stretch(u32 number, Stretch by) {
-        if (is_nothing(by.x) && is_nothing(by.y)) return;
-        change(number, by);
-        open_.push_back({number, by});
-    }
-
-    // All that depends on what was stretched; forms may be nested thousands of levels deep.
-    void finish() {
-        while (!open_.empty()) {
-            const auto [master, by] = open_.back();
-            open_.pop_back();
-            stretch_dependents(master, by);
-        }
-        for (const Reflow &reflow : reflows_) break_lines(reflow);
-    }
-
-    void stretch_dependents(u32 master, Stretch of_master) {
-        for (const u32 number : dependents_of(object_at(ctx_, master))) {
-            if (!steps_.take()) return;
-            stretch(number, obey_anchors(ctx_, number, of_master));
-        }
-    }
-
-private:
-    // A text whose lines change, and where its caret is in it.
-    struct Reflow {
-        u32 object, caret;
-        bool has_caret;
-    };
-
-    void change(u32 number, Stretch by) {
-        vel_object &o = object_at(ctx_, number);
-        o.x += as_field(by.x.shift);
-        o.y += as_field(by.y.shift);
-        if (is_editable(o)) {
-            o.cursor_x += as_field(by.x.shift);
-            o.cursor_y += as_field(by.y.shift);
-        }
-        if (by.x.growth == 0 && by.y.growth == 0) return;
-        reflows_.push_back(reflow_of(number));
-        Excess &excess = state_of(ctx_).excess[number];
-        grow(o.width, by.x.growth, excess.width);
-        grow(o.height, by.y.growth, excess.height);
-        if (by.x.growth != 0) o.line_width = 0; // follows from the size again
-    }
-
-    Reflow reflow_of(u32 number) const {
-        const vel_object &o = object_at(ctx_, number);
-        if (!is_editable(o) || text_owner(ctx_, number) != number) return {number, 0, false};
-        const TextRows rows(ctx_, number);
-        const u32 row = is_field(o) ? 0 : rows.row_at(number, o.cursor_line);
-        const u32 column = std::min(o.cursor_column, rows.rows()[row].length);
-        return {number, rows.index_of({row, column}), true};
-    }
-
-    void break_lines(const Reflow &reflow) {
-        vel_object &o = object_at(ctx_, reflow.object);
-        const bool is_member = type_of(o).text == TextKind::chain && o.master != 0;
-        format_object(ctx_, is_member ? o.master : reflow.object);
-        if (!reflow.has_caret || !has_area(o)) return;
-        const TextRows rows(ctx_, reflow.object);
-        const RowPlace place = rows.place_of(reflow.caret);
-        o.cursor_line = rows.row(place).line;
-        o.cursor_column = place.column;
-        show_caret(ctx_, reflow.object);
-    }
-
-    vel_context &ctx_;
-    Steps steps_;
-    std::vector<std::pair<u32, Stretch>> open_;
-    std::vector<Reflow> reflows_;
-};
-
 } // namespace
 
 Stretch obey_anchors(const vel_context &ctx, u32 number, Stretch of_master) {
@@ -115,22 +38,83 @@ Stretch obey_anchors(const vel_context &ctx, u32 number, Stretch of_master) {
             obey(anchors, anchor_top, anchor_bottom, of_master.y)};
 }
 
-bool stretch(vel_context &ctx, u32 number, Stretch by) try {
-    Stretching stretching(ctx);
-    stretching.stretch(number, by);
-    stretching.finish();
-    return true;
+void Stretching::stretch(u32 number, Stretch by) try {
+    if (is_nothing(by.x) && is_nothing(by.y)) return;
+    change(number, by);
+    open_.push_back({number, by});
+} catch (const std::bad_alloc &) {
+    has_memory_ = false;
+}
+
+void Stretching::stretch_dependents(u32 master, Stretch of_master) {
+    for (const u32 number : dependents_of(object_at(ctx_, master))) {
+        if (!steps_.take()) return;
+        stretch(number, obey_anchors(ctx_, number, of_master));
+    }
+}
+
+// Forms may be nested thousands of levels deep.
+bool Stretching::finish() try {
+    while (!open_.empty()) {
+        const auto [master, by] = open_.back();
+        open_.pop_back();
+        stretch_dependents(master, by);
+    }
+    for (const u32 number : to_format_) format_object(ctx_, number);
+    for (const auto &[number, index] : carets_) place_caret_at(number, index);
+    return has_memory_;
 } catch (const std::bad_alloc &) {
     return false;
 }
 
-bool stretch_dependents(vel_context &ctx, u32 master, Stretch of_master) try {
+void Stretching::change(u32 number, Stretch by) {
+    vel_object &o = object_at(ctx_, number);
+    const bool grows = by.x.growth != 0 || by.y.growth != 0;
+    if (grows) note_text(number);
+    Excess *excess = grows ? &state_of(ctx_).excess[number] : nullptr;
+    o.x += as_field(by.x.shift);
+    o.y += as_field(by.y.shift);
+    if (is_editable(o)) {
+        o.cursor_x += as_field(by.x.shift);
+        o.cursor_y += as_field(by.y.shift);
+    }
+    if (!grows) return;
+    grow(o.width, by.x.growth, excess->width);
+    grow(o.height, by.y.growth, excess->height);
+    if (by.x.growth != 0) o.line_width = 0; // follows from the size again
+}
+
+// Its lines change; its caret stays at its character.
+void Stretching::note_text(u32 number) {
+    const vel_object &o = object_at(ctx_, number);
+    const bool is_member = type_of(o).text == TextKind::chain && o.master != 0;
+    to_format_.insert(is_member ? o.master : number);
+    if (!is_editable(o) || text_owner(ctx_, number) != number || carets_.count(number) != 0) return;
+    const TextRows rows(ctx_, number);
+    const u32 row = is_field(o) ? 0 : rows.row_at(number, o.cursor_line);
+    carets_[number] = rows.index_of({row, std::min(o.cursor_column, rows.rows()[row].length)});
+}
+
+void Stretching::place_caret_at(u32 number, u32 index) {
+    vel_object &o = object_at(ctx_, number);
+    if (!has_area(o)) return;
+    const TextRows rows(ctx_, number);
+    const RowPlace place = rows.place_of(index);
+    o.cursor_line = rows.row(place).line;
+    o.cursor_column = place.column;
+    show_caret(ctx_, number);
+}
+
+bool stretch(vel_context &ctx, u32 number, Stretch by) {
+    Stretching stretching(ctx);
+    stretching.stretch(number, by);
+    return stretching.finish();
+}
+
+bool stretch_dependents(vel_context &ctx, u32 master, Stretch of_master) {
     Stretching stretching(ctx);
     stretching.stretch_dependents(master, of_master);
-    stretching.finish();
-    return true;
-} catch (const std::bad_alloc &) {
-    return false;
+    return stretching.finish();
 }
 
 } // namespace velumo

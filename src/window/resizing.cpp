@@ -2,7 +2,6 @@
 
 #include "render/opening.h"
 #include "render/scene.h"
-#include "window/anchors.h"
 #include "window/frame_actions.h"
 #include "window/frame_buttons.h"
 #include "window/whole.h"
@@ -19,21 +18,19 @@ Change back_in_sight(const vel_context &ctx, const vel_object &o, Change by, con
 
 // False when there was not the memory for all of it.
 bool follow_screen(vel_context &ctx, Stretch of_screen) {
-    bool is_done = true;
+    Stretching stretching(ctx);
     for (u32 number = VEL_FRAME_BUTTONS + 1; number <= ctx.object_count; ++number) {
         const vel_object &o = object_at(ctx, number);
         if (o.master != 0) continue;
         if (is_whole_window(ctx, number)) {
-            is_done = cover_screen(ctx, number) && is_done;
+            cover_screen(ctx, number, stretching);
             continue;
         }
         const Stretch by = obey_anchors(ctx, number, of_screen);
-        is_done = stretch(ctx, number,
-                          {back_in_sight(ctx, o, by.x, horizontal),
-                           back_in_sight(ctx, o, by.y, vertical)}) &&
-                  is_done;
+        stretching.stretch(number, {back_in_sight(ctx, o, by.x, horizontal),
+                                    back_in_sight(ctx, o, by.y, vertical)});
     }
-    return is_done;
+    return stretching.finish();
 }
 
 // In a loop. What SDL or the memory refuses leaves the form as large as it was.

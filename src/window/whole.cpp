@@ -1,7 +1,6 @@
 #include "window/whole.h"
 
 #include "model/traits.h"
-#include "window/anchors.h"
 #include "window/cursor_start.h"
 #include "window/focus.h"
 
@@ -27,19 +26,21 @@ bool is_whole_window(const vel_context &ctx, u32 number) {
            object_at(ctx, number).master == 0;
 }
 
-bool cover_screen(vel_context &ctx, u32 number) {
+void cover_screen(const vel_context &ctx, u32 number, Stretching &stretching) {
     const vel_object &o = object_at(ctx, number);
-    return stretch(ctx, number, {covering(ctx, o, horizontal), covering(ctx, o, vertical)});
+    stretching.stretch(number, {covering(ctx, o, horizontal), covering(ctx, o, vertical)});
 }
 
 void start_whole_windows(vel_context &ctx) {
-    bool is_first = true;
-    for (u32 number = VEL_FRAME_BUTTONS + 1; number <= ctx.object_count; ++number) {
+    Stretching stretching(ctx);
+    u32 first = 0;
+    for (u32 number = ctx.object_count; number > VEL_FRAME_BUTTONS; --number) {
         if (!is_whole_window(ctx, number)) continue;
-        if (ctx.screen_width != 0 && ctx.screen_height != 0) cover_screen(ctx, number);
-        if (is_first && ctx.active_window == 0) start_focus_in(ctx, number);
-        is_first = false;
+        if (ctx.screen_width != 0 && ctx.screen_height != 0) cover_screen(ctx, number, stretching);
+        first = number;
     }
+    stretching.finish();
+    if (first != 0 && ctx.active_window == 0) start_focus_in(ctx, first);
 }
 
 } // namespace velumo
