@@ -252,6 +252,7 @@ private:
 
     void start(const std::string &suggestion) {
         set_name("");
+        if (is_editable(part(folder_part))) ctx_.cursor_object = number_of(name_part);
         const std::string here = working_folder();
         if (const auto file = follow(joined(here, suggestion))) {
             const auto [folder, name] = split(*file);

@@ -66,7 +66,7 @@ TEST(Faults, point_at_the_place_and_say_what_is_wrong) {
         {"[frame]\npictures = '" + std::string(52, 'x') + "'", "2:12", "51 bytes"},
         {"prefix = 'a-b'", "1:10", "prefix"},
         {dialog("rows = 101"), "3:8", "`rows` must be a whole number from 1 to 100, not"},
-        {dialog("rect = [20, 30, 300, 197]"), "3:22", "at least 198"},
+        {dialog("rect = [20, 30, 300, 203]"), "3:22", "at least 204"},
         {"a = \n[[x]", "1:5", "expected value"},
         {"\"\\u001b[1m\\u0085\\n\\u202E ä€\" = 1", "1:1",
          "no key '\\x1b[1m\\u0085\\n\\u202e ä€'\n"},

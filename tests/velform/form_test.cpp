@@ -154,25 +154,26 @@ TEST(FileDialog, becomes_a_window_with_its_parts_in_order_and_takes_styles) {
         "[[file_dialog]]\nid = 'open'\ntitle = 'Open'\nrect = [70, 80, 400, 306]\n"
         "rows = 5\nok = 'Ja'\ncancel = 'Nein'\nmessage = 'Never'\n"
         "[[object]]\nid = 'last'\ntype = 'empty'";
-    // 306 - 186 pixels are left for the five rows 12 to 16, whose list has an inset of 4.
+    // 306 - 192 pixels are left for five rows of 22. The list 11 has a sample, no titles, a bar and
+    // its thumb before them; each row has cells for name, size and time, so they are 16, 20 ... 32.
     expect_words({{source, "9.type=1 9.x=70 9.y=80 9.width=400 9.height=306 "
-                           "9.dep_objs=10 9.dep_objs.1=11 9.dep_objs.2=17 9.dep_objs.3=18 "
-                           "9.dep_objs.4=19 9.dep_objs.5=20 10.type=5 10.editable=0 11.type=2 "
-                           "17.type=5 17.editable=1 18.type=2 18.label=Ja 19.type=2 19.label=Nein "
-                           "20.type=5 20.editable=0 20.label=Never "
-                           "12.master=11 16.master=11 12.height=24 16.height=24 "
-                           "11.y=142 12.y=146 16.y=242"},
-                  {"[[file_dialog]]\nid = 'a'", "8.height=426 24.label=OK 27.master=8"},
+                           "9.dep_objs=10 9.dep_objs.1=11 9.dep_objs.2=36 9.dep_objs.3=37 "
+                           "9.dep_objs.4=38 9.dep_objs.5=39 10.type=5 10.editable=1 11.type=2 "
+                           "36.type=5 36.editable=1 37.type=2 37.label=Ja 38.type=2 38.label=Nein "
+                           "39.type=5 39.editable=0 39.label=Never "
+                           "16.master=11 32.master=11 16.height=22 32.height=22 "
+                           "11.y=148 16.y=150 32.y=238"},
+                  {"[[file_dialog]]\nid = 'a'", "8.height=432 64.label=OK 67.master=8"},
                   {"[styles.s]\nfill = '#010203'\n[[file_dialog]]\nid = 'a'\nrows = 1\n"
                    "style = 's'\nrow_style = 's'\nfield_style = ['s']\nbutton_style = 's'",
-                   "8.fill_b=3 9.fill_b=3 10.fill_b=3 11.fill_b=3 12.fill_b=3 13.fill_b=3 "
-                   "14.fill_b=3 15.fill_b=3 16.fill_b=3"}});
+                   "8.fill_b=3 9.fill_b=3 10.fill_b=3 15.fill_b=3 16.fill_b=3 "
+                   "19.fill_b=3 20.fill_b=3 21.fill_b=3 22.fill_b=3 23.fill_b=3"}});
     const Compiled c(source);
     EXPECT_EQ(c.messages, "");
     EXPECT_EQ(c.text(1), "Open");
     for (const char *name :
-         {"F_OPEN = 9,", "F_OPEN_FOLDER = 10,", "F_OPEN_LIST = 11,", "F_OPEN_NAME = 17,",
-          "F_OPEN_OK = 18,", "F_OPEN_CANCEL = 19,", "F_OPEN_MESSAGE = 20,", "F_LAST = 22,"})
+         {"F_OPEN = 9,", "F_OPEN_FOLDER = 10,", "F_OPEN_LIST = 11,", "F_OPEN_NAME = 36,",
+          "F_OPEN_OK = 37,", "F_OPEN_CANCEL = 38,", "F_OPEN_MESSAGE = 39,", "F_LAST = 41,"})
         EXPECT_NE(c.header.find(name), std::string::npos) << name;
 }
 

@@ -79,7 +79,7 @@ TEST(Looks, come_from_the_theme_then_from_styles_and_the_object) {
         {light + "[[object]]\ntype = 'label'", "8.fill_r=227 8.fill_g=233 8.fill_b=240"},
         {window + "{ kind = 'list', style = 's', width = 90, height = 30 }]",
          "9.fill_b=3 14.fill_b=3 10.fill_r=42"},
-        {light + "[[file_dialog]]\nid = 'd'\nrows = 1", "8.fill_r=244 9.fill_r=244 10.fill_r=255"},
+        {light + "[[file_dialog]]\nid = 'd'\nrows = 1", "8.fill_r=244 9.fill_r=255 10.fill_r=255"},
         {"theme = 'dark'\n[[window]]\ntext = 'T'", "8.fill_r=30 8.margin_left=16 8.margin_top=12"},
         {"theme = 'none'\n[[object]]\ntype = 'label'\ndefault = true",
          "8.fill_r=255 8.border_style=0 8.width=0"},

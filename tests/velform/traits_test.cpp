@@ -53,7 +53,7 @@ TEST(Traits, of_a_source_reach_the_library_where_they_mean_something) {
         {style + object("entry", "style = 's'") + object("label", "style = 's'"),
          "8 key=7 password; 9 default key=7"},
         {"[frame.close]\ndisabled = true", "7 disabled"},
-        {"[[file_dialog]]\nid = 'd'\nrows = 1\ncancel = 'No'", "13 default; 14 cancel"},
+        {"[[file_dialog]]\nid = 'd'\nrows = 1\ncancel = 'No'", "10 plain; 20 default; 21 cancel"},
     };
     for (const auto &[source, traits] : cases) {
         const Compiled c(source);

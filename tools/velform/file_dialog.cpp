@@ -4,6 +4,8 @@
 
 #include <fmt/format.h>
 
+#include "parts.h"
+
 namespace velform {
 namespace {
 
@@ -17,11 +19,13 @@ struct Rect {
 constexpr Pixels side = 16;
 constexpr Pixels title_top = 12;
 constexpr Pixels folder_top = 38;
-constexpr Pixels folder_height = 20;
-constexpr Pixels list_top = 62;
+constexpr Pixels folder_height = 24;
+constexpr Pixels list_top = 68;
+constexpr Pixels size_width = 76, time_width = 132, least_name_width = 150;
+constexpr Pixels align_left = 1, align_right = 2;
 constexpr Pixels list_inset = 4;
 constexpr Pixels field_height = 28;
-constexpr Pixels caption_width = 64;
+constexpr Pixels caption_width = 64, caption_height = 20;
 constexpr Pixels message_height = 18;
 constexpr Pixels button_width = 104;
 constexpr Pixels button_height = 30;
@@ -33,7 +37,7 @@ constexpr Pixels row_height = 20;
 constexpr Pixels least_row_height = 12;
 constexpr Pixels standard_rows = 12;
 constexpr Pixels standard_x = 60, standard_y = 60;
-constexpr Pixels standard_width = 420, least_width = 300;
+constexpr Pixels standard_width = 480, least_width = 300;
 
 constexpr FileDialogText texts[] = {{"title", &FileDialog::title},
                                     {"name", &FileDialog::name},
@@ -67,8 +71,8 @@ void dress(ObjectSource &object, const std::vector<StyleUse> &by_author, Looks l
 
 class WindowBuilder {
 public:
-    WindowBuilder(const FileDialog &dialog, const Theme &theme, Diagnostics &diagnostics)
-        : dialog_(dialog), theme_(theme), diagnostics_(diagnostics) {
+    WindowBuilder(const FileDialog &dialog, PartContext &context)
+        : dialog_(dialog), context_(context) {
         width_ = place(Field::width, standard_width);
         measure_rows();
     }
@@ -159,7 +163,7 @@ private:
         return object;
     }
 
-    std::vector<ObjectSource> parts() const {
+    std::vector<ObjectSource> parts() {
         const Pixels inner = width_ - 2 * side;
         const Pixels list_height = rows_ * row_height_ + 2 * list_inset;
         const Pixels field_top = list_top + list_height + gap;
@@ -167,46 +171,48 @@ private:
         const Pixels button_top = message_top + message_height + gap;
         const Pixels ok_left = width_ - side - button_width;
         std::vector<ObjectSource> all;
-        all.push_back(
-            text_line("_folder", {side, folder_top, inner, folder_height}, "", theme_.muted));
+        all.push_back(field("_folder", {side, folder_top, inner, folder_height}));
         all.push_back(list({side, list_top, inner, list_height}));
         all.push_back(
-            field({side + caption_width, field_top, inner - caption_width, field_height}));
+            field("_name", {side + caption_width, field_top, inner - caption_width, field_height}));
         all.push_back(button("_ok", ok_left, button_top, text_or(dialog_.ok, "OK")));
         all.push_back(button("_cancel", ok_left - gap - button_width, button_top,
                              text_or(dialog_.cancel, "Cancel")));
         all.push_back(text_line("_message", {side, message_top, inner, message_height},
                                 text_or(dialog_.message, "This folder cannot be read."),
                                 theme_.warning));
-        all.push_back(text_line("", {side, field_top + 3, caption_width - gap, folder_height},
+        all.push_back(text_line("", {side, field_top + 3, caption_width - gap, caption_height},
                                 text_or(dialog_.name, "Name"), theme_.muted));
         all.back().id.clear();
         return all;
     }
 
-    ObjectSource list(const Rect &rect) const {
+    // Name, size and time of each file, as far as there is room.
+    ObjectSource list(const Rect &rect) {
         ObjectSource object = part("_list", VEL_TYPE_LABEL, rect);
-        set_margins(object.own, 0, 0);
-        set(object.own, Field::border, VEL_BORDER_SHADOW);
-        set(object.own, Field::border_colour, theme_.edge);
-        dress(object, dialog_.row_style, {{Field::fill, theme_.paper}});
-        for (Pixels k = 0; k < rows_; ++k) {
-            const Pixels width = rect.width - 2 * list_inset;
-            ObjectSource row = part("", VEL_TYPE_ENTRY,
-                                    {list_inset, list_inset + k * row_height_, width, row_height_});
-            row.id.clear();
-            set(row.own, Field::editable, 0);
-            set(row.own, Field::border, VEL_BORDER_NONE);
-            set_margins(row.own, gap, 1);
-            dress(row, dialog_.row_style,
-                  {{Field::fill, theme_.paper}, {Field::text_colour, theme_.ink}});
-            object.objects.push_back(std::move(row));
+        object.styles = dialog_.row_style;
+        PartSource list;
+        list.kind = PartKind::list;
+        list.where = dialog_.where;
+        list.row_height = Setting{row_height_, {}};
+        list.columns.emplace_back();
+        if (rect.width >= size_width + time_width + least_name_width) {
+            list.columns.push_back(column(size_width, align_right));
+            list.columns.push_back(column(time_width, align_left));
         }
+        make_part(object, list, context_);
         return object;
     }
 
-    ObjectSource field(const Rect &rect) const {
-        ObjectSource object = part("_name", VEL_TYPE_ENTRY, rect);
+    static ColumnSource column(Pixels width, Pixels align) {
+        ColumnSource column;
+        column.width = Setting{width, {}};
+        column.align = Setting{align, {}};
+        return column;
+    }
+
+    ObjectSource field(std::string_view suffix, const Rect &rect) const {
+        ObjectSource object = part(suffix, VEL_TYPE_ENTRY, rect);
         // The frame follows the margins: one more than its inset puts it on the edge.
         dress(object, dialog_.field_style,
               {{Field::fill, theme_.field},
@@ -235,8 +241,9 @@ private:
     }
 
     const FileDialog &dialog_;
-    const Theme &theme_;
-    Diagnostics &diagnostics_;
+    PartContext &context_;
+    const Theme &theme_ = context_.theme;
+    Diagnostics &diagnostics_ = context_.diagnostics;
     Pixels width_ = 0, rows_ = 0, row_height_ = row_height;
 };
 
@@ -245,9 +252,8 @@ private:
 std::span<const FileDialogText> file_dialog_texts() { return texts; }
 std::span<const FileDialogStyle> file_dialog_styles() { return styles; }
 
-ObjectSource file_dialog_window(const FileDialog &dialog, const Theme &theme,
-                                Diagnostics &diagnostics) {
-    return WindowBuilder(dialog, theme, diagnostics).build();
+ObjectSource file_dialog_window(const FileDialog &dialog, PartContext &context) {
+    return WindowBuilder(dialog, context).build();
 }
 
 } // namespace velform

@@ -33,7 +33,7 @@ struct FileDialogStyle {
 std::span<const FileDialogStyle> file_dialog_styles();
 
 // The window with all that is in it, in the order that vel_choose_file wants.
-ObjectSource file_dialog_window(const FileDialog &dialog, const Theme &theme,
-                                Diagnostics &diagnostics);
+struct PartContext;
+ObjectSource file_dialog_window(const FileDialog &dialog, PartContext &context);
 
 } // namespace velform

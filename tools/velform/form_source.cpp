@@ -314,7 +314,8 @@ private:
             diagnostics_.error(dialog.where, "a file dialog needs an `id`, which the program calls "
                                              "it by");
         }
-        ObjectSource window = file_dialog_window(dialog, *theme_, diagnostics_);
+        PartContext context{*theme_, *styles_, diagnostics_, last_objects_};
+        ObjectSource window = file_dialog_window(dialog, context);
         if (take_room(count_of(window), dialog.where)) objects.push_back(std::move(window));
     }
 
