@@ -59,7 +59,7 @@ def keep_contacts(book):
     book.expect_saved("saved 2 Öß, Käthe", JUERGEN, KAETHE)
 
     book.step("The first one moves to another town.")
-    book.click("row")
+    book.click_at(*book.row("people", 0))
     book.click("town")
     book.key("ctrl+a")
     book.type("Würzburg")
@@ -127,7 +127,7 @@ def end_and_return(book):
 
 def kill_while_saving(book):
     book.step("One change after another is saved, and the program is killed meanwhile.")
-    book.click("row")
+    book.click_at(*book.row("people", 0))
     before = len(book.lines)
     for number in range(WAITED_FOR + 3):
         book.click("telephone")

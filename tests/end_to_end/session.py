@@ -20,7 +20,9 @@ WIDTH, HEIGHT, BAR = 800, 600, 30  # the bar at the top may show the time
 PATIENCE = 60  # seconds until something that does not happen is a failure
 RECORD_SIZE = 776
 KEYS = {"\n": "Return"}
-MARKED = bytes([235] * 3)  # a white entry of a menu that the pointer is on
+HIGHLIGHT = 20  # that the colour of a menu's entry is darker by when the pointer is on it
+FILL, DEPENDENTS = 16, 288  # bytes of a record
+FIRST_ROW = 3  # of a list's dependents
 FRAME_BUTTONS = ["move", "height_less", "height_more", "mode", "width_less", "width_more", "close"]
 
 
@@ -128,17 +130,28 @@ class Session:
     # --- Where the objects of the form are, by their names in its header
 
     @functools.cached_property
-    def _form(self):
-        """Left, top, width and height of each, as compiled."""
+    def _records(self):
+        with open(os.path.join(self.folder, self._name + ".form"), "rb") as file:
+            return file.read()
+
+    @functools.cached_property
+    def _numbers(self):
         with open(os.path.join(self.folder, self._name + ".h"), encoding="utf-8") as file:
             constants = re.findall(rf"\b{self._name.upper()}_(\w+) = (\d+)", file.read())
-        with open(os.path.join(self.folder, self._name + ".form"), "rb") as file:
-            records = file.read()
-        return {key.lower(): struct.unpack_from("<iiII", records, (int(number) - 1) * RECORD_SIZE)
-                for key, number in constants}  # fmt: skip
+        return {key.lower(): int(number) for key, number in constants}
+
+    def _unpack(self, number, layout, byte=0):
+        return struct.unpack_from(layout, self._records, (number - 1) * RECORD_SIZE + byte)
 
     def rect(self, name):
-        return self._form[name]
+        """Left, top, width and height, as compiled."""
+        return self._unpack(self._numbers[name], "<iiII")
+
+    def row(self, name, row):
+        """A point on a row of a list, counted from the first one in sight."""
+        rows = self._unpack(self._numbers[name], "<100I", DEPENDENTS)
+        x, y, _, height = self._unpack(rows[FIRST_ROW + row], "<iiII")
+        return x + 20, y + height // 2
 
     def centre(self, name):
         x, y, width, height = self.rect(name)
@@ -164,13 +177,15 @@ class Session:
         self.click_at(*self.centre(name), *wanted)
 
     def choose(self, title, entry, *wanted):
-        """Pulls a menu down by its title and lets go on an entry, a white one."""
+        """Pulls a menu down by its title and lets go on an entry."""
         x, y, _, _ = self.rect(entry)
+        red, green, blue = self._unpack(self._numbers[entry], "<3I", FILL)
+        marked = bytes(part - HIGHLIGHT for part in (blue, green, red))
         self.point(*self.centre(title), "mousedown")
         self.point(*self.centre(entry))
-        self.wait(lambda: self.display.pixel(x + 2, y + 2) == MARKED, f"{entry} is not marked")
+        self.wait(lambda: self.display.pixel(x + 2, y + 2) == marked, f"{entry} is not marked")
         self.point(*self.centre(entry), "mouseup")
-        self.wait(lambda: self.display.pixel(x + 2, y + 2) != MARKED, "the menu stays")
+        self.wait(lambda: self.display.pixel(x + 2, y + 2) != marked, "the menu stays")
         self.expect(*wanted)
 
     def press_key(self, name):
