@@ -285,7 +285,6 @@ protected:
             vel_object &o = objects[number];
             o.x = x, o.y = y, o.width = width, o.height = height;
         }
-        vel_set_operators(&ctx);
         clear();
         drop_events(); // a selection puts the last one back
     }
@@ -294,6 +293,8 @@ protected:
         SCOPED_TRACE(drag.window + " from " + text_of(drag.x, drag.y, 0, 0));
         const bool is_cancelled = drag.to_x == escape, changes = drag.window != "20,60 120x100";
         objects[8].window_kind = drag.kind, objects[8].editable = drag.is_editable;
+        vel_set_operators(&ctx);
+        vel_draw_all_objects(&ctx, 0, 0);
         test::updates().clear();
         press(drag.x, drag.y);
         for (int k = 0; k < 30; ++k) move_pointer(drag.x + k, drag.y + k);
