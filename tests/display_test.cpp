@@ -12,34 +12,14 @@ std::string rect_of(const vel_object &o) {
                    static_cast<int>(o.height));
 }
 
-using Variables = std::vector<std::pair<const char *, const char *>>;
-
-// Environment variables as a test wants them, and as they were at its end.
-class Environment {
-public:
-    explicit Environment(const Variables &wanted) {
-        for (const auto &[name, value] : wanted) {
-            const char *before = std::getenv(name);
-            before_.push_back({name, before == nullptr ? "" : before, before != nullptr});
-            set(name, value);
-        }
-    }
-    ~Environment() {
-        for (const auto &[name, value, was_set] : before_) set(name, was_set ? &value[0] : nullptr);
-    }
-    Environment(const Environment &) = delete;
-    Environment &operator=(const Environment &) = delete;
-
-private:
-    static void set(const char *name, const char *value) {
-        value == nullptr ? unsetenv(name) : setenv(name, value, 1);
-    }
-    std::vector<std::tuple<const char *, std::string, bool>> before_;
-};
+void set_driver(const char *driver) {
+    driver == nullptr ? unsetenv("SDL_VIDEODRIVER") : setenv("SDL_VIDEODRIVER", driver, 1);
+}
 
 // Without a driver in the environment, one that draws with letters would have a terminal here.
 TEST(Display, a_failure_leaves_nothing_open_and_the_context_as_it_was) {
-    const Environment no_display(Variables{{"DISPLAY", "nowhere"}, {"TERM", "xterm"}});
+    setenv("DISPLAY", "nowhere", 1);
+    setenv("TERM", "xterm", 1);
     SDL_Surface *const own = test::make_surface(9, 9);
     struct Case {
         const char *driver, *font;
@@ -59,7 +39,7 @@ TEST(Display, a_failure_leaves_nothing_open_and_the_context_as_it_was) {
                           {"caca", font, 50, 50, 0, 0, nullptr, VEL_ERROR_DISPLAY},
                           {"", font, 50, 50, 0, 0, nullptr, VEL_ERROR_DISPLAY},
                           {nullptr, font, 50, 50, 0, 0, nullptr, VEL_ERROR_DISPLAY}}) {
-        const Environment driver(Variables{{"SDL_VIDEODRIVER", c.driver}});
+        set_driver(c.driver);
         vel_context ctx{};
         ctx.font_path = c.font, ctx.font_size = c.font_size;
         ctx.open_flags = c.flags, ctx.screen = c.screen;
@@ -69,9 +49,9 @@ TEST(Display, a_failure_leaves_nothing_open_and_the_context_as_it_was) {
         EXPECT_EQ(std::memcmp(&ctx, &before, sizeof ctx), 0) << c.result;
         EXPECT_EQ(std::string(SDL_GetError()).empty(), c.result == VEL_ERROR_ARGUMENT);
         EXPECT_EQ(std::tuple(SDL_WasInit(SDL_INIT_VIDEO), TTF_WasInit()), std::tuple(0U, 0));
-        const char *left = std::getenv("SDL_VIDEODRIVER");
-        EXPECT_EQ(left == nullptr, c.driver == nullptr);
+        EXPECT_EQ(std::getenv("SDL_VIDEODRIVER") == nullptr, c.driver == nullptr);
     }
+    set_driver("dummy");
     SDL_FreeSurface(own);
 }
 
