@@ -329,6 +329,11 @@ void choose_file(Program &p) {
     vel_choose_file(&p.ctx(), window, path.data(), size);
 }
 
+void resize(Program &p) {
+    const u32 width = p.script().number();
+    vel_resize(&p.ctx(), width, p.script().number());
+}
+
 constexpr Action actions[] = {set_number,
                               set_dependent,
                               link_at_random,
@@ -402,7 +407,8 @@ constexpr Action actions[] = {set_number,
                               call<vel_read_app_dir>,
                               call_for<vel_load_dir_entries>,
                               set_font,
-                              load_again};
+                              load_again,
+                              resize};
 
 static_assert(actions[open_window_action] == open_window);
 

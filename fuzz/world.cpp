@@ -107,6 +107,8 @@ Uint8 __wrap_SDL_GetMouseState(int *x, int *y) {
 }
 SDLMod __wrap_SDL_GetModState() { return static_cast<SDLMod>(world().modifiers); }
 SDL_Surface *__wrap_SDL_GetVideoSurface() { return world().display; }
+// The surface stays as it is, so that the form is larger or smaller than what it is drawn on.
+SDL_Surface *__wrap_SDL_SetVideoMode(int, int, int, Uint32) { return world().display; }
 
 // An X server ends a program that shows pixels outside its surface.
 void __wrap_SDL_UpdateRects(SDL_Surface *screen, int count, SDL_Rect *rects) {
