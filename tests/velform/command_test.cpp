@@ -201,6 +201,9 @@ TEST(Command, ends_with_the_status_that_fits) {
         {"compile @/a.toml", 0, ""},
         {"render @/a.form @/a.text -o @/b.png --activate nobody", 2, "'nobody'"},
         {"render @/a.form @/a.text -o @/b.png --activate inner", 2, "'inner'"},
+        {"render @/a.form @/a.text -o @/b.png --state glow=main", 2, "like focus=name"},
+        {"render @/a.form @/a.text -o @/b.png --state hover=nobody", 2, "'nobody'"},
+        {"themes -o @/b.png --states drak", 2, "did you mean 'dark'?"},
         {"render @/a.form @/a.text -o @/b.png --font @/none.ttf", 3, "none.ttf"},
         {"render @/a.form @/a.text -o @/none/b.png", 3, "none/b.png"},
     };
@@ -240,6 +243,30 @@ TEST(Render, frames_the_window_opened_last_and_outlines_a_button_without_its_pic
     EXPECT_EQ(test::pixel_of(drawn, left + 8, 34), test::white);
     EXPECT_EQ(test::pixel_of(drawn, 270, 100), test::red); // the second window, below the first
     SDL_FreeSurface(drawn);
+}
+
+TEST(Render, draws_the_states_that_it_is_asked_for) {
+    const Folder folder;
+    folder.write("a.toml", "theme = 'none'\n[[window]]\nid = 'w'\nrect = [20, 30, 90, 60]\n"
+                           "objects = [{ type = 'label', rect = [60, 10, 20, 20], focus = "
+                           "true }, { id = 'b', type = 'label', rect = [10, 10, 40, 20], "
+                           "focus = true }]");
+    ASSERT_EQ(run("compile " + folder.file("a.toml")).status, 0);
+    // Of white: 24, 56 and 128 of 256 parts black.
+    const std::pair<std::string, int> cases[] = {{"", 255},
+                                                 {"--state disabled=b", 255},
+                                                 {"--state hover=b", 255 - 23},
+                                                 {"--state pressed=b", 255 - 55},
+                                                 {"--state hover=w --state focus=b", 127}};
+    for (const auto &[states, level] : cases) {
+        const auto result =
+            run("render a.form a.text -o a.png --activate w " + states + " -C " + folder.file(""));
+        ASSERT_EQ(result.status, 0) << result.output;
+        SDL_Surface *drawn = IMG_Load(folder.file("a.png").c_str());
+        const auto grey = static_cast<std::uint8_t>(level);
+        EXPECT_EQ(test::pixel_of(drawn, 30, 40), (vel_colour{grey, grey, grey})) << states;
+        SDL_FreeSurface(drawn);
+    }
 }
 
 } // namespace

@@ -15,6 +15,7 @@
 #include "files.h"
 #include "printable.h"
 #include "render.h"
+#include "themes.h"
 
 using namespace velform;
 
@@ -38,6 +39,7 @@ public:
         app_.set_help_all_flag("--help-all", "Print the help of all commands");
         add_compile();
         add_render();
+        add_themes();
         add_fields();
     }
 
@@ -84,6 +86,12 @@ private:
                          "Window to open, by number or name; may be repeated, the last is in front")
             ->expected(1)
             ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+        command
+            ->add_option("--state", render_.states,
+                         "What an object is in, as in focus=name: focus, hover, pressed or "
+                         "disabled; may be repeated")
+            ->expected(1)
+            ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
         command->add_option("--header", render_.header,
                             "C header with the names [the form's name with .h]");
         command->add_option("--size", render_.size, "Size of the display")->capture_default_str();
@@ -101,6 +109,15 @@ private:
         command->callback([this] { action_ = [this] { return render(render_, std::cerr); }; });
     }
 
+    void add_themes() {
+        CLI::App *command =
+            app_.add_subcommand("themes", "Draw a form with every kind of object in all themes");
+        command->add_option("-o,--output", themes_.output, "PNG file to write")->required();
+        command->add_option("--states", themes_.states,
+                            "Theme of which to draw every kind in every state instead");
+        command->callback([this] { action_ = [this] { return draw_themes(themes_); }; });
+    }
+
     void add_fields() {
         CLI::App *command = app_.add_subcommand(
             "fields", "Print the reference of keys and record fields, as Markdown");
@@ -113,6 +130,7 @@ private:
     CLI::App app_{"Compiles forms for programs with Velumo, and draws them."};
     CompileOptions compile_;
     RenderOptions render_;
+    ThemesOptions themes_;
     std::string page_;
     std::function<Status()> action_;
 };

@@ -14,13 +14,13 @@
 #include "header.h"
 #include "png_file.h"
 #include "printable.h"
+#include "states.h"
 
 namespace velform {
 namespace {
 
 constexpr std::uint32_t largest_side = 8192;
 constexpr std::size_t most_warnings = 100;
-constexpr vel_colour mark_colour{0x2F, 0x6F, 0xDE};
 
 // Reads the whole text as a number, or returns nothing.
 std::optional<std::uint32_t> number_in(std::string_view text, int base = 10) {
@@ -30,10 +30,6 @@ std::optional<std::uint32_t> number_in(std::string_view text, int base = 10) {
     if (fault != std::errc{} || stop != end) return std::nullopt;
     return number;
 }
-
-struct Size {
-    std::uint32_t width, height;
-};
 
 Size size_in(std::string_view text) {
     const std::size_t cross = std::min(text.find('x'), text.size());
@@ -54,60 +50,6 @@ vel_colour colour_in(std::string_view text) {
     if (!rgb) throw WrongUsage(fmt::format("the background must be like #20a0ff, not '{}'", text));
     const auto part = [&rgb](int shift) { return static_cast<std::uint8_t>(*rgb >> shift); };
     return {part(16), part(8), part(0)};
-}
-
-// A context that draws into memory, with all that has to be released.
-class Stage {
-public:
-    Stage(const RenderOptions &options, Size size) {
-        ctx_.texts_loaded = 1;
-        ctx_.comfort = VEL_COMFORT_ALL;
-        ctx_.strict_pictures = options.any_picture ? 0 : 1;
-        ctx_.mark_colour_a = ctx_.mark_colour_b = mark_colour;
-        ctx_.background_colour = colour_in(options.background);
-        if (TTF_Init() != 0) throw FileProblem(fmt::format("no fonts: {}", TTF_GetError()));
-        open_screen(size);
-        // A pipe would be waited for.
-        if (std::filesystem::is_regular_file(options.font)) {
-            ctx_.font = TTF_OpenFont(options.font.c_str(), options.font_size);
-        } else {
-            SDL_SetError("it is not there, or no file");
-        }
-        if (ctx_.screen == nullptr || ctx_.font == nullptr) {
-            const std::string fault = SDL_GetError();
-            vel_close(&ctx_);
-            throw FileProblem(fmt::format("cannot open the font {}: {}", options.font, fault));
-        }
-    }
-    ~Stage() { vel_close(&ctx_); }
-    Stage(const Stage &) = delete;
-    Stage &operator=(const Stage &) = delete;
-
-    vel_context &ctx() { return ctx_; }
-
-private:
-    void open_screen(Size size) {
-        const auto [width, height] = size;
-        ctx_.screen_width = width;
-        ctx_.screen_height = height;
-        ctx_.screen_rect.w = static_cast<Uint16>(width);
-        ctx_.screen_rect.h = static_cast<Uint16>(height);
-        ctx_.screen = SDL_CreateRGBSurface(SDL_SWSURFACE, static_cast<int>(width),
-                                           static_cast<int>(height), 32, 0xFF0000, 0xFF00, 0xFF, 0);
-        if (ctx_.screen == nullptr) return;
-        const auto [r, g, b] = ctx_.background_colour;
-        SDL_FillRect(ctx_.screen, nullptr, SDL_MapRGB(ctx_.screen->format, r, g, b));
-    }
-
-    vel_context ctx_{};
-};
-
-void load(vel_context &ctx, const RenderOptions &options) {
-    const std::int32_t result =
-        vel_load_forms(&ctx, 0, 0, options.form.c_str(), options.text.c_str());
-    if (result == VEL_OK) return;
-    throw FileProblem(fmt::format("cannot load {} and {}: {}", options.form, options.text,
-                                  vel_error_text(result)));
 }
 
 // A form need not end its paths.
@@ -139,16 +81,23 @@ void warn_of_missing_files(const vel_context &ctx, std::ostream &err) {
     }
 }
 
-// Finds windows by number, or by the names in the form's header.
-class WindowFinder {
+// Finds objects by number, or by the names in the form's header.
+class ObjectFinder {
 public:
-    explicit WindowFinder(const RenderOptions &options) : options_(options) {}
+    explicit ObjectFinder(const RenderOptions &options) : options_(options) {}
 
     std::uint32_t find(const vel_context &ctx, const std::string &name) {
         const auto number = number_in(name);
-        const std::uint32_t window = number ? *number : names().object(name);
-        if (window == 0 || window > ctx.object_count || ctx.objects[window].master != 0 ||
-            ctx.objects[window].type != VEL_TYPE_WINDOW) {
+        const std::uint32_t object = number ? *number : names().object(name);
+        if (object == 0 || object > ctx.object_count) {
+            throw WrongUsage(fmt::format("there is no object '{}'", name));
+        }
+        return object;
+    }
+
+    std::uint32_t find_window(const vel_context &ctx, const std::string &name) {
+        const std::uint32_t window = find(ctx, name);
+        if (ctx.objects[window].master != 0 || ctx.objects[window].type != VEL_TYPE_WINDOW) {
             throw WrongUsage(fmt::format("'{}' is no window of the top level", name));
         }
         return window;
@@ -188,22 +137,51 @@ void open_window(vel_context &ctx, std::uint32_t window) {
     vel_activate_window(&ctx);
 }
 
-void open_windows(vel_context &ctx, const RenderOptions &options) {
-    WindowFinder finder(options);
-    for (const std::string &name : options.activate) open_window(ctx, finder.find(ctx, name));
+// As in "focus=name".
+ObjectState state_in(std::string_view text, const vel_context &ctx, ObjectFinder &finder) {
+    constexpr std::pair<std::string_view, State> states[] = {{"focus", State::focus},
+                                                             {"hover", State::hover},
+                                                             {"pressed", State::pressed},
+                                                             {"disabled", State::disabled}};
+    const std::size_t equals = std::min(text.find('='), text.size());
+    for (const auto &[name, state] : states) {
+        if (text.substr(0, equals) != name || equals == text.size()) continue;
+        return {state, finder.find(ctx, std::string(text.substr(equals + 1)))};
+    }
+    throw WrongUsage(fmt::format("a state must be like focus=name, with focus, hover, pressed or "
+                                 "disabled, not '{}'",
+                                 text));
+}
+
+StageOptions stage_options(const RenderOptions &options) {
+    return {size_in(options.size), colour_in(options.background), options.font,
+            options.font_size,     options.any_picture,           !options.states.empty()};
+}
+
+std::string drawn(vel_context &ctx, const std::vector<ObjectState> &states) {
+    if (!states.empty()) return png_bytes(*drawn_with_states(ctx, states));
+    vel_draw_all_objects(&ctx, 1, 0);
+    return png_bytes(*ctx.screen);
 }
 
 } // namespace
 
 Status render(const RenderOptions &options, std::ostream &err) {
     if (!options.directory.empty()) std::filesystem::current_path(options.directory);
-    Stage stage(options, size_in(options.size));
-    load(stage.ctx(), options);
-    fill_chains(stage.ctx());
-    open_windows(stage.ctx(), options);
-    warn_of_missing_files(stage.ctx(), err);
-    vel_draw_all_objects(&stage.ctx(), 1, 0);
-    const OutputFile picture{options.output, png_bytes(*stage.ctx().screen)};
+    Stage stage(stage_options(options));
+    vel_context &ctx = stage.ctx();
+    stage.load(options.form, options.text);
+    fill_chains(ctx);
+    ObjectFinder finder(options);
+    for (const std::string &name : options.activate) {
+        open_window(ctx, finder.find_window(ctx, name));
+    }
+    std::vector<ObjectState> states;
+    for (const std::string &text : options.states) {
+        states.push_back(state_in(text, ctx, finder));
+    }
+    warn_of_missing_files(ctx, err);
+    const OutputFile picture{options.output, drawn(ctx, states)};
     replace_files({&picture, 1});
     return Status::done;
 }

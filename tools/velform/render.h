@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "stage.h"
 #include "status.h"
 
 namespace velform {
@@ -15,9 +16,10 @@ struct RenderOptions {
     std::string directory;             // where to work, seen from the current one; may be empty
     std::string header;                // empty: the form's name with .h
     std::vector<std::string> activate; // windows, by number or by name; the last ends in front
+    std::vector<std::string> states;   // of objects, as in "focus=name"
     std::string size = "800x600";
     std::string background = "#e3e9f0";
-    std::string font = "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf";
+    std::string font = standard_font;
     int font_size = 14;
     bool any_picture = false; // all formats, not only those whose files are checked
 };

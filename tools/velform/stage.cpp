@@ -1,0 +1,81 @@
+#include "stage.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <new>
+
+#include <fmt/format.h>
+
+#include "status.h"
+
+namespace velform {
+namespace {
+
+constexpr vel_colour mark_colour{0x2F, 0x6F, 0xDE};
+
+Surface owned(SDL_Surface *surface) {
+    if (surface == nullptr) throw std::bad_alloc();
+    return Surface(surface);
+}
+
+// Events come to a loop only with a display, which need not be seen.
+SDL_Surface *new_display(Size size) {
+    setenv("SDL_VIDEODRIVER", "dummy", 1);
+    if (SDL_Init(SDL_INIT_VIDEO) != 0) throw FileProblem(SDL_GetError());
+    return SDL_SetVideoMode(static_cast<int>(size.width), static_cast<int>(size.height), 32,
+                            SDL_SWSURFACE);
+}
+
+} // namespace
+
+Surface new_surface(Size size) {
+    return owned(SDL_CreateRGBSurface(SDL_SWSURFACE, static_cast<int>(size.width),
+                                      static_cast<int>(size.height), 32, 0xFF0000, 0xFF00, 0xFF,
+                                      0));
+}
+
+Surface copy_of(SDL_Surface &surface) {
+    return owned(SDL_ConvertSurface(&surface, surface.format, SDL_SWSURFACE));
+}
+
+Stage::Stage(const StageOptions &options) {
+    ctx_.texts_loaded = 1;
+    ctx_.comfort = VEL_COMFORT_ALL;
+    ctx_.strict_pictures = options.any_picture ? 0 : 1;
+    ctx_.mark_colour_a = ctx_.mark_colour_b = mark_colour;
+    ctx_.background_colour = options.background;
+    if (TTF_Init() != 0) throw FileProblem(fmt::format("no fonts: {}", TTF_GetError()));
+    open_screen(options);
+    // A pipe would be waited for.
+    if (std::filesystem::is_regular_file(options.font)) {
+        ctx_.font = TTF_OpenFont(options.font.c_str(), options.font_size);
+    } else {
+        SDL_SetError("it is not there, or no file");
+    }
+    if (ctx_.screen == nullptr || ctx_.font == nullptr) {
+        const std::string fault = SDL_GetError();
+        vel_close(&ctx_);
+        throw FileProblem(fmt::format("cannot open the font {}: {}", options.font, fault));
+    }
+}
+
+void Stage::open_screen(const StageOptions &options) {
+    const auto [width, height] = options.size;
+    ctx_.screen_width = width;
+    ctx_.screen_height = height;
+    ctx_.screen_rect.w = static_cast<Uint16>(width);
+    ctx_.screen_rect.h = static_cast<Uint16>(height);
+    ctx_.screen =
+        options.takes_events ? new_display(options.size) : new_surface(options.size).release();
+    if (ctx_.screen == nullptr) return;
+    const auto [r, g, b] = ctx_.background_colour;
+    SDL_FillRect(ctx_.screen, nullptr, SDL_MapRGB(ctx_.screen->format, r, g, b));
+}
+
+void Stage::load(const std::string &form, const std::string &text) {
+    const std::int32_t result = vel_load_forms(&ctx_, 0, 0, form.c_str(), text.c_str());
+    if (result == VEL_OK) return;
+    throw FileProblem(fmt::format("cannot load {} and {}: {}", form, text, vel_error_text(result)));
+}
+
+} // namespace velform

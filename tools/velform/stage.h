@@ -1,0 +1,54 @@
+// A context that draws into memory, with all that has to be released. For the pictures of forms.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include <velumo.h>
+
+namespace velform {
+
+struct Size {
+    std::uint32_t width, height;
+};
+
+inline constexpr const char *standard_font = "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf";
+
+struct StageOptions {
+    Size size;
+    vel_colour background;
+    std::string font = standard_font;
+    int font_size = 14;
+    bool any_picture = false; // all formats, not only those whose files are checked
+    bool takes_events = false;
+};
+
+class Stage {
+public:
+    // Throws FileProblem.
+    explicit Stage(const StageOptions &options);
+    ~Stage() { vel_close(&ctx_); }
+    Stage(const Stage &) = delete;
+    Stage &operator=(const Stage &) = delete;
+
+    // Throws FileProblem.
+    void load(const std::string &form, const std::string &text);
+
+    vel_context &ctx() { return ctx_; }
+
+private:
+    void open_screen(const StageOptions &options);
+
+    vel_context ctx_{};
+};
+
+struct FreeSurface {
+    void operator()(SDL_Surface *surface) const { SDL_FreeSurface(surface); }
+};
+using Surface = std::unique_ptr<SDL_Surface, FreeSurface>;
+
+// Throws std::bad_alloc.
+Surface new_surface(Size size);
+Surface copy_of(SDL_Surface &surface);
+
+} // namespace velform

@@ -1,0 +1,129 @@
+#include "themes.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <vector>
+
+#include <fmt/format.h>
+
+#include "files.h"
+#include "form_builder.h"
+#include "gallery.h"
+#include "header.h"
+#include "png_file.h"
+#include "records.h"
+#include "states.h"
+#include "suggestion.h"
+#include "toml_text.h"
+
+namespace velform {
+namespace {
+
+constexpr int font_size = 12;
+
+vel_colour colour_of(Colour rgb) {
+    const auto part = [rgb](int shift) { return static_cast<std::uint8_t>(rgb >> shift); };
+    return {part(16), part(8), part(0)};
+}
+
+// The files of a form that is made only to be drawn.
+class CompiledGallery {
+public:
+    CompiledGallery(const std::string &source, const std::string &theme) : theme_(theme) {
+        Diagnostics diagnostics;
+        const auto root = parse_toml(source, diagnostics);
+        const FormSource read = read_form_source(*root, diagnostics);
+        const Form form = build_form(read, diagnostics);
+        names_.emplace(header_text(form, "G", diagnostics));
+        std::string folder = (std::filesystem::temp_directory_path() / "velform-XXXXXX").string();
+        if (mkdtemp(folder.data()) == nullptr) fail_at_file("cannot make", folder, errno);
+        folder_ = folder;
+        const OutputFile files[] = {{this->form(), form_file_bytes(form)},
+                                    {text(), text_file_bytes(form)}};
+        replace_files(files);
+    }
+    ~CompiledGallery() {
+        std::error_code ignored;
+        std::filesystem::remove_all(folder_, ignored);
+    }
+    CompiledGallery(const CompiledGallery &) = delete;
+    CompiledGallery &operator=(const CompiledGallery &) = delete;
+
+    std::uint32_t number(const std::string &id) const { return names_->object(id); }
+
+    Surface drawn(Size size, std::span<const ObjectState> states) const {
+        StageOptions options{.size = size, .background = colour_of(find_theme(theme_)->desk)};
+        options.font_size = font_size;
+        options.takes_events = true;
+        Stage stage(options);
+        stage.load(form(), text());
+        return drawn_with_states(stage.ctx(), states);
+    }
+
+private:
+    std::string form() const { return (folder_ / "form").string(); }
+    std::string text() const { return (folder_ / "text").string(); }
+
+    const std::string theme_;
+    std::filesystem::path folder_;
+    std::optional<HeaderNames> names_;
+};
+
+void copy_part(SDL_Surface &from, SDL_Rect part, SDL_Surface &to, int x, int y) {
+    SDL_Rect at{static_cast<Sint16>(x), static_cast<Sint16>(y), 0, 0};
+    SDL_BlitSurface(&from, &part, &to, &at);
+}
+
+Surface all_themes() {
+    constexpr Size one{gallery_width, gallery_height};
+    Surface all = new_surface({2 * one.width, 2 * one.height});
+    int k = 0;
+    for (const Theme &theme : themes()) {
+        if (!theme.dresses_types) continue;
+        const std::string name(theme.name);
+        const Surface drawn = CompiledGallery(gallery_source(name), name).drawn(one, {});
+        copy_part(*drawn, {0, 0, gallery_width, gallery_height}, *all, k % 2 * gallery_width,
+                  k / 2 * gallery_height);
+        ++k;
+    }
+    return all;
+}
+
+// Each object is in the first column of its row; the others show it in the other states.
+Surface all_states(const std::string &theme) {
+    constexpr State columns[] = {State::hover, State::pressed, State::focus, State::disabled};
+    const StatesSheet sheet = states_sheet(theme);
+    const Size size{static_cast<std::uint32_t>(sheet.width),
+                    static_cast<std::uint32_t>(sheet.height)};
+    const CompiledGallery gallery(sheet.source, theme);
+    Surface all = gallery.drawn(size, {});
+    for (const SheetRow &row : sheet.rows) {
+        for (int k = 0; k < int{std::size(columns)}; ++k) {
+            const bool is_disabled = columns[k] == State::disabled;
+            if (row.used_piece < 0 && !is_disabled) continue;
+            const auto piece = static_cast<std::uint32_t>(is_disabled ? 0 : row.used_piece);
+            const ObjectState state{columns[k], gallery.number(row.id) + piece};
+            const Surface drawn = gallery.drawn(size, {&state, 1});
+            copy_part(*drawn, row.area, *all, row.area.x + (k + 1) * sheet.column_width,
+                      row.area.y);
+        }
+    }
+    return all;
+}
+
+} // namespace
+
+Status draw_themes(const ThemesOptions &options) {
+    std::vector<std::string_view> names;
+    for (const Theme &theme : themes()) names.push_back(theme.name);
+    if (!options.states.empty() && find_theme(options.states) == nullptr) {
+        throw WrongUsage(fmt::format("there is no theme '{}'{}", options.states,
+                                     did_you_mean(options.states, names)));
+    }
+    const Surface picture = options.states.empty() ? all_themes() : all_states(options.states);
+    const OutputFile file{options.output, png_bytes(*picture)};
+    replace_files({&file, 1});
+    return Status::done;
+}
+
+} // namespace velform
