@@ -122,6 +122,8 @@ TEST(Faults, point_at_the_place_and_say_what_is_wrong) {
         {part("slider", "step = 0"), "3:8", "at least 1"},
         {part("scroll_bar", ""), "2:8", "needs the `id`"},
         {part("scroll_bar", "for = 'x'"), "3:7", "no object 'x'"},
+        {label("id = 'x'") + part("scroll_bar", "for = 'x'"), "7:7", "'x' is a label"},
+        {part("radio", "checked = true") + part("radio", "checked = true"), "4:1", "see line 1"},
         {part("tabs", ""), "2:8", "needs `pages`"},
         {part("tabs", "pages = [{}]\nvalue = 1"), "4:9", "one of the 1 pages"},
         {label("anchor = 'left botom'"), "4:10", "did you mean 'bottom'?"},
@@ -198,9 +200,9 @@ TEST(Faults, of_hostile_sources_are_errors_like_others) {
         {"x = \"\\\"\"\ny = '''\n'''" + repeated("[", 70), "3:68", "nested too deeply"},
         {styles, "32:9", "more than 16"},
         {std::string("\0\0", 2), "1:1", ""},
-        // The dialog is 108 objects, and the frame buttons are 7.
-        {"[[file_dialog]]\nid='a'\nrows=100\n" + repeated("[[window]]\n", 65422), "1:1",
-         "at most 65536 objects"},
+        // The dialog is 108 objects, the frame buttons are 7, and each radio button is 19.
+        {"[[file_dialog]]\nid='a'\nrows=100\n" + repeated("[[object]]\nkind='radio'\n", 3448),
+         "1:1", "at most 65536 objects"},
     });
 }
 

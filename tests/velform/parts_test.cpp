@@ -19,6 +19,7 @@ TEST(Parts, are_made_of_objects_at_the_places_of_their_first_values) {
         {part("check", "rect = [10, 20, 100, 24]\nlabel = 'W'\nchecked = true"),
          "8.type=2 8.label=W 9.master=8 9.x=15 9.y=25 9.width=14 9.height=14 10.x=16 10.y=26 "
          "10.width=12 10.height=12"},
+        {"[styles.s]\ntype = 'entry'\n" + part("check", "style = 's'"), "8.type=2"},
         {part("radio", "rect = [10, 20, 100, 24]"), "9.master=8 10.master=8 10.width=0"},
         // Of 110 pixels, margins take 10 and the knob 10; the value is 3/4 of the way.
         {part("slider", "rect = [10, 20, 110, 28]\nmin = -10\nmax = 30\nvalue = 20"),

@@ -286,7 +286,20 @@ private:
                                            ids_.hint(target->string())));
             return;
         }
+        const FormObject &scrolled = form_.object(named->second);
+        if (!can_be_scrolled(scrolled)) {
+            diagnostics_.error(target->where,
+                               fmt::format("'{}' is {}; a scroll bar is for a list, a text, a "
+                                           "chain or a window",
+                                           target->string(), type_with_article(scrolled.type())));
+        }
         set_trait(object, Field::target, named->second);
+    }
+
+    static bool can_be_scrolled(const FormObject &object) {
+        const Role role = object.source->role;
+        return means_something(record_field(Field::text), object.type()) || role == Role::list ||
+               role == Role::drop_down_list || role == Role::whole;
     }
 
     // Radio buttons of a name belong together in a window, those without one in their master.
@@ -299,8 +312,17 @@ private:
             }
         }
         const auto next = static_cast<std::uint32_t>(groups_.size() + 1);
-        const auto [group, is_new] = groups_.try_emplace({around, *object.source->group}, next);
-        set_trait(object, Field::group, group->second);
+        Group &group =
+            groups_.try_emplace({around, *object.source->group}, Group{next}).first->second;
+        set_trait(object, Field::group, group.number);
+        if (object.value(Field::value) == 0) return;
+        if (group.checked != nullptr) {
+            diagnostics_.error(object.source->where,
+                               fmt::format("a radio button of the group is checked already, see "
+                                           "line {}; take one `checked` out",
+                                           group.checked->where.line));
+        }
+        group.checked = object.source;
     }
 
     static void set_trait(FormObject &object, Field field, std::uint32_t number) {
@@ -317,7 +339,11 @@ private:
     Form form_;
     std::unordered_map<std::string_view, std::uint32_t> numbers_; // by id; the first wins
     Suggestions menus_, ids_;
-    std::map<std::pair<std::uint32_t, std::string>, std::uint32_t> groups_;
+    struct Group {
+        std::uint32_t number;
+        const ObjectSource *checked = nullptr;
+    };
+    std::map<std::pair<std::uint32_t, std::string>, Group> groups_;
 };
 
 } // namespace

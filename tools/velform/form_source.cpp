@@ -321,7 +321,7 @@ private:
 
     // What has no room in the file is left out, and the first of it is reported.
     bool take_room(std::size_t count, Position where) {
-        const bool has_room = count <= room_;
+        const bool has_room = !is_full_ && count <= room_;
         if (!has_room && !is_full_) {
             diagnostics_.error(where, fmt::format("a form holds at most {} objects, with its frame "
                                                   "buttons; take some out",
@@ -354,6 +354,7 @@ private:
     }
 
     void add_part(ObjectSource &object, PartSource &part) {
+        if (is_full_) return;
         const std::size_t others = last_objects_.size();
         PartContext context{*theme_, *styles_, diagnostics_, last_objects_};
         make_part(object, part, context);

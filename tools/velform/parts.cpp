@@ -54,7 +54,8 @@ void make_pieces(ObjectSource &object, PartSource &part, PartContext &context) {
 
 void make_part(ObjectSource &object, PartSource &part, PartContext &context) {
     object.role = role_of(part.kind);
-    object.default_type = VEL_TYPE_LABEL;
+    // Whatever a style says.
+    set(object.own, Field::type, VEL_TYPE_LABEL);
     make_pieces(object, part, context);
     place_pieces(object.objects, object.where);
     if (part.kind == PartKind::choice) context.last_objects.back().where = object.where;
