@@ -82,7 +82,10 @@ int main(int count, char **arguments) {
     signal(SIGTERM, on_signal);
     int32_t result = vel_open_display(&ctx, 640, 440, "Browser");
     if (result == VEL_OK) result = vel_load_forms_from_memory(&ctx, 0, 0, &BROWSER_FORM);
-    if (result != VEL_OK) return fprintf(stderr, "browser: %s\n", vel_error_text(result)), 1;
+    if (result != VEL_OK) {
+        fprintf(stderr, "browser: cannot start: %s: %s\n", vel_error_text(result), SDL_GetError());
+        return 1;
+    }
     ctx.application_a[0] = &book;
     snprintf(book.path, sizeof book.path, "%s", count == 2 ? arguments[1] : "");
     read_book(&ctx, &book);

@@ -46,7 +46,10 @@ int main(void) {
     signal(SIGTERM, on_signal);
     int32_t result = vel_open_display(&ctx, 420, 350, "Settings");
     if (result == VEL_OK) result = vel_load_forms_from_memory(&ctx, 0, 0, &SETTINGS_FORM);
-    if (result != VEL_OK) return fprintf(stderr, "settings: %s\n", vel_error_text(result)), 1;
+    if (result != VEL_OK) {
+        fprintf(stderr, "settings: cannot start: %s: %s\n", vel_error_text(result), SDL_GetError());
+        return 1;
+    }
     vel_draw_all_objects(&ctx, 1, 1);
     do answer = vel_wait_for_object(&ctx);
     while (answer != 0 && answer != SETTINGS_CANCEL && (answer != SETTINGS_SAVE || !check(&ctx)));
