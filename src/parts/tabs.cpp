@@ -72,7 +72,6 @@ void place_marker(vel_context &ctx, u32 tabs) {
     vel_object &marker = object_at(ctx, number);
     const vel_object &tab = object_at(ctx, tab_number(ctx, tabs, page));
     marker.x = tab.x;
-    marker.y = tab.y;
     marker.width = tab.width;
 }
 
