@@ -4,6 +4,7 @@
 #include "parts/rows.h"
 #include "parts/show.h"
 #include "render/geometry.h"
+#include "text/layout.h"
 #include "text/letters.h"
 
 namespace velumo {
@@ -111,6 +112,7 @@ void mark_title(vel_context &ctx, u32 list, List &items) {
         std::string label = items.titles[column];
         if (column == items.sorted_column) label += items.is_descending ? "  v" : "  ^";
         o.label[label.copy(o.label, sizeof o.label - 1)] = '\0';
+        format_object(ctx, titles[column]);
     }
 }
 

@@ -62,7 +62,7 @@ void Tips::follow(Polled polled) {
     if (may_show_ && now() - at_rest_since_ >= rest_before_tip) show();
     if (now() < next_move_) return;
     next_move_ = now() + move_every;
-    if (!is_shown_ && move_endless(ctx_)) show_all(ctx_);
+    if (!is_shown_) move_endless(ctx_);
 }
 
 void Tips::look_at(const SDL_Event &event) {

@@ -6,6 +6,7 @@
 #include "model/walk.h"
 #include "parts/show.h"
 #include "render/geometry.h"
+#include "render/scene.h"
 
 namespace velumo {
 namespace {
@@ -269,17 +270,20 @@ std::optional<Press> key_on_slider(vel_context &ctx, u32 slider, const SDL_keysy
     return Press::changed;
 }
 
-bool move_endless(vel_context &ctx) {
-    bool shows = false;
-    for (auto &[number, traits] : ctx.state->traits) {
+void move_endless(vel_context &ctx) {
+    u32 moved = 0;
+    u32 count = 0;
+    for (const auto &[number, traits] : ctx.state->traits) {
         if (traits.part != progress_part || !traits.endless) continue;
         if (!is_drawable(object_at(ctx, number)) ||
             !is_drawable(piece(ctx, number, bar_of_progress)))
             continue;
         advance(ctx, number);
-        shows = true;
+        moved = number;
+        ++count;
     }
-    return shows;
+    if (count == 1) show_part(ctx, moved);
+    if (count > 1) show_all(ctx);
 }
 
 } // namespace velumo

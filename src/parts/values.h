@@ -25,7 +25,7 @@ Press press_slider(vel_context &ctx, u32 slider);
 std::optional<Press> key_on_check(vel_context &ctx, u32 check, const SDL_keysym &key);
 std::optional<Press> key_on_slider(vel_context &ctx, u32 slider, const SDL_keysym &key);
 
-// Lets the blocks of endless progress move along. True when one of them shows.
-bool move_endless(vel_context &ctx);
+// Lets the blocks of endless progress move along, and shows those in sight.
+void move_endless(vel_context &ctx);
 
 } // namespace velumo

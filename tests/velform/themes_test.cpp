@@ -19,7 +19,7 @@ double luminance(vel_colour c) {
 }
 
 double contrast(vel_colour a, vel_colour b) {
-    const auto [less, more] = std::minmax(luminance(a), luminance(b));
+    const auto [less, more] = std::minmax({luminance(a), luminance(b)});
     return (more + 0.05) / (less + 0.05);
 }
 
