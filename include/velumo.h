@@ -1319,6 +1319,9 @@ VEL_API uint32_t vel_get_mono_mouse_selection(vel_context *ctx, int32_t stop) VE
  * list by three names, else the nearest window by scroll_step, with Shift sideways. Each goes as
  * far as there is something out of sight, and windows stay where they are on the stack.
  *
+ * A part (see above) acts where it is, and is returned when the user has changed it. The pointer may
+ * rest on an object for 0.6 seconds: then its tip shows until the pointer moves or a key is pressed.
+ *
  * \returns the object released on if it is a label, a picture, a menu, an entry field that cannot
  *          be edited, or a top-level object other than a window that cannot be edited; the entry
  *          chosen in the menu of a title; 7 after the user closed the last window; 0 if the user
@@ -1721,7 +1724,9 @@ VEL_API void vel_load_dir_entries(vel_context *ctx, uint32_t list) VEL_NOTHROW;
  * Left out are "." and hidden names, which start with a dot; ".." in the root; and whatever is
  * neither a folder nor a regular file. A symbolic link counts as what it points to.
  *
- * The rows are the dependents of the list, whatever their type; each shows one name in its label.
+ * A list that is a part shows the names from the first on, with size and time in a second and a
+ * third column. In any other, the rows are the dependents, whatever their type; each shows one name
+ * in its label.
  * scroll_y of the list determines the first name shown, in pixels of the distance between rows; it
  * is set to the nearest value that leaves no row empty unnecessarily. While the list is visible,
  * the vertical scroll functions of its window, and so its frame buttons in scroll mode, scroll the
@@ -1753,13 +1758,15 @@ VEL_API const char *vel_listed_name(const vel_context *ctx, uint32_t row) VEL_NO
  * Lets the user choose a file in a modal dialog and navigate the folders.
  *
  * The window is one that velform makes of a [[file_dialog]], or a top-level window whose first
- * dependents are, in this order: an entry field that cannot be edited and shows the folder; the
- * list, whose dependents are the rows, preferably entry fields that cannot be edited; the entry
+ * dependents are, in this order: an entry field that shows the folder; the list, which is a part or
+ * has rows as its dependents, preferably entry fields that cannot be edited; the entry
  * field for the name; the OK button; the cancel button; the label that says that a folder cannot be
  * read, which shows only then. More dependents may follow.
  *
  * A click on a folder enters it, a click on ".." leaves the current one; a click on a file puts its
- * name into the field. OK, or the Enter key, chooses the file named in the field, which need not
+ * name into the field. In a list that is a part, a click selects, and what it selects is entered or
+ * chosen by a double click or Enter. If the field that shows the folder can be edited, Enter in it
+ * goes to the path that it has, and Tab completes a name there. OK, or the Enter key, chooses the file named in the field, which need not
  * exist; if the field has the name of a folder, this enters the folder, and if it has * or ? in it,
  * the list shows the files that match. The cancel button, the Escape key and the close button of
  * the frame cancel. If a folder cannot be read, the label says so and nothing else changes.
