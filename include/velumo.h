@@ -1319,8 +1319,9 @@ VEL_API uint32_t vel_get_mono_mouse_selection(vel_context *ctx, int32_t stop) VE
  * list by three names, else the nearest window by scroll_step, with Shift sideways. Each goes as
  * far as there is something out of sight, and windows stay where they are on the stack.
  *
- * A part (see above) acts where it is, and is returned when the user has changed it. The pointer may
- * rest on an object for 0.6 seconds: then its tip shows until the pointer moves or a key is pressed.
+ * A part (see above) acts where it is, and is returned when the user has changed it. The pointer
+ * may rest on an object for 0.6 seconds: then its tip shows until the pointer moves or a key is
+ * pressed.
  *
  * \returns the object released on if it is a label, a picture, a menu, an entry field that cannot
  *          be edited, or a top-level object other than a window that cannot be edited; the entry
@@ -1766,10 +1767,11 @@ VEL_API const char *vel_listed_name(const vel_context *ctx, uint32_t row) VEL_NO
  * A click on a folder enters it, a click on ".." leaves the current one; a click on a file puts its
  * name into the field. In a list that is a part, a click selects, and what it selects is entered or
  * chosen by a double click or Enter. If the field that shows the folder can be edited, Enter in it
- * goes to the path that it has, and Tab completes a name there. OK, or the Enter key, chooses the file named in the field, which need not
- * exist; if the field has the name of a folder, this enters the folder, and if it has * or ? in it,
- * the list shows the files that match. The cancel button, the Escape key and the close button of
- * the frame cancel. If a folder cannot be read, the label says so and nothing else changes.
+ * goes to the path that it has, and Tab completes a name there. OK, or the Enter key, chooses the
+ * file named in the field, which need not exist; if the field has the name of a folder, this enters
+ * the folder, and if it has * or ? in it, the list shows the files that match. The cancel button,
+ * the Escape key and the close button of the frame cancel. If a folder cannot be read, the label
+ * says so and nothing else changes.
  *
  * While the dialog is open, the frame buttons scroll the list, and nothing outside the window can
  * be reached. Afterwards frame_mode, the other windows and their text cursor are as before, and the
