@@ -5,7 +5,8 @@
 #include "input/caret.h"
 #include "model/traits.h"
 #include "model/types.h"
-#include "model/walk.h"
+#include "render/limits.h"
+#include "text/fonts.h"
 #include "text/layout.h"
 #include "text/rows.h"
 
@@ -60,6 +61,8 @@ bool Stretching::finish() try {
         open_.pop_back();
         stretch_dependents(master, by);
     }
+    const FontsStay fonts_stay(ctx_);
+    const KnownMasters masters(ctx_);
     for (const u32 number : to_format_) format_object(ctx_, number);
     for (const auto &[number, index] : carets_) place_caret_at(number, index);
     return has_memory_;
