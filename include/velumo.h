@@ -33,6 +33,8 @@
  * | Numbers beyond a table that the program made, and counts above its length | the same |
  * | vel_copy_st_last_part() of "" | it copies a byte before it looks for the end |
  * | Calls by two threads at once, or by a signal handler | nothing is locked |
+ * | A vel_list_source that loads or closes a form, or shows other rows | it is asked while rows are
+ * shown |
  */
 #ifndef VELUMO_H
 #define VELUMO_H
@@ -705,7 +707,7 @@ typedef struct vel_cell {
 
 /**
  * Says what a list shows. It is called for the rows in sight whenever they change, and for those
- * that typing looks for.
+ * that typing looks for. Meanwhile the form must stay, and the list what it is.
  *
  * \param row    0 to one less than the number of rows
  * \param column 0 to one less than the number of columns

@@ -1,27 +1,17 @@
 /* The display, and the messages and questions. */
 #include <stdio.h>
-#include <stdlib.h>
 #include <string.h>
 
 #include "app.h"
 
 const char *start_display(vel_context *ctx) {
-    const char *const driver = getenv("SDL_VIDEODRIVER");
-    /* Without a display, SDL would draw with letters in the terminal. */
-    if (driver == NULL || strcmp(driver, "dummy") != 0) setenv("SDL_VIDEODRIVER", "x11", 1);
-    if (SDL_Init(SDL_INIT_VIDEO) != 0 || TTF_Init() != 0) return SDL_GetError();
-    ctx->screen_width = ctx->screen_rect.w = 800;
-    ctx->screen_height = ctx->screen_rect.h = 600;
-    ctx->screen = SDL_SetVideoMode(800, 600, 32, SDL_SWSURFACE);
-    ctx->font = TTF_OpenFont("/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf", 13);
-    if (ctx->screen == NULL || ctx->font == NULL) return SDL_GetError();
-    SDL_WM_SetCaption("Address Book", "Address Book");
-    ctx->background_colour = (vel_colour){0xe3, 0xe9, 0xf0};
-    ctx->mark_colour_a = ctx->mark_colour_b = (vel_colour){0x2f, 0x6f, 0xde};
-    ctx->texts_loaded = 1;
-    ctx->comfort = VEL_COMFORT_ALL;
+    ctx->font_path = "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf";
+    ctx->font_size = 13;
+    ctx->mark_colour_b = (vel_colour){0x2f, 0x6f, 0xde}; /* scrolling looks as resizing does */
     ctx->partial_redraw = 1; /* nothing but the form is drawn in the windows */
-    const int32_t result = vel_load_forms(ctx, 0, 0, "addressbook.form", "addressbook.text");
+    int32_t result = vel_open_display(ctx, 800, 600, "Address Book");
+    if (result != VEL_OK) return SDL_GetError();
+    result = vel_load_forms(ctx, 0, 0, "addressbook.form", "addressbook.text");
     if (result != VEL_OK) return vel_error_text(result);
     vel_draw_all_objects(ctx, 1, 0); /* centres the captions; the rows are still empty */
     return NULL;

@@ -9,6 +9,7 @@
 #include "parts/list_part.h"
 #include "parts/rows.h"
 #include "parts/scroll_bar.h"
+#include "parts/scrolling.h"
 #include "parts/show.h"
 #include "render/scene.h"
 #include "text/layout.h"
@@ -78,6 +79,7 @@ private:
             break;
         }
         if (is_left_button(ctx_.event, Button::pressed)) return press();
+        if (ctx_.event.type == SDL_MOUSEBUTTONDOWN) turn_wheel(ctx_.event.button.button);
         const bool is_key = ctx_.event.type == SDL_KEYDOWN;
         const bool is_motion = ctx_.event.type == SDL_MOUSEMOTION;
         const SDL_Event event = ctx_.event;
@@ -100,6 +102,14 @@ private:
             is_bar && bar != 0 ? press_scroll_bar(ctx_, bar) : press_list(ctx_, list_, under);
         if (end == Press::quit || end == Press::end_of_loop) return finish(end, true);
         if (end == Press::changed) finish(Press::done, false);
+    }
+
+    void turn_wheel(u8 button) {
+        const bool is_up = button == SDL_BUTTON_WHEELUP;
+        if (!is_up && button != SDL_BUTTON_WHEELDOWN) return;
+        Scrollable scrollable(ctx_, list_, vertical);
+        scrollable.move(is_up ? Direction::forward : Direction::back, scrollable.notch());
+        show_part(ctx_, list_);
     }
 
     void follow_pointer(i64 x, i64 y) {

@@ -6,6 +6,7 @@
 
 #include "render/default_font.h"
 #include "render/display.h"
+#include "render/surface.h"
 
 namespace velumo {
 namespace {
@@ -186,8 +187,7 @@ bool set_display_size(vel_context &ctx, u32 width, u32 height) {
 
 void clear_screen(vel_context &ctx) {
     if (ctx.screen == nullptr) return;
-    const vel_colour c = ctx.background_colour;
-    SDL_FillRect(ctx.screen, nullptr, SDL_MapRGB(ctx.screen->format, c.r, c.g, c.b));
+    draw_box(ctx, {0, 0, ctx.screen->w, ctx.screen->h}, ctx.background_colour);
 }
 
 } // namespace velumo
