@@ -44,8 +44,9 @@ public:
         // A list that can grow has rows for that, too, without a width until there is room.
         const bool can_grow = grows_with_window();
         if (count < 1) {
-            return error(fmt::format("the list must be at least {} pixels high, to hold a row",
-                                     2 * inset + head + row_height_));
+            return report(object_, Field::height, context_,
+                          fmt::format("the list must be at least {} pixels high, to hold a row",
+                                      2 * inset + head + row_height_));
         }
         add_sample();
         add_head();
@@ -62,10 +63,6 @@ private:
                (anchor_top | anchor_bottom);
     }
 
-    void error(std::string message) {
-        context_.diagnostics.error(object_.where, std::move(message));
-    }
-
     Pixels rows_width() const { return measures_.width() - 2 * inset - bar_width; }
 
     // Columns without a width share what the others leave.
@@ -77,9 +74,10 @@ private:
         }
         const Pixels free = rows_width() - said;
         if (free < sharing * least_column || rows_width() < least_column) {
-            error(fmt::format("the list must be at least {} pixels wide, to hold its columns",
-                              std::max(said + sharing * least_column, least_column) + 2 * inset +
-                                  bar_width));
+            report(object_, Field::width, context_,
+                   fmt::format("the list must be at least {} pixels wide, to hold its columns",
+                               std::max(said + sharing * least_column, least_column) + 2 * inset +
+                                   bar_width));
         }
         if (part_.columns.empty()) columns_.push_back({"", 0, rows_width(), 0, {}});
         Pixels left = 0;
@@ -218,9 +216,8 @@ void make_choice(ObjectSource &object, PartSource &part, PartContext &context) {
     const auto count = static_cast<std::int64_t>(part.rows.size());
     const std::int64_t value = measures.of(Field::value, count == 0 ? -1 : 0);
     if (value < -1 || value >= std::max<std::int64_t>(count, 1)) {
-        context.diagnostics.error(
-            object.own[Field::value] ? object.own[Field::value]->where : object.where,
-            fmt::format("`value` must be -1 or one of the {} rows, from 0", count));
+        report(object, Field::value, context,
+               fmt::format("`value` must be -1 or one of the {} rows, from 0", count));
     } else if (value >= 0 && count != 0) {
         set_label(object.own, part.rows[static_cast<std::size_t>(value)][0]);
     }
@@ -229,7 +226,8 @@ void make_choice(ObjectSource &object, PartSource &part, PartContext &context) {
     set_standard(object.own, Field::value, value);
     add_arrow(object, measures);
 
-    const Pixels rows = std::clamp<Pixels>(count, 1, most_rows_of_choice);
+    // Rows that the program supplies may be many.
+    const Pixels rows = count == 0 ? most_rows_of_choice : std::min(count, most_rows_of_choice);
     const Pixels height = rows * row_height_of(part) + 2 * inset;
     const Pixels width = std::max(measures.width(), 2 * (inset + 1) + bar_width + least_column);
     ObjectSource menu = piece(Role::drop_down, {0, 0, width, height + 2}, VEL_TYPE_MENU);

@@ -51,6 +51,14 @@ inline ObjectSource outer_piece(Role role, const Rect &rect) {
     return object;
 }
 
+// What a part cannot be; nothing where a value is wrong that was reported already.
+inline void report(const ObjectSource &object, Field field, const PartContext &context,
+                   std::string message) {
+    if (object.own.has_faults()) return;
+    const std::optional<Setting> &said = object.own[field];
+    context.diagnostics.error(said ? said->where : object.where, std::move(message));
+}
+
 // What an object with its styles and its theme comes to.
 class Measures {
 public:

@@ -35,20 +35,17 @@ Pixels share_of(Pixels length, const Measures &measures) {
     return most <= least ? 0 : length * (value - least) / (most - least);
 }
 
-void check_range(const ObjectSource &object, const Measures &measures, Diagnostics &diagnostics) {
+void check_range(const ObjectSource &object, const Measures &measures, const PartContext &context) {
     const std::int64_t least = measures.of(Field::least);
     const std::int64_t most = measures.of(Field::most, standard_most);
     const std::int64_t value = measures.of(Field::value, least);
-    const auto place = [&object](Field field) {
-        return object.own[field] ? object.own[field]->where : object.where;
-    };
     if (least >= most) {
-        diagnostics.error(place(Field::most), "`max` must be more than `min`");
+        report(object, Field::most, context, "`max` must be more than `min`");
     } else if (value < least || value > most) {
-        diagnostics.error(place(Field::value), "`value` must be from `min` to `max`");
+        report(object, Field::value, context, "`value` must be from `min` to `max`");
     }
     if (measures.of(Field::step, 1) < 1) {
-        diagnostics.error(place(Field::step), "`step` must be at least 1");
+        report(object, Field::step, context, "`step` must be at least 1");
     }
 }
 
@@ -72,7 +69,7 @@ void make_scroll_bar(ObjectSource &object, const PartSource &part, const PartCon
 
 void make_slider(ObjectSource &object, const PartContext &context) {
     const Measures measures(object, context);
-    check_range(object, measures, context.diagnostics);
+    check_range(object, measures, context);
     const bool is_vertical = measures.is_vertical();
     const Rect area = measures.inside_margins();
     const Pixels way = std::max<Pixels>(length_of(area, is_vertical) - knob_length, 0);
@@ -87,7 +84,7 @@ void make_slider(ObjectSource &object, const PartContext &context) {
 
 void make_progress(ObjectSource &object, const PartContext &context) {
     const Measures measures(object, context);
-    check_range(object, measures, context.diagnostics);
+    check_range(object, measures, context);
     const bool is_vertical = measures.is_vertical();
     const Rect area = measures.inside_margins();
     const Pixels length = length_of(area, is_vertical);

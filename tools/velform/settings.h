@@ -27,6 +27,13 @@ public:
         return settings_[static_cast<std::size_t>(f)];
     }
 
+    bool has_faults() const {
+        for (const std::optional<Setting> &setting : settings_) {
+            if (setting && setting->is_faulty) return true;
+        }
+        return false;
+    }
+
     // What the other says wins.
     void overlay(const Settings &other) {
         for (std::size_t k = 0; k < field_count; ++k) {

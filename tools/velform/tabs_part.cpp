@@ -11,7 +11,7 @@ namespace {
 
 constexpr Pixels marker_height = 3, tab_height = 28;
 constexpr Pixels page_top = marker_height + tab_height - 1; // their outlines share a line
-constexpr Pixels letter_width = 8, tab_padding = 24, least_tab = 60;
+constexpr Pixels letter_width = 8, tab_padding = 24, least_tab = 60, narrowest_tab = 16;
 
 // As wide as their titles need in most fonts, or less where all do not fit.
 std::vector<Pixels> tab_widths(const PartSource &part, Pixels room) {
@@ -47,17 +47,20 @@ void make_tabs(ObjectSource &object, PartSource &part, const PartContext &contex
         return;
     }
     if (shown < 0 || shown >= count) {
-        context.diagnostics.error(
-            object.own[Field::value] ? object.own[Field::value]->where : object.where,
-            fmt::format("`value` must be one of the {} pages, from 0", count));
+        report(object, Field::value, context,
+               fmt::format("`value` must be one of the {} pages, from 0", count));
+    }
+    if (measures.width() < count * narrowest_tab || measures.height() < page_top + tab_height) {
+        return report(object, Field::width, context,
+                      fmt::format("the tabs must be at least {} pixels wide and {} high",
+                                  count * narrowest_tab, page_top + tab_height));
     }
     set_part(object.own, PartCode::tabs);
     set_standard(object.own, Field::focus, 0);
     const std::vector<Pixels> widths = tab_widths(part, measures.width());
     std::vector<ObjectSource> tabs, pages;
     // The last line of a master is kept free of what is in what it holds.
-    const Rect page{0, page_top, std::max<Pixels>(measures.width() - 1, 0),
-                    std::max<Pixels>(measures.height() - page_top - 1, 0)};
+    const Rect page{0, page_top, measures.width() - 1, measures.height() - page_top - 1};
     Pixels left = 0;
     object.objects.push_back(piece(Role::marker, {0, 0, widths[0], marker_height}));
     for (std::size_t k = 0; k < widths.size(); ++k) {
