@@ -34,8 +34,8 @@ int report(App *app, const char *done, int64_t number, const char *what); /* ret
 /* book_list.c */
 void load_list(App *app); /* after a change on disk */
 void search_list(App *app);
-int select_card(App *app);             /* its row; returns 1 */
-int64_t selected_contact(App *app);    /* 0 = none */
+int select_card(App *app);          /* its row; returns 1 */
+int64_t selected_contact(App *app); /* 0 = none */
 
 /* card.c; these return 1 when they have done it */
 int leave_card(App *app); /* asks about unsaved input; 0 = the user stays */

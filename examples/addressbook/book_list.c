@@ -28,8 +28,8 @@ int64_t selected_contact(App *app) {
     const uint32_t row = vel_list_selected(&app->context, ADDRESSBOOK_PEOPLE, 0);
     int64_t id = 0;
     if (row != VEL_NO_ROW)
-        store_run(&app->store, store_read_number, &id,
-                  "SELECT id FROM found WHERE rowid = %u + 1", row);
+        store_run(&app->store, store_read_number, &id, "SELECT id FROM found WHERE rowid = %u + 1",
+                  row);
     return id;
 }
 

@@ -1,7 +1,7 @@
 /* Shows each part and, whenever one of them is changed, prints what all of them say. */
+#include "parts.h"
 #include <stdio.h>
 #include <velumo.h>
-#include "parts.h"
 
 enum { ROWS = 1000 };
 

@@ -86,8 +86,8 @@ TEST(Compile, leaves_the_pictures_that_are_there_and_says_which_are_missing) {
 
 TEST(Compile, embeds_the_pictures_and_on_demand_the_fonts_that_are_there) {
     const std::string label = "[[object]]\ntype = 'label'\nrect = [0, 0, 9, 9]\nfont_file = '";
-    const std::string source = "theme = 'none'\n[[object]]\ntype = 'picture'\npicture = 'p\"x'\n" + label +
-                               "f.ttf'\n" + label + "missing.ttf'\n";
+    const std::string source = "theme = 'none'\n[[object]]\ntype = 'picture'\npicture = 'p\"x'\n" +
+                               label + "f.ttf'\n" + label + "missing.ttf'\n";
     for (const bool has_fonts : {false, true}) {
         const Folder folder;
         folder.write("p\"x", "abc"), folder.write("f.ttf", "de");

@@ -14,10 +14,6 @@ constexpr Pixels bar_width = 14, picture_gap = 6;
 constexpr Pixels most_rows = 97, most_rows_of_choice = 10;
 constexpr Pixels least_column = 8;
 
-// Bits of the trait.
-constexpr std::int64_t anchor_left = 1, anchor_right = 2, anchor_top = 4, anchor_bottom = 8;
-constexpr std::int64_t across = anchor_left | anchor_right;
-
 Pixels row_height_of(const PartSource &part) {
     return part.row_height ? part.row_height->number() : standard_row_height;
 }
@@ -110,7 +106,7 @@ private:
 
     // Pieces follow the list when it is resized.
     void add(ObjectSource piece, std::int64_t anchor = across | anchor_top) {
-        set(piece.own, Field::anchor, anchor);
+        measures_.anchor(piece, anchor);
         object_.objects.push_back(std::move(piece));
     }
 
@@ -130,7 +126,7 @@ private:
             ObjectSource title = with_align(
                 piece(Role::head, {column.left, 0, column.width, row_height_}), column.align);
             set_label(title.own, column.title);
-            if (&column == &columns_.back()) set(title.own, Field::anchor, across | anchor_top);
+            if (&column == &columns_.back()) measures_.anchor(title, across | anchor_top);
             set(title.own, Field::focus, 0);
             head.objects.push_back(std::move(title));
         }
@@ -162,7 +158,7 @@ private:
             for (std::size_t c = 0; c < columns_.size(); ++c) {
                 row.objects.push_back(cell(columns_[c], cell_text(k, c)));
                 if (c + 1 == columns_.size())
-                    set(row.objects.back().own, Field::anchor, across | anchor_top);
+                    measures_.anchor(row.objects.back(), across | anchor_top);
             }
         }
         add(std::move(row));
@@ -200,6 +196,7 @@ void add_arrow(ObjectSource &object, const Measures &measures) {
     for (Pixels k = 0; 2 * k < arrow_width; ++k) {
         object.objects.push_back(
             outer_piece(Role::arrow, {left + k, top + k, arrow_width - 2 * k, 1}));
+        measures.anchor(object.objects.back(), anchor_right | anchor_top);
     }
 }
 

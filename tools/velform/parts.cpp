@@ -3,8 +3,6 @@
 namespace velform {
 namespace {
 
-constexpr std::int64_t all_edges = 15;
-
 // What is wrong with a piece is reported where its part is.
 void place_pieces(std::vector<ObjectSource> &objects, Position where) {
     for (ObjectSource &object : objects) {

@@ -27,6 +27,11 @@ inline void set_label(Settings &settings, std::string label) {
     label.resize(std::min<std::size_t>(label.size(), VEL_STRING_SIZE - 1));
     settings[Field::label] = Setting{std::move(label), {}};
 }
+// Bits of the anchors: pieces follow their part when it is resized.
+inline constexpr std::int64_t anchor_left = 1, anchor_right = 2, anchor_top = 4, anchor_bottom = 8;
+inline constexpr std::int64_t across = anchor_left | anchor_right;
+inline constexpr std::int64_t all_edges = across | anchor_top | anchor_bottom;
+
 // Only where the author says nothing.
 inline void set_standard(Settings &settings, Field field, std::int64_t value) {
     if (!settings[field]) set(settings, field, value);
@@ -78,6 +83,12 @@ public:
         const Pixels x = of(Field::margin_left), y = of(Field::margin_top);
         return {x, y, std::max<Pixels>(width() - x - of(Field::margin_right), 0),
                 std::max<Pixels>(height() - y - of(Field::margin_bottom), 0)};
+    }
+
+    // Whether the part is resized with its master, so that its pieces have to follow.
+    bool can_grow() const { return (of(Field::anchor) & (anchor_right | anchor_bottom)) != 0; }
+    void anchor(ObjectSource &piece, std::int64_t edges) const {
+        if (can_grow()) set(piece.own, Field::anchor, edges);
     }
 
 private:

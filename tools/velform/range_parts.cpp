@@ -78,6 +78,8 @@ void make_slider(ObjectSource &object, const PartContext &context) {
     set_standard(object.own, Field::focus, 1);
     set_standard(object.own, Field::value, measures.of(Field::least));
     object.objects.push_back(piece(Role::track, middle(area, is_vertical, track_thickness)));
+    measures.anchor(object.objects.back(),
+                    is_vertical ? anchor_left | anchor_top | anchor_bottom : across | anchor_top);
     const Rect knob = along(area, is_vertical, is_vertical ? way - share : share, knob_length);
     object.objects.push_back(piece(Role::knob, knob));
 }

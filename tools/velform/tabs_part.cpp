@@ -72,6 +72,7 @@ void make_tabs(ObjectSource &object, PartSource &part, const PartContext &contex
         pages.push_back(piece(Role::page, page));
         pages.back().objects = std::move(part.pages[k].objects);
         set(pages.back().own, Field::focus, 0);
+        measures.anchor(pages.back(), all_edges);
         left += widths[k] - 1;
     }
     std::ranges::move(tabs, std::back_inserter(object.objects));

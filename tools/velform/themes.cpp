@@ -57,6 +57,7 @@ public:
         options.takes_events = true;
         Stage stage(options);
         stage.load(form(), text());
+        stage.ctx().cursor_object = 0; // the focus is where a state says so
         return drawn_with_states(stage.ctx(), states);
     }
 
