@@ -337,7 +337,8 @@ private:
             table, Keys{"id"} + keys_of_lists() + keys_of_blocks() + keys_of_parts(), "an object");
         ObjectSource object;
         object.where = position_of(table);
-        object.default_type = type;
+        // Also of a kind that does not exist, whose fault is enough.
+        object.default_type = table.contains("kind") ? VEL_TYPE_LABEL : type;
         read_block(table, object);
         if (const toml::node *id = table.get("id")) {
             object.id = read_identifier(*id, "id");
