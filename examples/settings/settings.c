@@ -4,17 +4,15 @@
 #include <stdlib.h>
 #include <string.h>
 
+#include "settings.h"
 #include <velumo.h>
 
-#include "settings.h"
-
-/* SDL's own handlers are not made for a storm of signals, so these come before SDL starts. */
+/* Before SDL starts, whose own handlers are not made for a storm of signals. */
 static volatile sig_atomic_t must_end;
 static void on_signal(int number) { must_end = number; }
 static void end_when_asked(vel_context *ctx) {
     SDL_Event quit = {.type = SDL_QUIT};
-    (void)ctx;
-    if (must_end) SDL_PushEvent(&quit);
+    if (ctx != NULL && must_end) SDL_PushEvent(&quit);
 }
 
 /* The first field that is wrong; 0 for none. */
@@ -42,7 +40,7 @@ static int check(vel_context *ctx) {
 
 int main(void) {
     static vel_context ctx = {.idle_hook = end_when_asked, .open_flags = VEL_OPEN_RESIZABLE};
-    uint32_t answer;
+    uint32_t hit;
     signal(SIGTERM, on_signal);
     int32_t result = vel_open_display(&ctx, 420, 350, "Settings");
     if (result == VEL_OK) result = vel_load_forms_from_memory(&ctx, 0, 0, &SETTINGS_FORM);
@@ -51,9 +49,9 @@ int main(void) {
         return 1;
     }
     vel_draw_all_objects(&ctx, 1, 1);
-    do answer = vel_wait_for_object(&ctx);
-    while (answer != 0 && answer != SETTINGS_CANCEL && (answer != SETTINGS_SAVE || !check(&ctx)));
-    if (answer == SETTINGS_SAVE)
+    do hit = vel_wait_for_object(&ctx);
+    while (hit != 0 && hit != SETTINGS_CANCEL && (hit != SETTINGS_SAVE || !check(&ctx)));
+    if (hit == SETTINGS_SAVE)
         printf("%s, %s:%s, row %u, encrypted %u\n", ctx.objects[SETTINGS_NAME].label,
                ctx.objects[SETTINGS_SERVER].label, ctx.objects[SETTINGS_PORT].label,
                vel_list_selected(&ctx, SETTINGS_EVERY, 0), vel_get_checked(&ctx, SETTINGS_SECURE));

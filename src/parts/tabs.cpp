@@ -26,10 +26,11 @@ void hide(vel_context &ctx, u32 page) {
     o.width = 0;
 }
 
-void show(vel_context &ctx, u32 page) {
+// All pages have one width, and that of the one in sight follows when the tabs are resized.
+void show(vel_context &ctx, u32 page, u32 width_in_sight) {
     const auto found = state_of(ctx).hidden_widths.find(page);
     if (found == ctx.state->hidden_widths.end()) return;
-    object_at(ctx, page).width = found->second;
+    object_at(ctx, page).width = width_in_sight != 0 ? width_in_sight : found->second;
     ctx.state->hidden_widths.erase(found);
 }
 
@@ -51,12 +52,15 @@ u32 page_count(const vel_context &ctx, u32 tabs) {
 void show_page(vel_context &ctx, u32 tabs, u32 page) {
     const u32 count = page_count(ctx, tabs);
     if (page >= count) return;
-    own_traits(ctx, tabs).value = as_signed(page);
+    Traits &traits = own_traits(ctx, tabs);
+    const auto before = static_cast<u32>(traits.value);
+    const u32 width = before < count ? object_at(ctx, page_number(ctx, tabs, before)).width : 0;
+    traits.value = as_signed(page);
     for (u32 k = 0; k < count; ++k) {
         const u32 number = page_number(ctx, tabs, k);
         const bool holds_focus = is_below(ctx, ctx.cursor_object, number);
         if (k == page) {
-            show(ctx, number);
+            show(ctx, number, width);
         } else {
             hide(ctx, number);
             if (holds_focus) ctx.cursor_object = tab_number(ctx, tabs, page);

@@ -18,7 +18,7 @@ constexpr int hovered_parts = 72; // of white in a body, or of black in one that
 constexpr int hovered_dark_parts = 24;
 constexpr int pressed_parts = 56;   // of black
 constexpr int disabled_parts = 128; // of the body in a text
-constexpr int almost_white = 225;
+constexpr int almost_white = 225, almost_black = 30;
 constexpr i64 least_ring = 4; // pixels
 constexpr vel_colour white{255, 255, 255}, black{0, 0, 0};
 
@@ -43,7 +43,7 @@ struct Tint {
 // An object in a disabled one cannot be reached either. It is asked for each object of a picture,
 // so that only so many of its masters are looked at.
 bool is_disabled(const vel_context &ctx, u32 number) {
-    constexpr int most_masters = 1000;
+    constexpr int most_masters = 100;
     if (ctx.state == nullptr || ctx.state->traits.empty()) return false;
     if (!is_enabled(ctx, number)) return true;
     int looked_at = 0;
@@ -58,6 +58,8 @@ Tint tint_of(const vel_context &ctx, u32 number, vel_colour body) {
     const bool is_hovered = has_comfort(ctx, VEL_COMFORT_STATES) && ctx.state != nullptr &&
                             ctx.state->hovered == number;
     if (!is_hovered) return {black, 0};
+    if (ctx.state->pressed == number && brightness(body) <= almost_black)
+        return {white, hovered_dark_parts};
     if (ctx.state->pressed == number) return {black, pressed_parts};
     if (brightness(body) >= almost_white) return {black, hovered_dark_parts};
     return {white, hovered_parts};

@@ -58,6 +58,8 @@ void make_scroll_bar(ObjectSource &object, const PartSource &part, const PartCon
     const Pixels length = length_of(area, is_vertical);
     set_part(object.own, PartCode::scroll_bar);
     set_standard(object.own, Field::focus, 0);
+    // It stays where it is when it scrolls the window that it is in.
+    set_standard(object.own, Field::clip, VEL_CLIP_FRAME);
     object.scrolls = part.scrolls;
     if (!object.scrolls && !object.is_made) {
         context.diagnostics.error(part.where, "a scroll bar needs the `id` of what it scrolls, as "
