@@ -275,9 +275,9 @@ void move_endless(vel_context &ctx) {
     u32 count = 0;
     for (const auto &[number, traits] : ctx.state->traits) {
         if (traits.part != progress_part || !traits.endless) continue;
-        if (!is_drawable(object_at(ctx, number)) ||
-            !is_drawable(piece(ctx, number, bar_of_progress)))
-            continue;
+        const u32 root = root_of(ctx, number);
+        const bool is_open = is_drawable(object_at(ctx, root == 0 ? number : root));
+        if (!is_open || !is_drawable(object_at(ctx, number))) continue;
         advance(ctx, number);
         moved = number;
         ++count;
