@@ -74,8 +74,8 @@ struct vel_state {
     std::map<std::uint32_t, std::uint32_t> hidden_widths; // of pages that do not show
     std::set<std::uint32_t> borrowed_images;              // objects whose pictures the program owns
     void (*settle_parts)(vel_context &) = nullptr;        // puts bars in step before each drawing
-    std::map<std::uint32_t, velumo::Excess> excess;     // by the number of the object
-    const vel_form_data *form_data = nullptr;           // where the form was loaded from memory
+    std::map<std::uint32_t, velumo::Excess> excess;       // by the number of the object
+    const vel_form_data *form_data = nullptr;             // where the form was loaded from memory
     // What the loops do when the user resizes the display; null where its size is fixed.
     void (*follow_display)(vel_context &ctx, int width, int height) = nullptr;
     bool quit_requested = false; // the loop that ended last was ended by the user's closing
