@@ -1,7 +1,5 @@
 #include "render/paint.h"
 
-#include <cmath>
-
 #include "model/traits.h"
 #include "model/types.h"
 #include "render/borders.h"
@@ -159,8 +157,9 @@ private:
         const i64 first = std::max(-radius, limits_.y.begin - y);
         const i64 last = std::min(radius, limits_.y.end - 1 - y);
         for (i64 row = first; row <= last; ++row) {
-            const auto square = static_cast<double>(radius * radius + 1 - row * row);
-            const auto reach = static_cast<i64>(std::sqrt(square));
+            const i64 square = radius * radius + 1 - row * row;
+            i64 reach = 0; // the whole part of the root
+            while ((reach + 1) * (reach + 1) <= square) ++reach;
             const Span columns{std::max(x - reach, limits_.x.begin),
                                std::min(x + reach + 1, limits_.x.end)};
             if (columns.begin >= columns.end) continue;
