@@ -162,6 +162,7 @@ TEST(Compile, keeps_links_modes_and_pipes_and_removes_what_a_killed_run_left) {
     std::filesystem::create_symlink("/proc/self/fd/1", out);
     EXPECT_EQ(run("compile -o " + form + " " + in + " <" + source).status, 0);
     EXPECT_EQ(run("compile " + in + " <" + source).status, 2);
+    EXPECT_EQ(run("compile - -o " + form + " <" + source).status, 0);
     const std::string log = folder.write("log", "old");
     EXPECT_EQ(run("compile " + source + " -o " + out + " >>" + log).status, 0);
     EXPECT_EQ(names_in(links_only), "in out");
@@ -185,7 +186,11 @@ TEST(Command, ends_with_the_status_that_fits) {
     folder.write("faulty.toml", "x = 1\n");
     folder.write("warned.toml", "[[window]]");
     const std::tuple<std::string, int, std::string> cases[] = {
-        {"", 2, "subcommand"},
+        {"", 2, "compile"},
+        {"frobnicate", 2, "there is no command 'frobnicate'; see velform --help"},
+        {"rendr a", 2, "did you mean 'render'?"},
+        {"--version", 0, "velform 1."},
+        {"themes --version", 0, "velform 1."},
         {"compile -o @/a.toml @/a.toml", 2, "different files"},
         {"compile @/missing.toml", 3, "missing.toml: No such file"},
         {"compile @/faulty.toml", 1, "@/faulty.toml:1:1: error: "},

@@ -30,8 +30,17 @@ std::string with_suffix(const std::string &path, const char *suffix) {
 
 constexpr std::size_t largest_source = std::size_t{8} << 20; // bytes
 
+// "-" is standard input, or standard output.
+void name_streams(CompileOptions &options) {
+    if (options.source == "-") options.source = "/dev/stdin";
+    for (std::string *path : {&options.form, &options.text, &options.header, &options.embed}) {
+        if (*path == "-") *path = "/dev/stdout";
+    }
+}
+
 // Names are made from those of files only: there is no place next to a device or a pipe.
 CompileOptions with_all_paths(CompileOptions options) {
+    name_streams(options);
     if (options.form.empty()) {
         if (is_stream(options.source)) {
             throw WrongUsage("a source that is no file needs a name for the form, see --form");
@@ -127,7 +136,7 @@ Status compile(const CompileOptions &given, std::ostream &out, std::ostream &err
     }
     Diagnostics diagnostics;
     const Outputs outputs = outputs_of(options, diagnostics);
-    diagnostics.print(err, options.source);
+    diagnostics.print(err, given.source);
     if (diagnostics.has_errors()) return Status::faulty_source;
     replace_files(outputs.files);
     report_missing(options, outputs.missing, out);

@@ -15,6 +15,7 @@
 #include "files.h"
 #include "printable.h"
 #include "render.h"
+#include "suggestion.h"
 #include "themes.h"
 
 using namespace velform;
@@ -41,9 +42,16 @@ public:
         add_render();
         add_themes();
         add_fields();
+        add_version(app_);
+        for (CLI::App *command : app_.get_subcommands({})) add_version(*command);
     }
 
     Status run(int argc, char **argv) {
+        if (argc < 2) {
+            std::cerr << app_.help();
+            return Status::wrong_usage;
+        }
+        refuse_unknown_command(argv[1]);
         try {
             app_.parse(argc, argv);
         } catch (const CLI::ParseError &e) {
@@ -55,6 +63,22 @@ public:
     }
 
 private:
+    static void add_version(CLI::App &app) {
+        app.set_version_flag("--version", "velform " VELFORM_VERSION, "Print the version");
+    }
+
+    void refuse_unknown_command(const std::string &word) const {
+        if (word.starts_with('-')) return;
+        std::vector<std::string> names;
+        for (const CLI::App *command : app_.get_subcommands({})) {
+            if (command->get_name() == word) return;
+            names.push_back(command->get_name());
+        }
+        const std::vector<std::string_view> known(names.begin(), names.end());
+        throw WrongUsage("there is no command '" + word + "'" + did_you_mean(word, known) +
+                         "; see velform --help");
+    }
+
     void add_compile() {
         CLI::App *command = app_.add_subcommand(
             "compile", "Make the form description file, the text file and a C header of a source");

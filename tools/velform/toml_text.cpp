@@ -75,11 +75,59 @@ private:
     int brackets_ = 0;
 };
 
-std::string message_of(const toml::parse_error &fault) {
-    constexpr std::string_view beginning = "Error while parsing ";
+// What the parser says, in words that help: the first row whose two parts are in its message.
+struct Wording {
+    std::string_view where, what, words;
+};
+constexpr Wording wordings[] = {
+    {"string", "end-of-file",
+     "the string is not closed; its quotation marks are missing at the end"},
+    {"string", "unknown escape",
+     "there is no such escape in a string; a backslash itself is written \"\\\\\""},
+    {"inline table", "saw '\\n'",
+     "a table in braces must be on one line; close it here, or write it with [[...]]"},
+    {"inline table", "end-of-file", "the table is not closed; a '}' is missing"},
+    {"inline table", "expected", "a comma or a '}' is missing here"},
+    {"array", "end-of-file", "the list is not closed; a ']' is missing"},
+    {"array", "expected comma", "a comma or a ']' is missing before this"},
+    {"table header", "expected",
+     "the name of a table ends with ']', or with ']]' in a list of tables"},
+    {"", "cannot redefine existing", "this key has a value already; take one out"},
+    {"", "cannot add", "this key has a value already, which is of another kind"},
+    {"key-value", "expected value", "a value is missing after the '='"},
+    {"key-value", "expected '='", "a '=' is missing after the key"},
+    {"", "could not determine value type",
+     "this is no value; a string is in quotes, and a colour is a string, as in \"#ffffff\""},
+    {"integer", "expected digit", "this is no number"},
+};
+
+// A string that is not closed ends at the end of its line, where the parser sees a control
+// character.
+bool is_inside_line(std::string_view text, Position where) {
+    for (std::uint32_t line = 1; line < where.line; ++line) {
+        text.remove_prefix(std::min(text.find('\n'), text.size() - 1) + 1);
+    }
+    const std::string_view line = text.substr(0, text.find('\n'));
+    return where.column <= static_cast<std::size_t>(position_at(line, line.size()).column) - 1;
+}
+
+std::string message_of(const toml::parse_error &fault, std::string_view text) {
     const std::string_view message = fault.description();
-    if (!message.starts_with(beginning)) return std::string(message);
-    return fmt::format("in a {}", message.substr(beginning.size()));
+    if (message.find("control characters") != std::string_view::npos) {
+        return is_inside_line(text, position_of(fault.source()))
+                   ? "a control character in a string; write it as an escape, as in \"\\u0007\""
+                   : "the string is not closed; a quotation mark is missing at its end";
+    }
+    for (const Wording &wording : wordings) {
+        if (message.find(wording.where) != std::string_view::npos &&
+            message.find(wording.what) != std::string_view::npos) {
+            return std::string(wording.words);
+        }
+    }
+    constexpr std::string_view beginning = "Error while parsing ";
+    const bool has_place = message.starts_with(beginning);
+    return fmt::format("this is not as TOML wants it: {}",
+                       has_place ? message.substr(beginning.size()) : message);
 }
 
 } // namespace
@@ -94,7 +142,7 @@ std::optional<toml::table> parse_toml(std::string_view text, Diagnostics &diagno
     try {
         return toml::parse(text);
     } catch (const toml::parse_error &fault) {
-        diagnostics.error(position_of(fault.source()), message_of(fault));
+        diagnostics.error(position_of(fault.source()), message_of(fault, text));
         return std::nullopt;
     }
 }
