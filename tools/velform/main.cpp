@@ -15,6 +15,7 @@
 #include "files.h"
 #include "printable.h"
 #include "render.h"
+#include "schema.h"
 #include "suggestion.h"
 #include "themes.h"
 
@@ -42,6 +43,7 @@ public:
         add_render();
         add_themes();
         add_fields();
+        add_schema();
         add_version(app_);
         for (CLI::App *command : app_.get_subcommands({})) add_version(*command);
     }
@@ -148,6 +150,13 @@ private:
         command->add_option("--into", page_,
                             "Page whose part between the marks is to be replaced instead");
         command->callback([this] { action_ = [this] { return print_fields(page_, out_); }; });
+    }
+
+    void add_schema() {
+        CLI::App *command =
+            app_.add_subcommand("schema", "Print the JSON Schema of form sources, for editors");
+        command->callback(
+            [this] { action_ = [this] { return out_ << source_schema(), Status::done; }; });
     }
 
     std::ostream &out_;
