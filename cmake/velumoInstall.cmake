@@ -33,6 +33,11 @@ write_basic_package_version_file(
 install(TARGETS velumo EXPORT velumoTargets)
 if(VELUMO_BUILD_TOOLS)
     install(TARGETS velform EXPORT velumoTargets)
+    install(
+        FILES tools/velform/velform.bash
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions
+        RENAME velform
+    )
 endif()
 install(FILES include/velumo.h TYPE INCLUDE)
 install(EXPORT velumoTargets NAMESPACE velumo:: DESTINATION ${velumo_package_dir})
