@@ -1,7 +1,7 @@
-# velumo_add_form(target source.toml [PICTURES folder...] [EMBED [FONTS]]) compiles a form source
+# velumo_add_form(target source.toml... [PICTURES folder...] [EMBED [FONTS]]) compiles form sources
 # for a program.
 #
-# Whenever the source has changed it writes <name>.form, <name>.text and the header <name>.h with
+# Whenever a source, or what is embedded of it, has changed it writes <name>.form, <name>.text and the header <name>.h with
 # the object numbers into the folder where the program is built, and puts the header on the
 # program's include path. The folders named after PICTURES are copied to the same place first, and
 # the form tool adds the pictures of the frame buttons, so that the program can be run from there.
@@ -23,47 +23,66 @@ function(velumo_find_velform result)
     )
 endfunction()
 
-function(velumo_add_form target source)
-    cmake_parse_arguments(PARSE_ARGV 2 form "EMBED;FONTS" "" PICTURES)
+function(velumo_compile_form target source pictures options)
     velumo_find_velform(velform)
     get_filename_component(name ${source} NAME_WE)
     get_filename_component(source ${source} ABSOLUTE)
     set(base ${CMAKE_CURRENT_BINARY_DIR}/${name})
-
-    set(copies "")
-    set(pictures "")
-    foreach(folder IN LISTS form_PICTURES)
-        get_filename_component(folder ${folder} ABSOLUTE)
-        get_filename_component(folder_name ${folder} NAME)
-        file(GLOB files CONFIGURE_DEPENDS ${folder}/*)
-        list(APPEND pictures ${files})
-        list(
-            APPEND copies
-            COMMAND ${CMAKE_COMMAND} -E copy_directory ${folder}
-                ${CMAKE_CURRENT_BINARY_DIR}/${folder_name}
-        )
-    endforeach()
-
     set(data "")
-    set(embed "")
-    if(form_EMBED)
+    if(options)
         set(data ${base}_form.c)
-        set(embed --embed ${data})
+        list(PREPEND options --embed ${data})
+        list(REMOVE_ITEM options EMBED)
     endif()
-    if(form_FONTS)
-        list(APPEND embed --embed-fonts)
-    endif()
-
     add_custom_command(
         OUTPUT ${base}.form ${base}.text ${base}.h ${data}
-        ${copies}
         COMMAND
-            ${velform} compile ${source}
-            --form ${base}.form --text ${base}.text --header ${base}.h ${embed}
+            ${velform} compile ${source} --form ${base}.form --text ${base}.text
+            --header ${base}.h --depfile ${base}.d ${options}
         DEPENDS ${source} ${velform} ${pictures}
+        DEPFILE ${base}.d
         COMMENT "Compiling form ${name}"
         VERBATIM
     )
     target_sources(${target} PRIVATE ${base}.h ${data})
+endfunction()
+
+# Copies folders next to the program. Stamps tell when they have changed.
+function(velumo_copy_pictures result folders)
+    set(stamps "")
+    foreach(folder IN LISTS folders)
+        get_filename_component(folder ${folder} ABSOLUTE)
+        get_filename_component(name ${folder} NAME)
+        file(GLOB files CONFIGURE_DEPENDS ${folder}/*)
+        set(stamp ${CMAKE_CURRENT_BINARY_DIR}/${name}.copied)
+        add_custom_command(
+            OUTPUT ${stamp}
+            COMMAND
+                ${CMAKE_COMMAND} -E copy_directory ${folder} ${CMAKE_CURRENT_BINARY_DIR}/${name}
+            COMMAND ${CMAKE_COMMAND} -E touch ${stamp}
+            DEPENDS ${files}
+            VERBATIM
+        )
+        list(APPEND stamps ${stamp})
+    endforeach()
+    set(${result} ${stamps} PARENT_SCOPE)
+endfunction()
+
+function(velumo_add_form target)
+    cmake_parse_arguments(PARSE_ARGV 1 form "EMBED;FONTS" "" PICTURES)
+    if(NOT form_UNPARSED_ARGUMENTS)
+        message(FATAL_ERROR "velumo_add_form needs at least one form source")
+    endif()
+    velumo_copy_pictures(pictures "${form_PICTURES}")
+    set(options "")
+    if(form_EMBED)
+        set(options EMBED)
+        if(form_FONTS)
+            list(APPEND options --embed-fonts)
+        endif()
+    endif()
+    foreach(source IN LISTS form_UNPARSED_ARGUMENTS)
+        velumo_compile_form(${target} ${source} "${pictures}" "${options}")
+    endforeach()
     target_include_directories(${target} PRIVATE ${CMAKE_CURRENT_BINARY_DIR})
 endfunction()

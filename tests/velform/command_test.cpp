@@ -91,8 +91,9 @@ TEST(Compile, embeds_the_pictures_and_on_demand_the_fonts_that_are_there) {
     for (const bool has_fonts : {false, true}) {
         const Folder folder;
         folder.write("p\"x", "abc"), folder.write("f.ttf", "de");
-        const auto result = run("compile " + folder.write("a.toml", source) + " --embed " +
-                                folder.file("e.c") + (has_fonts ? " --embed-fonts" : ""));
+        const auto result =
+            run("compile " + folder.write("a.toml", source) + " --embed " + folder.file("e.c") +
+                " --depfile " + folder.file("e.d") + (has_fonts ? " --embed-fonts" : ""));
         EXPECT_EQ(result.status, 0) << result.output;
         const std::string code = contents(folder.file("e.c"));
         const std::string data = "A_FORM = {form, 7760, text, 0, files, ";
@@ -101,6 +102,10 @@ TEST(Compile, embeds_the_pictures_and_on_demand_the_fonts_that_are_there) {
         EXPECT_EQ(code.find("[] = {\n100,101,0};") != std::string::npos, has_fonts);
         EXPECT_NE(code.find(R"({"p\042x", file_)"), std::string::npos);
         EXPECT_EQ(code.find("missing"), std::string::npos);
+        const std::string rule = contents(folder.file("e.d"));
+        EXPECT_EQ(rule, folder.file("a.form") + ": " + folder.file("a.toml") + " " +
+                            (has_fonts ? folder.file("f.ttf") + " " : "") + folder.file("p\"x") +
+                            "\n");
         EXPECT_NE(result.output.find("missing.ttf"), std::string::npos);
     }
     const Folder folder; // one name, two meanings

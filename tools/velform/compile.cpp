@@ -60,7 +60,7 @@ CompileOptions with_all_paths(CompileOptions options) {
 // Of those that are files.
 bool name_different_files(const CompileOptions &o) {
     std::set<fs::path> paths;
-    for (const std::string &path : {o.source, o.form, o.text, o.header, o.embed}) {
+    for (const std::string &path : {o.source, o.form, o.text, o.header, o.embed, o.depfile}) {
         if (!path.empty() && !is_stream(path) && !paths.insert(fs::weakly_canonical(path)).second)
             return false;
     }
@@ -81,6 +81,31 @@ std::string prefix_of(const CompileOptions &options, const FormSource &source,
 }
 
 std::string folder_of(const std::string &path) { return fs::path(path).parent_path().string(); }
+
+// A name as make reads it.
+std::string for_make(const std::string &path) {
+    std::string name;
+    for (const char c : path) {
+        if (c == ' ' || c == '#' || c == '\\') name += '\\';
+        if (c == '$') name += '$';
+        name += c;
+    }
+    return name;
+}
+
+// A rule for make without a recipe: the form depends on the source and on what is embedded.
+std::string dependencies(const CompileOptions &options, const Form &form,
+                         const std::vector<std::string> &folders) {
+    std::string rule = for_make(options.form) + ": " + for_make(options.source);
+    std::set<std::string> read;
+    for (const NeededFile &file : needed_files(form)) {
+        const bool is_embedded = !options.embed.empty() && (!file.is_font || options.embed_fonts);
+        const std::string place = place_in(folders, file.name);
+        if (is_embedded && !place.empty()) read.insert(for_make(place));
+    }
+    for (const std::string &place : read) rule += " " + place;
+    return rule + '\n';
+}
 
 struct Outputs {
     std::vector<OutputFile> files;
@@ -106,6 +131,9 @@ Outputs outputs_of(const CompileOptions &options, Diagnostics &diagnostics) {
     if (!options.embed.empty()) {
         const auto files = files_to_embed(form, folders, options.embed_fonts);
         outputs.files.push_back({options.embed, embedded_form(form, prefix, files)});
+    }
+    if (!options.depfile.empty()) {
+        outputs.files.push_back({options.depfile, dependencies(options, form, folders)});
     }
     // Nobody knows where a form will be that goes through a pipe.
     if (is_stream(options.form)) return outputs;

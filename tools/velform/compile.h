@@ -14,6 +14,7 @@ struct CompileOptions {
     std::string prefix;             // empty: as the source says, or made from its name
     std::string embed;              // C file with all that the form needs; empty: none
     bool embed_fonts = false;
+    std::string depfile; // for make: what the outputs are made of; empty: none
 };
 
 // Prints what is wrong with the source to err, and to out which pictures and fonts are missing.

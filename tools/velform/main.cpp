@@ -93,6 +93,8 @@ private:
                             "What the names in the header begin with [the source's name]");
         CLI::Option *embed = command->add_option(
             "--embed", compile_.embed, "C file to write, with the form and its pictures as data");
+        command->add_option("--depfile", compile_.depfile,
+                            "File to write with a rule for make: what the form is made of");
         command->add_flag("--embed-fonts", compile_.embed_fonts, "Put the fonts into it as well")
             ->needs(embed);
         command->callback(

@@ -8,6 +8,7 @@
 #include <velumo.h>
 
 #include "outside.h"
+#include "second.h"
 
 int main(void) {
     static vel_context ctx;
@@ -16,6 +17,7 @@ int main(void) {
     if (vel_load_forms_from_memory(&ctx, 0, 0, &OUTSIDE_FORM) != VEL_OK) return 1;
     is_there = strcmp(ctx.objects[OUTSIDE_ANSWER].label, "Hello") == 0 &&
                ctx.objects[VEL_BUTTON_CLOSE].type == VEL_TYPE_PICTURE;
+    is_there = is_there && SECOND_FORM.form_size != 0; /* two forms at once */
     vel_close(&ctx);
     return is_there ? 0 : 2;
 }
