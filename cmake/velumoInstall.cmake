@@ -40,6 +40,9 @@ if(VELUMO_BUILD_TOOLS)
     )
 endif()
 install(FILES include/velumo.h TYPE INCLUDE)
+install(FILES docs/man/velform.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+install(FILES docs/man/velform-source.5 docs/man/velumo-form.5 DESTINATION ${CMAKE_INSTALL_MANDIR}/man5)
+install(FILES docs/man/velumo.7 DESTINATION ${CMAKE_INSTALL_MANDIR}/man7)
 install(EXPORT velumoTargets NAMESPACE velumo:: DESTINATION ${velumo_package_dir})
 install(
     FILES
