@@ -208,7 +208,7 @@ TEST(Command, ends_with_the_status_that_fits) {
         {"compile @/ -o @/b.form", 3, "Is a directory"},
         {"compile @/$(printf '\\033').toml", 3, "@/\\x1b.toml: No such"},
         {"compile @/a.toml --$(printf '\\033')", 2, "--\\x1b"},
-        {"compile @/a.toml", 0, ""},
+        {"compile @/a.toml", 0, "windows that are opened are at the top level"},
         {"render @/a.form @/a.text -o @/b.png --activate nobody", 2, "'nobody'"},
         {"render @/a.form @/a.text -o @/b.png --activate inner", 2, "'inner'"},
         {"render @/a.form @/a.text -o @/b.png --state glow=main", 2, "like focus=name"},

@@ -142,6 +142,7 @@ TEST(Warnings, say_what_will_not_show_and_let_the_form_pass) {
     const std::string window = "[[window]]\n" + area;
     const std::string chain = "[[object]]\ntype = 'chain'\n" + area;
     const std::vector<Fault> warnings{
+        {"[[object]]\ntype = 'entry'\nrect = [0, 0, 9, 9]\nmax_chars = 100", "4:13", "at most 64"},
         {label("picture = 'p'"), "4:11", "nothing for a label"},
         {dialog("x = 10"), "3:5", "`x` 11"},
         {label("border = 'frame'\nlabel = 'x'"), "4:10", "shadow"},

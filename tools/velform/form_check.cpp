@@ -32,6 +32,7 @@ public:
 
 private:
     bool is(std::uint32_t type) const { return object_.type() == type; }
+    bool is_field() const { return is(VEL_TYPE_ENTRY) || is(VEL_TYPE_NUMBER); }
     bool is_frame_button() const { return object_.number <= VEL_FRAME_BUTTONS; }
     bool is_master_a_chain() const {
         return object_.master != 0 && form_.object(object_.master).type() == VEL_TYPE_CHAIN;
@@ -77,9 +78,14 @@ private:
 
     void check_strings() {
         const std::size_t length = string(Field::label).size();
-        if ((is(VEL_TYPE_ENTRY) || is(VEL_TYPE_NUMBER)) && length > longest_entry) {
+        if (is_field() && length > longest_entry) {
             error(Field::label, fmt::format("`label` has {} characters; {} holds at most {}",
                                             length, a_type(), longest_entry));
+        }
+        if (is_field() && object_.value(Field::max_chars) > std::int64_t{longest_entry}) {
+            warn(Field::max_chars,
+                 fmt::format("{} takes at most {} characters, whatever `max_chars` says", a_type(),
+                             longest_entry));
         }
         if (object_.value(Field::font_choice) == 1 && string(Field::font_file).empty() &&
             !is_faulty(Field::font_file)) {
@@ -143,6 +149,10 @@ private:
         if (is(VEL_TYPE_LABEL) && has_frame() && !string(Field::label).empty()) {
             warn(Field::border, "a frame follows the margins, which centre the caption of a label; "
                                 "use border = \"shadow\" for an outline");
+        }
+        if (is(VEL_TYPE_WINDOW) && object_.master != 0) {
+            warn(Field::type, "a window inside an object is only a box with a text; windows that "
+                              "are opened are at the top level");
         }
         if (is(VEL_TYPE_TEXT) && object_.master == 0 && !is_frame_button()) {
             warn(Field::type, "a text at the top level is never drawn; put it into a window");
