@@ -121,4 +121,13 @@ std::uint32_t HeaderNames::object(std::string_view name) const {
     return 0;
 }
 
+std::map<std::string, std::uint32_t> HeaderNames::ids() const {
+    std::map<std::string, std::uint32_t> ids;
+    for (const auto &[name, number] : objects_) {
+        const bool is_ours = !prefix_.empty() && name.starts_with(prefix_);
+        if (is_ours) ids.emplace(lower_case(name.substr(prefix_.size())), number);
+    }
+    return ids;
+}
+
 } // namespace velform

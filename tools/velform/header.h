@@ -25,6 +25,8 @@ public:
 
     // Takes a whole name, or an id, with capitals or without. Returns 0 for unknown ones.
     std::uint32_t object(std::string_view name) const;
+    // Without the prefix, in small letters; none of a header that velform has not made.
+    std::map<std::string, std::uint32_t> ids() const;
 
 private:
     std::string prefix_;

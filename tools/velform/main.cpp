@@ -11,8 +11,10 @@
 
 #include "compile.h"
 #include "descriptor.h"
+#include "diff.h"
 #include "fields_page.h"
 #include "files.h"
+#include "list.h"
 #include "printable.h"
 #include "render.h"
 #include "schema.h"
@@ -41,6 +43,8 @@ public:
         app_.set_help_all_flag("--help-all", "Print the help of all commands");
         add_compile();
         add_render();
+        add_list();
+        add_diff();
         add_themes();
         add_fields();
         add_schema();
@@ -134,7 +138,29 @@ private:
             "--any-picture", render_.any_picture,
             "Load pictures of all formats that SDL_image knows, not only PNG, BMP and "
             "JPEG; only for files that you trust");
-        command->callback([this] { action_ = [this] { return render(render_, std::cerr); }; });
+        command->callback(
+            [this] { action_ = [this] { return render(render_, std::cerr); }; });
+    }
+
+    void add_list() {
+        CLI::App *command = app_.add_subcommand("list", "Print the objects of a form as a tree");
+        command->add_option("form", list_.form.form, "Form source or form description file")
+            ->required();
+        command->add_option("text", list_.form.text, "Text file [the form's name with .text]");
+        command->add_option("--header", list_.form.header,
+                            "C header with the names [the form's name with .h]");
+        command->add_flag("--json", list_.json, "Print JSON instead");
+        command->add_flag("--all", list_.all, "Print the frame buttons, too; JSON has them always");
+        command->callback([this] { action_ = [this] { return list(list_, out_, std::cerr); }; });
+    }
+
+    void add_diff() {
+        CLI::App *command =
+            app_.add_subcommand("diff", "Say in words what changed from one form to another");
+        command->add_option("forms", diff_.files, "Two form sources or form description files")
+            ->required();
+        command->add_flag("--git", diff_.for_git, "Take the arguments of an external diff of git");
+        command->callback([this] { action_ = [this] { return diff(diff_, out_, std::cerr); }; });
     }
 
     void add_themes() {
@@ -165,6 +191,8 @@ private:
     CLI::App app_{"Compiles forms for programs with Velumo, and draws them."};
     CompileOptions compile_;
     RenderOptions render_;
+    ListOptions list_;
+    DiffOptions diff_;
     ThemesOptions themes_;
     std::string page_;
     std::function<Status()> action_;

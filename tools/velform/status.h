@@ -6,7 +6,13 @@
 namespace velform {
 
 // The exit status of the process.
-enum class Status { done = 0, faulty_source = 1, wrong_usage = 2, file_problem = 3 };
+enum class Status {
+    done = 0,
+    faulty_source = 1,
+    differences = 1,
+    wrong_usage = 2,
+    file_problem = 3
+};
 
 // Arguments that make no sense; what() says why.
 class WrongUsage : public std::runtime_error {
