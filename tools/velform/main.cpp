@@ -124,6 +124,7 @@ private:
                          "disabled; may be repeated")
             ->expected(1)
             ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+        add_parts_of_render(*command);
         command->add_option("--header", render_.header,
                             "C header with the names [the form's name with .h]");
         command->add_option("--size", render_.size, "Size of the display")->capture_default_str();
@@ -139,7 +140,28 @@ private:
             "Load pictures of all formats that SDL_image knows, not only PNG, BMP and "
             "JPEG; only for files that you trust");
         command->callback(
-            [this] { action_ = [this] { return render(render_, std::cerr); }; });
+            [this] { action_ = [this] { return render(render_, out_, std::cerr); }; });
+    }
+
+    void add_parts_of_render(CLI::App &command) {
+        command
+            .add_option("--set", render_.texts,
+                        "Words to put into an object, as in name=Words; may be repeated")
+            ->expected(1)
+            ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+        CLI::Option *window = command.add_option("--window", render_.window,
+                                                 "Window to open and to draw without the rest");
+        CLI::Option *all = command
+                               .add_flag("--all-windows", render_.all_windows,
+                                         "Draw each window, into the output's name with -NAME")
+                               ->excludes(window);
+        command.add_flag("--outline", render_.outline,
+                         "Draw rectangles, margins, limits and names of the objects, too");
+        command
+            .add_option("--compare", render_.compare,
+                        "PNG file to compare with; differences are drawn into the output's name "
+                        "with -difference")
+            ->excludes(all);
     }
 
     void add_list() {

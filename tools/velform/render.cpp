@@ -6,14 +6,20 @@
 #include <filesystem>
 #include <optional>
 #include <span>
+#include <utility>
+
+#include <unistd.h>
 
 #include <fmt/format.h>
 #include <velumo.h>
 
 #include "files.h"
-#include "header.h"
+#include "object_finder.h"
+#include "outline.h"
+#include "picture_difference.h"
 #include "png_file.h"
 #include "printable.h"
+#include "set_text.h"
 #include "states.h"
 
 namespace velform {
@@ -81,44 +87,6 @@ void warn_of_missing_files(const vel_context &ctx, std::ostream &err) {
     }
 }
 
-// Finds objects by number, or by the names in the form's header.
-class ObjectFinder {
-public:
-    explicit ObjectFinder(const RenderOptions &options) : options_(options) {}
-
-    std::uint32_t find(const vel_context &ctx, const std::string &name) {
-        const auto number = number_in(name);
-        const std::uint32_t object = number ? *number : names().object(name);
-        if (object == 0 || object > ctx.object_count) {
-            throw WrongUsage(fmt::format("there is no object '{}'", name));
-        }
-        return object;
-    }
-
-    std::uint32_t find_window(const vel_context &ctx, const std::string &name) {
-        const std::uint32_t window = find(ctx, name);
-        if (ctx.objects[window].master != 0 || ctx.objects[window].type != VEL_TYPE_WINDOW) {
-            throw WrongUsage(fmt::format("'{}' is no window of the top level", name));
-        }
-        return window;
-    }
-
-private:
-    // A form that is drawn by numbers needs no header.
-    const HeaderNames &names() {
-        if (!names_) names_.emplace(read_file(header_path()));
-        return *names_;
-    }
-
-    std::string header_path() const {
-        if (!options_.header.empty()) return options_.header;
-        return std::filesystem::path(options_.form).replace_extension(".h").string();
-    }
-
-    const RenderOptions &options_;
-    std::optional<HeaderNames> names_;
-};
-
 // As a program would: the text that the form has for a chain flows from its head.
 void fill_chains(vel_context &ctx) {
     for (std::uint32_t number = 1; number <= ctx.object_count; ++number) {
@@ -158,31 +126,148 @@ StageOptions stage_options(const RenderOptions &options) {
             options.font_size,     options.any_picture,           !options.states.empty()};
 }
 
-std::string drawn(vel_context &ctx, const std::vector<ObjectState> &states) {
-    if (!states.empty()) return png_bytes(*drawn_with_states(ctx, states));
-    vel_draw_all_objects(&ctx, 1, 0);
-    return png_bytes(*ctx.screen);
+// How far a window's marks and frame buttons reach beyond it, and a pixel of the ground more.
+constexpr int marks_left = 12, marks_top = 26, marks_right = 2, marks_bottom = 2;
+
+// What the display shows of a window with its marks.
+Surface cropped(SDL_Surface &screen, const vel_context &ctx, std::uint32_t number) {
+    const vel_object &window = ctx.objects[number];
+    const auto within = [](std::int64_t place, int size) {
+        return static_cast<int>(std::clamp<std::int64_t>(place, 0, size));
+    };
+    const std::int64_t x = static_cast<std::int32_t>(window.x);
+    const std::int64_t y = static_cast<std::int32_t>(window.y);
+    const int left = within(x - marks_left, screen.w), top = within(y - marks_top, screen.h);
+    const int right = within(x + window.width + marks_right, screen.w);
+    const int bottom = within(y + window.height + marks_bottom, screen.h);
+    if (left == right || top == bottom)
+        throw FileProblem(fmt::format("window {} is not on the display", number));
+    Surface picture = new_surface(
+        {static_cast<std::uint32_t>(right - left), static_cast<std::uint32_t>(bottom - top)});
+    SDL_Rect part{static_cast<Sint16>(left), static_cast<Sint16>(top),
+                  static_cast<Uint16>(right - left), static_cast<Uint16>(bottom - top)};
+    SDL_BlitSurface(&screen, &part, picture.get(), nullptr);
+    return picture;
+}
+
+// Draws pictures of a form, each as if the program had just started.
+class Renderer {
+public:
+    Renderer(const RenderOptions &options, std::ostream &err)
+        : options_(options), stage_options_(stage_options(options)), finder_(header_of(options)),
+          err_(err) {}
+
+    // One window, by number or name, or with an empty one the whole display.
+    Surface draw(const std::string &window) {
+        Stage stage(stage_options_);
+        vel_context &ctx = stage.ctx();
+        const std::vector<ObjectState> states = prepare(stage);
+        const std::uint32_t number = window.empty() ? 0 : finder_.find_window(ctx, window);
+        if (number != 0) open_window(ctx, number);
+        if (!std::exchange(has_warned_, true)) warn_of_missing_files(ctx, err_);
+        Surface picture = drawn(ctx, states);
+        if (options_.outline) draw_outlines(ctx, *picture, finder_, options_.font);
+        return number == 0 ? std::move(picture) : cropped(*picture, ctx, number);
+    }
+
+    std::vector<std::uint32_t> all_windows() {
+        Stage stage(stage_options_);
+        stage.load(options_.form, options_.text);
+        std::vector<std::uint32_t> windows;
+        for (std::uint32_t object = VEL_FRAME_BUTTONS + 1; object <= stage.ctx().object_count;
+             ++object) {
+            if (is_top_level_window(stage.ctx(), object)) windows.push_back(object);
+        }
+        return windows;
+    }
+
+    std::string name_of(std::uint32_t object) { return finder_.name_of(object); }
+
+private:
+    static std::string header_of(const RenderOptions &options) {
+        if (!options.header.empty()) return options.header;
+        return std::filesystem::path(options.form).replace_extension(".h").string();
+    }
+
+    std::vector<ObjectState> prepare(Stage &stage) {
+        vel_context &ctx = stage.ctx();
+        stage.load(options_.form, options_.text);
+        for (const std::string &text : options_.texts) set_text(ctx, finder_, text);
+        fill_chains(ctx);
+        for (const std::string &name : options_.activate) {
+            open_window(ctx, finder_.find_window(ctx, name));
+        }
+        std::vector<ObjectState> states;
+        for (const std::string &text : options_.states) {
+            states.push_back(state_in(text, ctx, finder_));
+        }
+        return states;
+    }
+
+    static Surface drawn(vel_context &ctx, const std::vector<ObjectState> &states) {
+        if (!states.empty()) return drawn_with_states(ctx, states);
+        vel_draw_all_objects(&ctx, 1, 0);
+        return copy_of(*ctx.screen);
+    }
+
+    const RenderOptions &options_;
+    const StageOptions stage_options_;
+    ObjectFinder finder_;
+    std::ostream &err_;
+    bool has_warned_ = false;
+};
+
+// As in "notes-letter.png" for "notes.png".
+std::string with_part(const std::string &path, const std::string &part) {
+    const std::filesystem::path file(path);
+    const std::string name =
+        fmt::format("{}-{}{}", file.stem().string(), part, file.extension().string());
+    return (file.parent_path() / name).string();
+}
+
+// Shows on a terminal how far it has come.
+Status render_all_windows(Renderer &renderer, const RenderOptions &options, std::ostream &err) {
+    const std::vector<std::uint32_t> windows = renderer.all_windows();
+    if (windows.empty()) throw FileProblem(fmt::format("{} has no windows", options.form));
+    const bool is_watched = isatty(STDERR_FILENO) != 0;
+    std::vector<OutputFile> files;
+    for (const std::uint32_t window : windows) {
+        const std::string name = renderer.name_of(window);
+        if (is_watched) {
+            err << fmt::format("\r\x1b[K{} of {}: {}", files.size() + 1, windows.size(), name)
+                << std::flush;
+        }
+        files.push_back({with_part(options.output, name),
+                         png_bytes(*renderer.draw(fmt::format("{}", window)))});
+    }
+    if (is_watched) err << "\r\x1b[K";
+    replace_files(files);
+    return Status::done;
+}
+
+Status compare(SDL_Surface &picture, const RenderOptions &options, std::ostream &out) {
+    const Surface other = read_png(options.compare); // before the output takes its place
+    std::vector<OutputFile> files{{options.output, png_bytes(picture)}};
+    const auto [pixels, difference] = difference_of(picture, *other);
+    out << fmt::format("{} pixel{} from {}\n", pixels, pixels == 1 ? " differs" : "s differ",
+                       printable(options.compare));
+    if (pixels != 0) {
+        files.push_back({with_part(options.output, "difference"), png_bytes(*difference)});
+    }
+    replace_files(files);
+    return pixels == 0 ? Status::done : Status::differences;
 }
 
 } // namespace
 
-Status render(const RenderOptions &options, std::ostream &err) {
+Status render(const RenderOptions &options, std::ostream &out, std::ostream &err) {
     if (!options.directory.empty()) std::filesystem::current_path(options.directory);
-    Stage stage(stage_options(options));
-    vel_context &ctx = stage.ctx();
-    stage.load(options.form, options.text);
-    fill_chains(ctx);
-    ObjectFinder finder(options);
-    for (const std::string &name : options.activate) {
-        open_window(ctx, finder.find_window(ctx, name));
-    }
-    std::vector<ObjectState> states;
-    for (const std::string &text : options.states) {
-        states.push_back(state_in(text, ctx, finder));
-    }
-    warn_of_missing_files(ctx, err);
-    const OutputFile picture{options.output, drawn(ctx, states)};
-    replace_files({&picture, 1});
+    Renderer renderer(options, err);
+    if (options.all_windows) return render_all_windows(renderer, options, err);
+    const Surface picture = renderer.draw(options.window);
+    if (!options.compare.empty()) return compare(*picture, options, out);
+    const OutputFile file{options.output, png_bytes(*picture)};
+    replace_files({&file, 1});
     return Status::done;
 }
 
