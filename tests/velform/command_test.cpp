@@ -204,7 +204,7 @@ TEST(Command, ends_with_the_status_that_fits) {
         {"fields --into @/faulty.toml", 3, "marks"},
         {"fields >/dev/full", 3, "standard output: No space left"},
         {"fields >&-", 3, "standard output"},
-        {"compile /dev/zero -o @/zero.form", 3, "/dev/zero: it is larger than 8 MiB"},
+        {"compile /dev/zero -o @/zero.form", 3, "/dev/zero: it is larger than 256 MiB"},
         {"compile @/ -o @/b.form", 3, "Is a directory"},
         {"compile @/$(printf '\\033').toml", 3, "@/\\x1b.toml: No such"},
         {"compile @/a.toml --$(printf '\\033')", 2, "--\\x1b"},

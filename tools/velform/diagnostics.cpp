@@ -45,6 +45,14 @@ bool Diagnostics::has_errors() const {
                                [](const Entry &e) { return e.severity == Severity::error; });
 }
 
+std::vector<Position> Diagnostics::places_of_errors() const {
+    std::vector<Position> places;
+    for (const Entry &entry : entries_) {
+        if (entry.severity == Severity::error) places.push_back(entry.where);
+    }
+    return places;
+}
+
 std::vector<Diagnostics::Entry> Diagnostics::sorted() const {
     std::vector<Entry> entries = entries_;
     std::ranges::stable_sort(entries, {}, &Entry::where);

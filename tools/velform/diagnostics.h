@@ -21,6 +21,8 @@ public:
     void error(Position where, std::string message);
     void warning(Position where, std::string message);
     bool has_errors() const;
+    // Of the errors, not counting those that are only counted.
+    std::vector<Position> places_of_errors() const;
 
     // Prints one line each, once, in the order of the source: "file:line:column: error: message";
     // of errors and of warnings only the first hundred, and how many more there are. Words of the

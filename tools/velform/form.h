@@ -29,6 +29,7 @@ struct FormObject {
 struct Form {
     std::vector<FormObject> objects; // object 1 comes first
     std::vector<std::string> texts;  // text 1 comes first
+    RawForm raw;
 
     const FormObject &object(std::uint32_t number) const { return objects[number - 1]; }
 };

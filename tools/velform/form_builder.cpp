@@ -2,11 +2,12 @@
 
 #include <algorithm>
 #include <map>
+#include <ranges>
 #include <unordered_map>
 
 #include <fmt/format.h>
 
-#include "parts.h"
+#include "pieces.h"
 #include "styles.h"
 #include "suggestion.h"
 #include "traits.h"
@@ -71,7 +72,10 @@ public:
             link_scroll_bar(object);
             number_group(object);
         }
-        add_traits();
+        if (source_.raw.writes_traits) add_traits();
+        add_raw_texts();
+        refuse_raw_texts_beyond();
+        form_.raw = source_.raw;
         return std::move(form_);
     }
 
@@ -190,16 +194,43 @@ private:
 
     void add_text(FormObject &object) {
         const std::optional<Setting> &text = object.settings[Field::text];
-        if (!object.source->rows.empty()) {
-            form_.texts.push_back(object.source->rows);
-            object.text = static_cast<std::uint32_t>(form_.texts.size());
+        if (object.source->raw.text) {
+            object.text = *object.source->raw.text;
+        } else if (!object.source->rows.empty()) {
+            object.text = new_text(object.source->rows);
         } else if (takes_text(form_, object)) {
-            form_.texts.push_back(text ? text->string() : std::string{});
-            object.text = static_cast<std::uint32_t>(form_.texts.size());
+            object.text = new_text(text ? text->string() : std::string{});
             object.text_length = static_cast<std::uint32_t>(form_.texts.back().size());
         } else if (means_something(record_field(Field::label), object.type())) {
             const std::string &label = object.settings[Field::label]->string();
             object.text_length = static_cast<std::uint32_t>(label.size());
+        }
+    }
+
+    // Returns its number, the first that no raw text has.
+    std::uint32_t new_text(const std::string &text) {
+        add_raw_texts();
+        form_.texts.push_back(text);
+        return static_cast<std::uint32_t>(form_.texts.size());
+    }
+
+    // Those whose turn it is.
+    void add_raw_texts() {
+        const auto &texts = source_.raw.texts;
+        const auto next = [&] {
+            return texts.find(static_cast<std::uint32_t>(form_.texts.size() + 1));
+        };
+        for (auto at = next(); at != texts.end() && at->second.text; at = next()) {
+            form_.texts.push_back(*at->second.text);
+        }
+    }
+
+    void refuse_raw_texts_beyond() {
+        for (const auto &[number, text] : source_.raw.texts) {
+            if (number <= form_.texts.size()) continue;
+            diagnostics_.error(text.where, fmt::format("the form has {} texts, so there can be no "
+                                                       "text {}",
+                                                       form_.texts.size(), number));
         }
     }
 
@@ -222,8 +253,8 @@ private:
                                "first frame button, which must be a label or a picture for it");
             return;
         }
-        first.text = static_cast<std::uint32_t>(form_.texts.size() + 1);
-        form_.texts.insert(form_.texts.end(), texts.begin(), texts.end());
+        first.text = new_text(texts.front());
+        for (const std::string &text : texts | std::views::drop(1)) new_text(text);
         if (form_.texts.size() > most_records) {
             diagnostics_.error({}, fmt::format("a form holds at most {} texts, with those for what "
                                                "it says of keys and answers; take some out",
@@ -266,7 +297,11 @@ private:
             const std::optional<Setting> &tip = object.settings[Field::tip];
             return tip && !tip->string().empty();
         });
-        if (!has_tips) return;
+        const bool has_label = std::ranges::any_of(form_.objects, [](const FormObject &object) {
+            const std::optional<Setting> &part = object.settings[Field::part];
+            return part && part->number() == static_cast<std::int64_t>(PartCode::tip_label);
+        });
+        if (!has_tips || has_label) return;
         const ObjectSource &label = source_.tip_label;
         add(label, 0, label.own, label.role);
         if (form_.objects.size() <= most_records) return;

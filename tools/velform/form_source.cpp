@@ -9,6 +9,7 @@
 #include "identifier.h"
 #include "part_reader.h"
 #include "parts.h"
+#include "raw_reader.h"
 #include "suggestion.h"
 #include "toml_text.h"
 
@@ -25,6 +26,7 @@ struct ListKey {
 constexpr std::size_t most_styles = 10000;
 constexpr std::size_t most_hints = 1000; // beyond these, hints would only take time
 constexpr std::string_view file_dialog_key = "file_dialog";
+constexpr std::string_view raw_key = "raw";
 
 constexpr ListKey list_keys[] = {
     {"object", {}}, {"objects", {}}, {"window", VEL_TYPE_WINDOW}, {"windows", VEL_TYPE_WINDOW}};
@@ -77,7 +79,7 @@ public:
     FormSource read(const toml::table &root) {
         FormSource source;
         refuse_unknown_keys(
-            root, Keys{"prefix", "theme", "styles", "frame", file_dialog_key} + keys_of_lists(),
+            root, Keys{"prefix", "theme", "styles", "frame", raw_key, file_dialog_key} + keys_of_lists(),
             "a form");
         if (const toml::node *theme = root.get("theme")) source.theme = read_theme(*theme);
         theme_ = source.theme;
@@ -87,6 +89,9 @@ public:
         }
         if (const toml::table *styles = table_in(root, "styles")) read_styles(*styles, source);
         if (const toml::table *frame = table_in(root, "frame")) read_frame(*frame, source);
+        if (const toml::node *raw = root.get(raw_key)) {
+            source.raw = read_raw_form(*raw, diagnostics_);
+        }
         // What is wrong with styles is reported when all objects are built.
         Diagnostics unused;
         styles_.emplace(source, unused);
@@ -185,9 +190,10 @@ private:
         for (std::size_t k = 0; k < buttons.size(); ++k) {
             const toml::table *table = table_in(frame, buttons[k]);
             if (table == nullptr) continue;
-            refuse_unknown_keys(*table, keys_of_blocks(), "a frame button");
+            refuse_unknown_keys(*table, Keys{raw_key} + keys_of_blocks(), "a frame button");
             source.frame_buttons[k].where = position_of(*table);
             read_block(*table, source.frame_buttons[k]);
+            read_raw(*table, source.frame_buttons[k]);
         }
     }
 
@@ -217,6 +223,11 @@ private:
         if (const toml::node *style = table.get("style")) {
             read_style_uses("style", *style, block.styles);
         }
+    }
+
+    void read_raw(const toml::table &table, ObjectSource &object) {
+        const toml::node *raw = table.get(raw_key);
+        if (raw != nullptr) read_raw_object(*raw, object, diagnostics_);
     }
 
     void read_style_uses(std::string_view key, const toml::node &node,
@@ -334,12 +345,13 @@ private:
 
     ObjectSource read_object(const toml::table &table, std::optional<std::uint32_t> type) {
         refuse_unknown_keys(
-            table, Keys{"id"} + keys_of_lists() + keys_of_blocks() + keys_of_parts(), "an object");
+            table, Keys{"id", raw_key} + keys_of_lists() + keys_of_blocks() + keys_of_parts(), "an object");
         ObjectSource object;
         object.where = position_of(table);
         // Also of a kind that does not exist, whose fault is enough.
         object.default_type = table.contains("kind") ? VEL_TYPE_LABEL : type;
         read_block(table, object);
+        read_raw(table, object);
         if (const toml::node *id = table.get("id")) {
             object.id = read_identifier(*id, "id");
             object.id_where = position_of(*id);

@@ -11,6 +11,7 @@
 #include <velumo.h>
 
 #include "looks.h"
+#include "raw.h"
 #include "settings.h"
 
 namespace velform {
@@ -32,6 +33,7 @@ struct ObjectSource : Block {
     Position id_where;
     std::optional<std::uint32_t> default_type;
     std::vector<ObjectSource> objects;
+    RawObject raw;
 
     // Of parts and their pieces.
     Role role = Role::by_type;
@@ -63,6 +65,7 @@ struct FormSource {
     std::array<ObjectSource, VEL_FRAME_BUTTONS> frame_buttons;
     std::vector<ObjectSource> objects;
     ObjectSource tip_label; // for forms that have tips
+    RawForm raw;
 };
 
 // Names of the frame buttons, from button 1 on.

@@ -130,4 +130,14 @@ std::map<std::string, std::uint32_t> HeaderNames::ids() const {
     return ids;
 }
 
+std::map<std::uint32_t, std::string> HeaderNames::ids_by_number() const {
+    std::map<std::uint32_t, std::string> ids;
+    for (const auto &[name, number] : objects_) {
+        if (!name.starts_with(prefix_)) continue;
+        const std::string id = lower_case(std::string_view(name).substr(prefix_.size()));
+        if (is_identifier(id)) ids.try_emplace(number, id);
+    }
+    return ids;
+}
+
 } // namespace velform

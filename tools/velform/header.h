@@ -28,6 +28,10 @@ public:
     // Without the prefix, in small letters; none of a header that velform has not made.
     std::map<std::string, std::uint32_t> ids() const;
 
+    // Ids by number, and what comes before them in the header, as "NOTES".
+    std::map<std::uint32_t, std::string> ids_by_number() const;
+    std::string_view prefix() const { return std::string_view(prefix_).substr(0, prefix_.size() - (prefix_.empty() ? 0 : 1)); }
+
 private:
     std::string prefix_;
     std::map<std::string, std::uint32_t> objects_;

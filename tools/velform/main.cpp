@@ -10,6 +10,7 @@
 #include <fcntl.h>
 
 #include "compile.h"
+#include "decompile.h"
 #include "descriptor.h"
 #include "diff.h"
 #include "fields_page.h"
@@ -42,6 +43,7 @@ public:
         app_.require_subcommand(1);
         app_.set_help_all_flag("--help-all", "Print the help of all commands");
         add_compile();
+        add_decompile();
         add_render();
         add_list();
         add_diff();
@@ -103,6 +105,19 @@ private:
             ->needs(embed);
         command->callback(
             [this] { action_ = [this] { return compile(compile_, out_, std::cerr); }; });
+    }
+
+    void add_decompile() {
+        CLI::App *command = app_.add_subcommand(
+            "decompile", "Make a source of a form, from which compile makes the same files again");
+        command->add_option("form", decompile_.form, "Form description file")->required();
+        command->add_option("text", decompile_.text,
+                            "Text file [the form's name with .text, if it is there]");
+        command->add_option("--header", decompile_.header,
+                            "C header with the names [the form's name with .h, if it is there]");
+        command->add_option("-o,--output", decompile_.output,
+                            "Source to write [standard output]");
+        command->callback([this] { action_ = [this] { return decompile(decompile_, out_); }; });
     }
 
     void add_render() {
@@ -212,6 +227,7 @@ private:
     std::ostream &out_;
     CLI::App app_{"Compiles forms for programs with Velumo, and draws them."};
     CompileOptions compile_;
+    DecompileOptions decompile_;
     RenderOptions render_;
     ListOptions list_;
     DiffOptions diff_;

@@ -66,6 +66,10 @@ void put_field(std::string &record, const RecordField &row, const FormObject &ob
     }
 }
 
+void put_patches(std::string &record, const Patches &patches) {
+    for (const Patch &patch : patches) put_string(record, patch.offset, patch.bytes);
+}
+
 } // namespace
 
 std::string form_file_bytes(const Form &form) {
@@ -74,19 +78,23 @@ std::string form_file_bytes(const Form &form) {
     for (const FormObject &object : form.objects) {
         std::string record(sizeof(vel_object_file_rec), '\0');
         for (const RecordField &row : record_table()) put_field(record, row, object);
+        put_patches(record, object.source->raw.patches);
         bytes += record;
     }
-    return bytes;
+    if (form.raw.records) bytes.resize(sizeof(vel_object_file_rec) * *form.raw.records);
+    return bytes + form.raw.form_tail;
 }
 
 std::string text_file_bytes(const Form &form) {
     std::string bytes;
-    for (const std::string &text : form.texts) {
+    for (std::uint32_t number = 1; number <= form.texts.size(); ++number) {
         std::string record(sizeof(vel_text_rec), '\0');
-        put_string(record, offsetof(vel_text_rec, text), text);
+        put_string(record, offsetof(vel_text_rec, text), form.texts[number - 1]);
+        const auto raw = form.raw.texts.find(number);
+        if (raw != form.raw.texts.end()) put_patches(record, raw->second.patches);
         bytes += record;
     }
-    return bytes;
+    return bytes + form.raw.text_tail;
 }
 
 } // namespace velform

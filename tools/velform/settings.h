@@ -12,7 +12,8 @@
 namespace velform {
 
 struct Setting {
-    std::variant<std::int64_t, std::string> value;
+    using Value = std::variant<std::int64_t, std::string>;
+    Value value;
     Position where;
     bool is_faulty = false; // was reported; the value is in place of the wrong one
 

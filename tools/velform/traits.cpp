@@ -5,9 +5,6 @@
 namespace velform {
 namespace {
 
-#define SIGNATURE(line) constexpr std::string_view signature = line;
-#include "model/traits.inc"
-
 bool is_said(const FormObject &object, Field field) {
     return object.settings[field].has_value() &&
            means_something(record_field(field), object.type());
@@ -28,14 +25,6 @@ bool is_button(const Form &form, const FormObject &object) {
     const bool has_edge = border == VEL_BORDER_FRAME || border == VEL_BORDER_SHADOW;
     return (has_edge || !access_key(object).empty()) && object.dependents.empty() &&
            object.menu == 0 && object.number > VEL_FRAME_BUTTONS && !is_in_menu(form, object);
-}
-
-vel_answer answer_of(const Form &form, const FormObject &object) {
-    if (is_set(object, Field::default_answer)) return VEL_ANSWER_DEFAULT;
-    if (is_set(object, Field::cancel_answer)) return VEL_ANSWER_CANCEL;
-    const bool has_focus =
-        is_said(object, Field::focus) ? is_set(object, Field::focus) : is_button(form, object);
-    return has_focus ? VEL_ANSWER_PLAIN : VEL_ANSWER_NONE;
 }
 
 // As in " cancel key=s"; empty when there is nothing to say.
@@ -66,6 +55,14 @@ bool is_set(const FormObject &object, Field flag) {
     return is_said(object, flag) && object.value(flag) != 0;
 }
 
+vel_answer answer_of(const Form &form, const FormObject &object) {
+    if (is_set(object, Field::default_answer)) return VEL_ANSWER_DEFAULT;
+    if (is_set(object, Field::cancel_answer)) return VEL_ANSWER_CANCEL;
+    const bool has_focus =
+        is_said(object, Field::focus) ? is_set(object, Field::focus) : is_button(form, object);
+    return has_focus ? VEL_ANSWER_PLAIN : VEL_ANSWER_NONE;
+}
+
 std::string access_key(const FormObject &object) {
     return is_said(object, Field::access_key) ? object.settings[Field::access_key]->string() : "";
 }
@@ -78,7 +75,7 @@ std::vector<std::string> trait_texts(const Form &form) {
         const std::string line = fmt::format("\n{}{}", object.number, words);
         const bool has_room =
             !texts.empty() && texts.back().size() + line.size() < std::size_t{VEL_TEXT_SIZE};
-        if (!has_room) texts.emplace_back(signature);
+        if (!has_room) texts.emplace_back(trait_signature);
         texts.back() += line;
     }
     return texts;

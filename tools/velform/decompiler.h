@@ -1,0 +1,32 @@
+// From the bytes of a form to what a source would say of them. For decompile.
+#pragma once
+
+#include <memory>
+#include <optional>
+
+#include "form_source.h"
+#include "record_bytes.h"
+
+namespace velform {
+
+// What a header says of a form; without one, ids are made up.
+struct KnownNames {
+    std::string prefix;
+    std::map<std::uint32_t, std::string> ids;
+    bool are_given = false;
+};
+
+struct DecompileChoice {
+    const Theme *theme;
+    bool has_traits; // else their texts are texts like any others
+    bool is_plain;   // all bytes are raw; for forms that a source cannot describe otherwise
+};
+
+// Returns nothing if the choice does not lead to the bytes.
+std::optional<FormSource> decompiled(const FormBytes &bytes, const KnownNames &names,
+                                     const DecompileChoice &choice);
+
+// Whether the form says something in the texts of its traits.
+bool has_trait_texts(const FormBytes &bytes);
+
+} // namespace velform
