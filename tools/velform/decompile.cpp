@@ -60,7 +60,8 @@ KnownNames names_in(const std::string &header) {
     if (header.empty()) return {};
     const HeaderNames names(read_file(header));
     const bool is_prefix = is_identifier(names.prefix()) && names.prefix() != "VEL";
-    return {lower_case(is_prefix ? names.prefix() : ""), names.ids_by_number(), !names.ids_by_number().empty()};
+    return {lower_case(is_prefix ? names.prefix() : ""), names.ids_by_number(),
+            !names.ids_by_number().empty()};
 }
 
 } // namespace
@@ -78,7 +79,8 @@ std::string source_for(const FormBytes &bytes, const KnownNames &names) {
 
 Status decompile(const DecompileOptions &options, std::ostream &out) {
     const std::string text = options.text.empty() ? next_to(options.form, ".text") : options.text;
-    const std::string header = options.header.empty() ? next_to(options.form, ".h") : options.header;
+    const std::string header =
+        options.header.empty() ? next_to(options.form, ".h") : options.header;
     const FormBytes bytes{read_file(options.form), text.empty() ? "" : read_file(text)};
     const std::string source = source_for(bytes, names_in(header));
     if (options.output.empty()) {

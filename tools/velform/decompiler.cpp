@@ -316,8 +316,8 @@ private:
         const auto found = traits_.find(object.number);
         const Settings wanted = found == traits_.end() ? Settings{} : found->second;
         const bool is_answer = answer_of(form, object) != VEL_ANSWER_NONE;
-        const bool is_wanted = wanted[Field::focus] || wanted[Field::default_answer] ||
-                               wanted[Field::cancel_answer];
+        const bool is_wanted =
+            wanted[Field::focus] || wanted[Field::default_answer] || wanted[Field::cancel_answer];
         if (is_answer != is_wanted && !objects_[object.number]->own[Field::focus] &&
             means_something(record_field(Field::focus), object.type())) {
             change(object, Field::focus, std::int64_t{is_wanted ? 1 : 0});
@@ -356,7 +356,8 @@ private:
 
     void compare_number(const Form &form, const FormObject &object, const RecordField &row,
                         std::uint32_t word) {
-        if (row.field == Field::type || static_cast<std::uint32_t>(object.value(row.field)) == word) {
+        if (row.field == Field::type ||
+            static_cast<std::uint32_t>(object.value(row.field)) == word) {
             return;
         }
         std::int64_t value = static_cast<std::int32_t>(word);
@@ -461,7 +462,8 @@ private:
         constexpr std::uint32_t shortest_gap = 5;
         std::uint32_t first = 0, last = 0; // none while they are the same
         const auto add = [&] {
-            if (last > first) patches.push_back({first, std::string(wanted.substr(first, last - first))});
+            if (last > first)
+                patches.push_back({first, std::string(wanted.substr(first, last - first))});
         };
         for (std::uint32_t at = offset; at < offset + size; ++at) {
             if (made[at] == wanted[at]) continue;
@@ -495,8 +497,8 @@ private:
     const DecompileChoice choice_;
     MadeUpIds made_up_{names_.ids};
     FormSource source_;
-    std::vector<ObjectSource *> objects_;   // object 1 is at 1
-    std::vector<std::uint32_t> masters_;    // in the source, by number
+    std::vector<ObjectSource *> objects_;                // object 1 is at 1
+    std::vector<std::uint32_t> masters_;                 // in the source, by number
     std::map<std::uint32_t, std::uint32_t> owned_texts_; // by number of the object
     std::map<std::uint32_t, Settings> traits_;
     std::uint32_t first_trait_ = 0, last_trait_ = 0; // texts; the last is not one of them

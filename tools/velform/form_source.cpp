@@ -78,9 +78,10 @@ public:
 
     FormSource read(const toml::table &root) {
         FormSource source;
-        refuse_unknown_keys(
-            root, Keys{"prefix", "theme", "styles", "frame", raw_key, file_dialog_key} + keys_of_lists(),
-            "a form");
+        refuse_unknown_keys(root,
+                            Keys{"prefix", "theme", "styles", "frame", raw_key, file_dialog_key} +
+                                keys_of_lists(),
+                            "a form");
         if (const toml::node *theme = root.get("theme")) source.theme = read_theme(*theme);
         theme_ = source.theme;
         if (const toml::node *prefix = root.get("prefix")) {
@@ -345,7 +346,8 @@ private:
 
     ObjectSource read_object(const toml::table &table, std::optional<std::uint32_t> type) {
         refuse_unknown_keys(
-            table, Keys{"id", raw_key} + keys_of_lists() + keys_of_blocks() + keys_of_parts(), "an object");
+            table, Keys{"id", raw_key} + keys_of_lists() + keys_of_blocks() + keys_of_parts(),
+            "an object");
         ObjectSource object;
         object.where = position_of(table);
         // Also of a kind that does not exist, whose fault is enough.

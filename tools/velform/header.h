@@ -30,7 +30,9 @@ public:
 
     // Ids by number, and what comes before them in the header, as "NOTES".
     std::map<std::uint32_t, std::string> ids_by_number() const;
-    std::string_view prefix() const { return std::string_view(prefix_).substr(0, prefix_.size() - (prefix_.empty() ? 0 : 1)); }
+    std::string_view prefix() const {
+        return std::string_view(prefix_).substr(0, prefix_.size() - (prefix_.empty() ? 0 : 1));
+    }
 
 private:
     std::string prefix_;

@@ -34,9 +34,8 @@ std::string MadeUpIds::id_for(std::string_view record, std::string_view text) {
     const RecordField &label = record_field(Field::label);
     const std::uint32_t type = number_at(record, record_field(Field::type).offset);
     const std::string name = type_name(type).empty() ? "object" : std::string(type_name(type));
-    const std::string words = words_of(means_something(label, type)
-                                           ? string_at(record, label.offset, label.size)
-                                           : text);
+    const std::string words =
+        words_of(means_something(label, type) ? string_at(record, label.offset, label.size) : text);
     // The header would take "..._text" for the text of another object.
     const std::string stem = words.empty() || words.ends_with("text") ? name : name + "_" + words;
     std::string id = stem;

@@ -115,8 +115,7 @@ private:
                             "Text file [the form's name with .text, if it is there]");
         command->add_option("--header", decompile_.header,
                             "C header with the names [the form's name with .h, if it is there]");
-        command->add_option("-o,--output", decompile_.output,
-                            "Source to write [standard output]");
+        command->add_option("-o,--output", decompile_.output, "Source to write [standard output]");
         command->callback([this] { action_ = [this] { return decompile(decompile_, out_); }; });
     }
 

@@ -1,5 +1,5 @@
-// What a form source says in bytes and bare numbers, because it has no other words for it: its `raw`
-// tables.
+// What a form source says in bytes and bare numbers, because it has no other words for it: its
+// `raw` tables.
 #pragma once
 
 #include <cstdint>
@@ -34,7 +34,7 @@ struct RawText {
 
 struct RawForm {
     bool writes_traits = true;
-    std::optional<std::uint32_t> records; // how many there are, when not even the frame buttons
+    std::optional<std::uint32_t> records;   // how many there are, when not even the frame buttons
     std::map<std::uint32_t, RawText> texts; // by number
     std::string form_tail, text_tail;       // after the last whole record
 

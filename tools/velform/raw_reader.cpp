@@ -1,5 +1,6 @@
 #include "raw_reader.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstddef>
 #include <limits>
@@ -61,8 +62,10 @@ public:
         RawForm form;
         for (const auto &[key, node] : table) {
             if (key.str() == "traits") {
-                if (const auto *flag = node.as_boolean()) form.writes_traits = flag->get();
-                else refuse(node, "`traits` must be true or false");
+                if (const auto *flag = node.as_boolean())
+                    form.writes_traits = flag->get();
+                else
+                    refuse(node, "`traits` must be true or false");
             } else if (key.str() == "records") {
                 form.records =
                     static_cast<std::uint32_t>(number_in(key, node, {0, VEL_FRAME_BUTTONS}));
@@ -134,8 +137,8 @@ private:
         const RecordField &row = record_field(Field::dependents);
         Patch patch{row.offset, {}};
         for (const toml::node &entry : *list) {
-            patch.bytes += bytes_of_number(
-                static_cast<std::uint32_t>(number_in(key, entry, any_word)));
+            patch.bytes +=
+                bytes_of_number(static_cast<std::uint32_t>(number_in(key, entry, any_word)));
         }
         patch.bytes.resize(row.size);
         patches.push_back(std::move(patch));
@@ -158,7 +161,8 @@ private:
         }
         std::string bytes = bytes_in(key, node);
         if (offset > shape.size || bytes.size() > shape.size - offset) {
-            refuse(node, fmt::format("the bytes reach beyond the record, which has {}", shape.size));
+            refuse(node,
+                   fmt::format("the bytes reach beyond the record, which has {}", shape.size));
             return;
         }
         patches.push_back({offset, std::move(bytes)});

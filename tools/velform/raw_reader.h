@@ -1,5 +1,5 @@
-// Reads the `raw` tables of a form source, and gives the names that they use. For reading and writing
-// sources.
+// Reads the `raw` tables of a form source, and gives the names that they use. For reading and
+// writing sources.
 #pragma once
 
 #include <span>

@@ -13,6 +13,7 @@
 #include "header.h"
 #include "identifier.h"
 #include "printable.h"
+#include "record_bytes.h"
 #include "records.h"
 #include "toml_text.h"
 
@@ -119,20 +120,6 @@ std::string companion(const std::string &form, const char *suffix) {
 }
 
 } // namespace
-
-std::string utf8_of(std::string_view latin1) {
-    std::string utf8;
-    for (const char c : latin1) {
-        const auto byte = static_cast<std::uint8_t>(c);
-        if (byte < 0x80) {
-            utf8 += c;
-        } else {
-            utf8 += static_cast<char>(0xC0 | byte >> 6);
-            utf8 += static_cast<char>(0x80 | (byte & 0x3F));
-        }
-    }
-    return utf8;
-}
 
 std::string in_quotes(std::string_view utf8) {
     std::string escaped;

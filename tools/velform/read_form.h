@@ -88,6 +88,4 @@ private:
 
 // In UTF-8, without control characters: as in "a \"word\"\n".
 std::string in_quotes(std::string_view utf8);
-std::string utf8_of(std::string_view latin1);
-
 } // namespace velform

@@ -27,7 +27,8 @@ RecordList::RecordList(std::string_view bytes, std::size_t size) {
 
 std::uint32_t number_at(std::string_view bytes, std::size_t offset) {
     std::uint32_t number = 0;
-    for (std::size_t k = 4; k-- > 0;) number = number << 8 | static_cast<std::uint8_t>(bytes[offset + k]);
+    for (std::size_t k = 4; k-- > 0;)
+        number = number << 8 | static_cast<std::uint8_t>(bytes[offset + k]);
     return number;
 }
 
@@ -62,13 +63,17 @@ std::string utf8_of(std::string_view latin1) {
 }
 
 bool is_readable_path(std::string_view path) {
-    if (path.empty() || std::ranges::any_of(path, [](char c) { return c == 0x7F || (c >= 0 && c < 0x20); })) return false;
+    if (path.empty() ||
+        std::ranges::any_of(path, [](char c) { return c == 0x7F || (c >= 0 && c < 0x20); }))
+        return false;
     // The other way round than the library, which has no need of characters beyond ISO 8859-1.
     for (std::size_t k = 0; k < path.size(); ++k) {
         const auto first = static_cast<std::uint8_t>(path[k]);
         if (first < 0x80) continue;
         // Of two or three bytes, without those that other lengths can say and those of pairs.
-        const std::size_t more = first >= 0xC2 && first < 0xE0 ? 1 : first >= 0xE1 && first < 0xED ? 2 : 0;
+        const std::size_t more = first >= 0xC2 && first < 0xE0   ? 1
+                                 : first >= 0xE1 && first < 0xED ? 2
+                                                                 : 0;
         if (more == 0 || k + more >= path.size()) return false;
         for (std::size_t j = 1; j <= more; ++j) {
             if ((static_cast<std::uint8_t>(path[k + j]) & 0xC0) != 0x80) return false;

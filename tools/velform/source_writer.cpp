@@ -239,7 +239,8 @@ private:
             const ObjectSource &button = source_.frame_buttons[k];
             const std::string type = type_line(button, {});
             const std::string text = type + block_text(button);
-            if (!text.empty()) text_ += fmt::format("\n[frame.{}]\n{}", frame_button_names[k], text);
+            if (!text.empty())
+                text_ += fmt::format("\n[frame.{}]\n{}", frame_button_names[k], text);
         }
     }
 
