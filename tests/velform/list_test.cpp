@@ -198,6 +198,11 @@ TEST(Diff, sees_every_byte_of_a_form) {
               "x.form\n" + said + "0");
     const auto added = run("diff --git x.form /dev/null . . " + a + " 1 100644");
     EXPECT_NE(added.output.find("\nlabel 9 is new: [0, 0, 0, 0] \"ab\"\n"), std::string::npos);
+    // What only one of them has a text file for is no difference.
+    const std::string keyed = head + "text = 'a'\nkey = 'k'\n";
+    run("compile " + folder.write("keyed.toml", keyed) + " -o " + folder.file("keyed.form"));
+    const auto alone = folder.write("c.form", test::contents(folder.file("keyed.form")));
+    EXPECT_EQ(differences({folder.file("keyed.form"), alone}), "0");
     EXPECT_EQ(run("diff " + a).status, 2);
     EXPECT_EQ(run("diff " + a + " " + folder.file("none")).status, 3);
 }

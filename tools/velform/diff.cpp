@@ -23,7 +23,11 @@ class Comparison {
 public:
     Comparison(const DiffedFiles &files, std::ostream &out, std::ostream &err)
         : before_({files.before}, err), after_({files.after}, err), matching_(before_, after_),
-          out_(out) {}
+          out_(out) {
+        if (have_texts()) return;
+        before_.forget_texts();
+        after_.forget_texts();
+    }
 
     // Returns whether there is any difference.
     bool print() {
@@ -46,6 +50,8 @@ public:
     }
 
 private:
+    bool have_texts() const { return before_.has_texts() && after_.has_texts(); }
+
     void report(const std::string &line) {
         out_ << line << '\n';
         has_differences_ = true;
@@ -89,8 +95,13 @@ private:
         case Field::text:
             compare_texts(old, now);
             return;
-        default:
+        case Field::x: // from the edges of the object around them
+        case Field::y:
             note(row, old, now);
+            return;
+        default:
+            const bool is_trait = row.size == 0;
+            if (is_trait || before_.bytes(old, row) != after_.bytes(now, row)) note(row, old, now);
         }
     }
 
@@ -142,11 +153,11 @@ private:
         return number == 0 ? "none" : fmt::format("object {}, which is not there", number);
     }
 
-    // By what they say; by their numbers where the text files are not there.
+    // By what they say. Without text files, numbers say little: a new text changes many.
     void compare_texts(std::uint32_t old, std::uint32_t now) {
         const std::uint32_t was = before_.text_of(old), is = after_.text_of(now);
-        if (!before_.has_texts() || !after_.has_texts()) {
-            note("text", text_number(was), text_number(is));
+        if (!have_texts()) {
+            note("text", was == 0 ? "none" : "one", is == 0 ? "none" : "one");
             return;
         }
         note("text", before_.value(old, Field::text), after_.value(now, Field::text));
@@ -159,10 +170,6 @@ private:
         } else if (old_record != record && before_.text(was) == after_.text(is)) {
             changes_ += "\n    text: other bytes after its end";
         }
-    }
-
-    static std::string text_number(std::uint32_t number) {
-        return number == 0 ? "none" : fmt::format("text {}", number);
     }
 
     static std::string name_or_none(const ReadForm &form, std::uint32_t object) {
@@ -224,23 +231,22 @@ private:
     }
 
     void compare_rest() {
-        const bool have_texts = before_.has_texts() && after_.has_texts();
-        if (have_texts && texts_without_object(before_) != texts_without_object(after_)) {
+        if (have_texts() && texts_without_object(before_) != texts_without_object(after_)) {
             report("texts that no object has differ");
         }
         if (before_.form_tail() != after_.form_tail()) report("bytes after the last object differ");
-        if (have_texts && before_.text_tail() != after_.text_tail()) {
+        if (have_texts() && before_.text_tail() != after_.text_tail()) {
             report("bytes after the last text differ");
         }
         const bool differ = before_.form_bytes() != after_.form_bytes() ||
-                            (have_texts && before_.text_bytes() != after_.text_bytes());
+                            (have_texts() && before_.text_bytes() != after_.text_bytes());
         if (differ && !has_differences_) {
             report("the files differ, but not in what an object says: in the order of texts, in "
                    "lists after their end or in numbers of objects that are not there");
         }
     }
 
-    const ReadForm before_, after_;
+    ReadForm before_, after_;
     const Matching matching_;
     std::ostream &out_;
     std::string changes_; // of one object

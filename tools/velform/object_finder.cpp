@@ -45,7 +45,12 @@ std::uint32_t ObjectFinder::find_window(const vel_context &ctx, const std::strin
 std::string ObjectFinder::name_of(std::uint32_t object) {
     if (!ids_) read_ids();
     const auto found = ids_->find(object);
-    return found == ids_->end() ? fmt::format("{}", object) : found->second;
+    return found == ids_->end() ? std::string{} : found->second;
+}
+
+bool ObjectFinder::has_names() {
+    if (!ids_) read_ids();
+    return !ids_->empty();
 }
 
 const HeaderNames &ObjectFinder::names() {

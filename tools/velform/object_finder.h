@@ -19,8 +19,9 @@ public:
     std::uint32_t find(const vel_context &ctx, const std::string &name);
     std::uint32_t find_window(const vel_context &ctx, const std::string &name);
 
-    // The name of an object in the header, or its number where there is none.
+    // The name of an object in the header, or an empty one.
     std::string name_of(std::uint32_t object);
+    bool has_names();
 
 private:
     const HeaderNames &names();

@@ -94,15 +94,15 @@ private:
         SDL_FillRect(&screen_, &one, SDL_MapRGB(screen_.format, colour.r, colour.g, colour.b));
     }
 
-    // At the upper left corner, on a ground of its own.
+    // At the upper right corner, where captions and texts seldom reach, on a ground of its own.
     void tag(const Area &area, const std::string &name) {
-        const Area screen{0, 0, screen_.w, screen_.h};
-        if (area.is_empty() || common(area, screen).is_empty()) return;
+        const Area seen = common(area, {0, 0, screen_.w, screen_.h});
+        if (name.empty() || seen.is_empty()) return;
         const SDL_Color ink{edge.r, edge.g, edge.b, 0}, ground{paper.r, paper.g, paper.b, 0};
         const Surface words(TTF_RenderText_Shaded(tag_font_, name.c_str(), ink, ground));
         if (words == nullptr) throw std::bad_alloc();
-        SDL_Rect at{static_cast<Sint16>(std::max<std::int64_t>(area.left + 1, 0)),
-                    static_cast<Sint16>(std::max<std::int64_t>(area.top + 1, 0)), 0, 0};
+        SDL_Rect at{static_cast<Sint16>(std::max<std::int64_t>(seen.right - words->w - 1, 0)),
+                    static_cast<Sint16>(seen.top + 1), 0, 0};
         SDL_BlitSurface(words.get(), nullptr, &screen_, &at);
     }
 
@@ -139,7 +139,8 @@ void draw_outlines(const vel_context &ctx, SDL_Surface &picture, ObjectFinder &f
     Overlay overlay(ctx, picture, font);
     std::vector<Shown> known(ctx.object_count + 1);
     for (std::uint32_t object = VEL_FRAME_BUTTONS + 1; object <= ctx.object_count; ++object) {
-        if (is_shown(ctx, object, known)) overlay.draw(object, finder.name_of(object));
+        if (!is_shown(ctx, object, known)) continue;
+        overlay.draw(object, finder.has_names() ? finder.name_of(object) : std::to_string(object));
     }
 }
 

@@ -50,14 +50,6 @@ constexpr PartName part_names[] = {
 constexpr std::size_t record_size = sizeof(vel_object_file_rec);
 constexpr std::size_t text_record_size = sizeof(vel_text_rec);
 
-std::uint32_t word_at(std::string_view bytes, std::size_t offset) {
-    std::uint32_t word = 0;
-    for (std::size_t k = 0; k < 4; ++k) {
-        word |= std::uint32_t{static_cast<std::uint8_t>(bytes[offset + k])} << 8 * k;
-    }
-    return word;
-}
-
 // A field of characters without a NUL ends before its last byte, as in the library.
 std::string_view string_in(std::string_view field) {
     return field.substr(0, std::min(field.find('\0'), field.size() - 1));
@@ -99,7 +91,7 @@ std::string number_words(const RecordField &row, std::uint32_t number) {
 }
 
 std::string colour_words(std::string_view bytes) {
-    const std::uint32_t r = word_at(bytes, 0), g = word_at(bytes, 4), b = word_at(bytes, 8);
+    const std::uint32_t r = number_at(bytes, 0), g = number_at(bytes, 4), b = number_at(bytes, 8);
     if ((r | g | b) < 256) return fmt::format("\"#{:02x}{:02x}{:02x}\"", r, g, b);
     return fmt::format("{}, {}, {}", r, g, b);
 }
@@ -184,6 +176,13 @@ void ReadForm::read_files(const FormPaths &paths) {
     }
 }
 
+void ReadForm::forget_texts() {
+    texts_.clear();
+    traits_.clear();
+    has_texts_ = false;
+    first_trait_text_ = end_of_trait_texts_ = 0;
+}
+
 std::uint32_t ReadForm::object_count() const {
     return static_cast<std::uint32_t>(form_.size() / record_size);
 }
@@ -260,8 +259,8 @@ std::uint32_t ReadForm::master(std::uint32_t object) const {
 std::vector<std::uint32_t> ReadForm::dependents(std::uint32_t object) const {
     const std::string_view list = bytes(object, record_field(Field::dependents));
     std::vector<std::uint32_t> numbers;
-    for (std::size_t at = 0; at < list.size() && word_at(list, at) != 0; at += 4) {
-        if (word_at(list, at) <= object_count()) numbers.push_back(word_at(list, at));
+    for (std::size_t at = 0; at < list.size() && number_at(list, at) != 0; at += 4) {
+        if (number_at(list, at) <= object_count()) numbers.push_back(number_at(list, at));
     }
     return numbers;
 }
@@ -289,7 +288,7 @@ std::string ReadForm::caption(std::uint32_t object) const {
 
 std::uint32_t ReadForm::number(std::uint32_t object, Field field) const {
     const RecordField &row = record_field(field);
-    if (row.size != 0) return word_at(bytes(object, row), 0);
+    if (row.size != 0) return number_at(bytes(object, row), 0);
     const std::string said = value(object, field);
     return said.empty() ? 0 : number_in(said);
 }

@@ -29,6 +29,8 @@ public:
     std::uint32_t text_count() const;
     bool has_names() const { return !names_.empty(); }
     bool has_texts() const { return has_texts_; }
+    // As if the text file were not there, and with it what no record has room for.
+    void forget_texts();
     // The two files, those of a source as it is compiled.
     const std::string &form_bytes() const { return form_; }
     const std::string &text_bytes() const { return texts_; }
@@ -88,4 +90,5 @@ private:
 
 // In UTF-8, without control characters: as in "a \"word\"\n".
 std::string in_quotes(std::string_view utf8);
+
 } // namespace velform

@@ -181,7 +181,10 @@ public:
         return windows;
     }
 
-    std::string name_of(std::uint32_t object) { return finder_.name_of(object); }
+    std::string name_or_number(std::uint32_t object) {
+        const std::string name = finder_.name_of(object);
+        return name.empty() ? fmt::format("{}", object) : name;
+    }
 
 private:
     static std::string header_of(const RenderOptions &options) {
@@ -232,7 +235,7 @@ Status render_all_windows(Renderer &renderer, const RenderOptions &options, std:
     const bool is_watched = isatty(STDERR_FILENO) != 0;
     std::vector<OutputFile> files;
     for (const std::uint32_t window : windows) {
-        const std::string name = renderer.name_of(window);
+        const std::string name = renderer.name_or_number(window);
         if (is_watched) {
             err << fmt::format("\r\x1b[K{} of {}: {}", files.size() + 1, windows.size(), name)
                 << std::flush;
