@@ -104,8 +104,8 @@ TEST_F(RenderedForm, is_outlined_with_margins_and_limits) {
     const Picture picture(folder.file("a.png"));
     constexpr vel_colour desk{0xE3, 0xE9, 0xF0};
     const std::tuple<int, int, vel_colour> cases[] = {
-        {139, 129, edge}, {40, 129, edge},                           // the window
-        {99, 58, margin}, {100, 58, test::green}, {131, 61, margin}, // its inner area
+        {139, 129, edge}, {40, 129, edge},                            // the window
+        {99, 58, margin}, {100, 58, test::green}, {131, 100, margin}, // its inner area
         {149, 89, edge},  {131, 80, limit},       {140, 60, {0x2F, 0x6F, 0xDE}},
         {142, 100, desk}, {251, 199, desk}}; // a window that is closed
     for (const auto &[x, y, colour] : cases) EXPECT_EQ(picture.at(x, y), colour) << x << ' ' << y;
