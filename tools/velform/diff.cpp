@@ -63,7 +63,7 @@ private:
         const std::string caption = form.caption(object);
         return fmt::format("{}: [{}]{}", master == 0 ? "" : ", in " + form.title(master),
                            fmt::join(form.rect(object), ", "),
-                           caption.empty() ? "" : " " + in_quotes(caption));
+                           caption.empty() ? "" : " " + shown_in_quotes(caption));
     }
 
     void compare_objects(std::uint32_t old, std::uint32_t now) {

@@ -15,10 +15,10 @@ constexpr std::size_t deepest_indent = 30;  // levels
 
 // The beginning of a text, as far as it fits into a line.
 std::string short_words(std::string text) {
-    if (text.size() <= longest_caption) return in_quotes(text);
+    if (text.size() <= longest_caption) return shown_in_quotes(text);
     std::size_t end = longest_caption;
     while ((text[end] & 0xC0) == 0x80) --end;
-    return in_quotes(text.substr(0, end)) + "...";
+    return shown_in_quotes(text.substr(0, end)) + "...";
 }
 
 std::string rect_words(const std::array<std::int32_t, 4> &rect) {

@@ -113,7 +113,7 @@ std::string companion(const std::string &form, const char *suffix) {
 
 } // namespace
 
-std::string in_quotes(std::string_view utf8) {
+std::string shown_in_quotes(std::string_view utf8) {
     std::string escaped;
     for (const char c : utf8) {
         if (c == '"' || c == '\\') escaped += '\\';
@@ -305,18 +305,19 @@ std::string ReadForm::value(std::uint32_t object, Field field) const {
         const auto all = traits_.find(object);
         if (all == traits_.end() || !all->second.contains(field)) return {};
         const std::string &said = all->second.at(field);
-        if (row.kind == Kind::caption || row.kind == Kind::letter) return in_quotes(utf8_of(said));
+        if (row.kind == Kind::caption || row.kind == Kind::letter)
+            return shown_in_quotes(utf8_of(said));
         return row.names.empty() ? said : number_words(row, number_in(said));
     }
     switch (row.kind) {
     case Kind::colour:
         return colour_words(bytes(object, row));
     case Kind::caption:
-        return in_quotes(utf8_of(string_in(bytes(object, row))));
+        return shown_in_quotes(utf8_of(string_in(bytes(object, row))));
     case Kind::path:
-        return in_quotes(string_in(bytes(object, row)));
+        return shown_in_quotes(string_in(bytes(object, row)));
     case Kind::text:
-        return text_of(object) == 0 ? "none" : in_quotes(utf8_of(text(text_of(object))));
+        return text_of(object) == 0 ? "none" : shown_in_quotes(utf8_of(text(text_of(object))));
     default:
         break;
     }

@@ -88,7 +88,7 @@ private:
     std::uint32_t first_trait_text_ = 0, end_of_trait_texts_ = 0;
 };
 
-// In UTF-8, without control characters: as in "a \"word\"\n".
-std::string in_quotes(std::string_view utf8);
+// For people: in UTF-8, without control characters, as in "a \"word\"\n".
+std::string shown_in_quotes(std::string_view utf8);
 
 } // namespace velform
