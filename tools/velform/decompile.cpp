@@ -33,20 +33,25 @@ bool becomes(const std::string &source, const FormBytes &bytes, const std::strin
            text_file_bytes(form) == bytes.text;
 }
 
-// All sources worth comparing, the shortest first.
+// All sources worth comparing, the best first: those that say in words what the form says in the
+// texts of its traits, and of them the shortest.
 std::vector<std::string> sources_for(const FormBytes &bytes, const KnownNames &names) {
-    std::vector<std::string> sources;
+    std::vector<std::pair<bool, std::string>> sources;
     const bool is_large = bytes.form.size() + bytes.text.size() > most_bytes_for_all_themes;
-    const auto last = &themes().back();
+    const bool says_traits = has_trait_texts(bytes);
     for (const Theme &theme : themes()) {
-        if (is_large && &theme != last) continue;
+        if (is_large && &theme != &themes().back()) continue;
         for (const bool has_traits : {true, false}) {
             const auto source = decompiled(bytes, names, {&theme, has_traits, false});
-            if (source) sources.push_back(source_text(*source));
+            if (source) sources.emplace_back(says_traits && !has_traits, source_text(*source));
         }
     }
-    std::ranges::stable_sort(sources, {}, &std::string::size);
-    return sources;
+    std::ranges::stable_sort(sources, {}, [](const auto &source) {
+        return std::pair(source.first, source.second.size());
+    });
+    std::vector<std::string> texts;
+    for (auto &[is_raw, text] : sources) texts.push_back(std::move(text));
+    return texts;
 }
 
 std::string next_to(const std::string &form, const char *suffix) {

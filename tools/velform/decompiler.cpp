@@ -197,6 +197,11 @@ private:
         }
         if (choice_.is_plain) return;
         if (number > VEL_FRAME_BUTTONS) object.id = id_of(number);
+        if (names_a_picture(number) && said_type(number) == VEL_TYPE_PICTURE_UNLOADED &&
+            number > VEL_FRAME_BUTTONS) {
+            const RecordField &row = record_field(Field::picture);
+            say(number, row.field, std::string(string_at(records_[number], row.offset, row.size)));
+        }
         say_text(number);
         say_traits(number);
     }
@@ -261,7 +266,8 @@ private:
     bool give_in(const std::vector<Position> &places) {
         for (const auto &[line, column] : places) {
             const std::uint32_t number = line - 1;
-            if (number == 0 || number > count()) return false;
+            if (number == 0) continue; // of texts, which are not all there yet
+            if (number > count()) return false;
             ObjectSource &object = *objects_[number];
             if (column == id_column) {
                 object.id.clear();

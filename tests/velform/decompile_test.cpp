@@ -1,0 +1,122 @@
+// Forms come back from their sources byte by byte, whatever is in them.
+#include "forms.h"
+
+#include <random>
+
+#include "decompile.h"
+
+namespace {
+
+using test::Compiled;
+using velform::FormBytes;
+
+std::string source_of(const FormBytes &bytes) { return velform::source_for(bytes, {}); }
+
+void expect_to_come_back(const FormBytes &bytes) {
+    const std::string source = source_of(bytes);
+    const Compiled c(source);
+    EXPECT_TRUE(c.is_good) << c.messages;
+    EXPECT_TRUE(c.form == bytes.form && c.texts == bytes.text) << source;
+}
+
+// Numbers are mostly small, so that links lead somewhere and codes mean something.
+class RandomBytes {
+public:
+    explicit RandomBytes(unsigned seed) : random_(seed) {}
+
+    std::size_t below(std::size_t limit) { return random_() % limit; }
+
+    std::string records(std::size_t count, std::size_t size) {
+        std::string bytes;
+        for (std::size_t k = 0; k < count * size / 4; ++k) {
+            const std::size_t number = below(3) == 0 ? below(16) : below(20) == 0 ? random_() : 0;
+            for (std::size_t byte = 0; byte < 4; ++byte) {
+                bytes += static_cast<char>(number >> 8 * byte);
+            }
+        }
+        return bytes;
+    }
+    void change(std::string &bytes) {
+        for (std::size_t k = below(12); k > 0 && !bytes.empty(); --k) {
+            bytes[below(bytes.size())] = static_cast<char>(below(2) == 0 ? below(256) : below(12));
+        }
+        if (below(4) == 0) bytes.resize(below(bytes.size() + 9));
+    }
+
+private:
+    std::mt19937 random_;
+};
+
+TEST(Decompile, gives_back_the_bytes_of_any_two_files) {
+    for (unsigned seed = 1; seed <= 200; ++seed) {
+        SCOPED_TRACE(seed);
+        RandomBytes random(seed);
+        FormBytes bytes{random.records(random.below(12), 776),
+                        random.records(random.below(5), 1008)};
+        random.change(bytes.form);
+        random.change(bytes.text);
+        expect_to_come_back(bytes);
+    }
+}
+
+const std::string parts = R"(
+theme = 'light'
+[[window]]
+id = 'login'
+rect = [60, 60, 260, 210]
+text = "One\nand \"two\""
+objects = [
+    { type = 'entry', x = 20, y = 20, password = true, key = 'p', tip = 'Secret' },
+    { type = 'label', x = 20, y = 60, label = 'Füße', default = true, anchor = 'right' },
+    { kind = 'check', x = 20, y = 100, checked = true },
+    { kind = 'choice', x = 20, y = 140, rows = ['a', 'b'], value = 1 },
+]
+[[object]]
+type = 'label'
+menu = 'edit'
+[[object]]
+id = 'edit'
+type = 'menu'
+objects = [{ type = 'label', label = 'Copy', x = 3 }]
+[[object]]
+type = 'chain'
+objects = [{ type = 'chain', x = 4 }]
+)";
+
+TEST(Decompile, gives_back_the_bytes_of_damaged_forms) {
+    const Compiled whole(parts);
+    ASSERT_TRUE(whole.is_good) << whole.messages;
+    for (unsigned seed = 1; seed <= 100; ++seed) {
+        SCOPED_TRACE(seed);
+        RandomBytes random(seed);
+        FormBytes bytes{whole.form, whole.texts};
+        random.change(bytes.form);
+        random.change(bytes.text);
+        expect_to_come_back(bytes);
+    }
+}
+
+TEST(Decompile, says_in_words_what_has_words) {
+    const std::array<std::string, 2> cases[] = {
+        {parts, ""},
+        {"theme = 'dark'\n" + test::object("entry", "x = 3"), "theme = \"dark\""},
+        {test::object("label", "rect = [-1, 2, 3, 4]"), "rect = [-1, 2, 3, 4]\n"},
+        {test::object("picture", "picture = 'a/b.png'"), "picture = \"a/b.png\"\n"},
+        {"[frame]\npictures = 'own'\n", "pictures = \"own\"\n"},
+    };
+    for (const auto &[source, words] : cases) {
+        SCOPED_TRACE(source);
+        const Compiled c(source);
+        const std::string again = source_of({c.form, c.texts});
+        EXPECT_NE(again.find(words), std::string::npos) << again;
+        // Lists that never change have rows in a text that is no object's own.
+        for (const char *key : {"master", "type", "dep_objs", "x", "fill_r", "traits"}) {
+            EXPECT_EQ(again.find(key + std::string(" = ") +
+                                 (key == std::string("type") ? "1" : "") +
+                                 (key == std::string("x") ? "1" : "")),
+                      std::string::npos);
+        }
+    }
+}
+
+} // namespace
