@@ -1,6 +1,8 @@
 // What objects show of their state, as pixels, and what the wheel scrolls.
 #include "support.h"
 
+#include "model/traits.h"
+
 namespace {
 
 using test::Folder;
@@ -149,13 +151,16 @@ TEST_F(States, the_wheel_scrolls_what_is_under_the_pointer) {
     vel_object &text = make(14, VEL_TYPE_TEXT, 30, 100, 60, 60, 8);
     text.text_index = 1, text.editable = 1, text.line_width = 300, text.cursor_y = 100;
     set_text(1, "1\n2\n3\n4\n5\n6\n7\n8\n9\n10");
+    make(16, VEL_TYPE_LABEL, 120, 100, 8, 60, 8);
+    velumo::Traits &bar = velumo::state_of(ctx).traits[16];
+    bar.part = velumo::scroll_bar_part, bar.target = 14;
     vel_draw_all_objects(&ctx, 1, 0);
     const int pitch = static_cast<int>(height()), hidden = 10 * pitch - 60;
-    using Case = std::tuple<bool, int, int>;
-    for (const auto &[down, notches, wanted] :
-         {Case(true, 1, -3 * pitch), Case(true, 20, -hidden), Case(false, 1, 3 * pitch - hidden),
-          Case(false, 20, 0)}) { // until all was in sight
-        turn(down, notches, 40, 110);
+    using Case = std::tuple<bool, int, int, int>;
+    for (const auto &[down, notches, x, wanted] :
+         {Case(true, 1, 40, -3 * pitch), Case(true, 20, 40, -hidden),
+          Case(false, 1, 122, 3 * pitch - hidden), Case(false, 20, 40, 0)}) { // until all in sight
+        turn(down, notches, x, 110);
         EXPECT_EQ(std::tuple(scroll(text), static_cast<int>(text.cursor_y)),
                   std::tuple(wanted, 100 + wanted));
     }

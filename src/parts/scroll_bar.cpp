@@ -127,6 +127,10 @@ private:
 
 } // namespace
 
+u32 scrolled_by(const vel_context &ctx, u32 part) {
+    return traits_of(ctx, part).part == scroll_bar_part ? target_of(ctx, part) : 0;
+}
+
 void place_thumb(vel_context &ctx, u32 bar) { Bar(ctx, bar).place_thumb(); }
 
 Press press_scroll_bar(vel_context &ctx, u32 bar) { return BarPress(ctx, bar).run(); }

@@ -4,6 +4,8 @@
 #include "input/hit_test.h"
 #include "model/types.h"
 #include "model/walk.h"
+#include "parts/part.h"
+#include "parts/scroll_bar.h"
 #include "parts/scrolling.h"
 #include "render/geometry.h"
 #include "render/scene.h"
@@ -32,8 +34,11 @@ u32 object_seen_under(const vel_context &ctx, i64 x, i64 y) {
     return number;
 }
 
-// Scrolls the object or the nearest of its masters that can be, though it may be at its end.
-bool scroll_from(vel_context &ctx, u32 number, Direction contents, const Axis &axis) {
+// Scrolls the object or the nearest of its masters that can be, though it may be at its end. A
+// scroll bar is as good as what it scrolls.
+bool scroll_from(vel_context &ctx, u32 under, Direction contents, const Axis &axis) {
+    const u32 scrolled = scrolled_by(ctx, part_at(ctx, under));
+    const u32 number = scrolled == 0 ? under : scrolled;
     const auto scroll_one = [&](u32 at) {
         Scrollable scrollable(ctx, at, axis);
         const bool scrolls =
