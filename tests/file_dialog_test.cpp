@@ -3,6 +3,8 @@
 
 #include <sys/stat.h>
 
+#include "parts/part.h"
+
 namespace {
 
 using test::Folder;
@@ -170,6 +172,33 @@ TEST_F(FolderList, frame_actions_scroll_names_in_their_window_only) {
     vel_scroll_win_up(&ctx);
     EXPECT_EQ(objects[10].y, 51U);
     EXPECT_STREQ(objects[11].label, "11");
+}
+
+// The list is a part, so one click selects and a second one enters; the path can be typed.
+TEST_F(FileDialog, made_by_the_form_tool_has_a_list_and_a_path_to_type) {
+    const Folder folder;
+    folder.fill({"one/", "one/inner", "only", "other"});
+    ctx.comfort = VEL_COMFORT_ALL;
+    for (const uint32_t k : {20U, 21U, 22U}) make(k, VEL_TYPE_EMPTY, 0, 0, 0, 0);
+    const uint32_t pieces[] = {20, 21, 22, 11, 12, 13, 14};
+    std::copy(std::begin(pieces), std::end(pieces), objects[10].dep_objs);
+    for (uint32_t k = 11; k < 15; ++k) objects[k].type = VEL_TYPE_LABEL;
+    velumo::state_of(ctx).traits[10].part = velumo::list_part;
+    velumo::start_parts(ctx);
+    objects[9].editable = 1;
+    objects[9].max_chars = 64;
+    const auto type_path = [&](const std::string &path) {
+        return [=, this] { ctx.cursor_object = 9, set_label(objects[9], path); };
+    };
+    const std::string path = choose(
+        1, folder.file(""),
+        {expect_list({"../", "one/", "only", "other"}), pick("other"), expect_label(15, "other"),
+         pick("one/"), expect_label(15, "other"), [this] { click_on(12), click_on(12); },
+         expect_list({"../", "inner"}), type_path(folder.file("on")), key(SDLK_TAB),
+         expect_label(9, folder.file("on")), // "one/" and "only" have no more in common
+         type_path(folder.file("ot")), key(SDLK_TAB), expect_label(9, folder.file("other")),
+         key(SDLK_RETURN)});
+    EXPECT_EQ(path, folder.file("other"));
 }
 
 TEST_F(FileDialog, walks_in_and_out_and_chooses) {
