@@ -15,7 +15,8 @@ def use_tour(tour):
     tour.key("Tab 3", "amount: 3")
 
     tour.step("Enter saves it from any field; Escape is the dialog's no, Enter its yes.")
-    tour.key("Return Escape", "clicked: save", "answer: no", "active: order")
+    tour.key("Return", "clicked: save", "active: question")
+    tour.key("Escape", "answer: no", "active: order")
     tour.key("alt+s Tab Tab Return", "clicked: save", "answer: yes", "active: notice")
     tour.key("space", "saved", "active: order")
 
@@ -33,7 +34,8 @@ def use_tour(tour):
     tour.key("Right Right Right space", "mode: scroll")
     tour.key("Right Return", "scrolled: photos 10 0")
     tour.key("Right Right Return", "active: log")
-    tour.key("Escape Escape", "active: order", "active: none")
+    tour.key("Escape", "active: order")
+    tour.key("Escape", "active: none")
 
     tour.step("A picture on the desk opens a window again; the menu ends the tour.")
     tour.key("alt+o", "clicked: order_icon", "active: order")
