@@ -53,6 +53,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
         if (!diagnostics.has_errors()) load(form_file_bytes(form), text_file_bytes(form));
     }
     std::ostringstream printed;
-    diagnostics.print(printed, "fuzz.toml");
+    diagnostics.print(printed, {"fuzz.toml"});
     return 0;
 }

@@ -7,6 +7,7 @@
 #include <sstream>
 #include <sys/wait.h>
 
+#include "check/check_form.h"
 #include "form_builder.h"
 #include "form_check.h"
 #include "header.h"
@@ -47,9 +48,13 @@ struct Compiled {
             form = velform::form_file_bytes(built);
             texts = velform::text_file_bytes(built);
             header = velform::header_text(built, "F", diagnostics);
+            if (!diagnostics.has_errors()) {
+                const velform::ReadForm records(built);
+                velform::check_types(velform::CheckedForm(records, &built, diagnostics));
+            }
         }
         std::ostringstream out;
-        diagnostics.print(out, "f");
+        diagnostics.print(out, {"f"});
         messages = out.str();
         is_good = !diagnostics.has_errors();
     }

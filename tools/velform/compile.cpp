@@ -7,6 +7,8 @@
 
 #include <fmt/format.h>
 
+#include "check/allowances.h"
+#include "check/check_form.h"
 #include "destination.h"
 #include "embed.h"
 #include "files.h"
@@ -115,7 +117,8 @@ struct Outputs {
 
 // What it returns counts only when nothing is wrong.
 Outputs outputs_of(const CompileOptions &options, Diagnostics &diagnostics) {
-    const auto root = parse_toml(read_file(options.source, largest_source), diagnostics);
+    const std::string bytes = read_file(options.source, largest_source);
+    const auto root = parse_toml(bytes, diagnostics);
     if (!root) return {};
     const FormSource source = read_form_source(*root, diagnostics);
     const Form form = build_form(source, diagnostics);
@@ -123,6 +126,9 @@ Outputs outputs_of(const CompileOptions &options, Diagnostics &diagnostics) {
     const std::string prefix = prefix_of(options, source, diagnostics);
     std::string header = header_text(form, prefix, diagnostics, !options.embed.empty());
     if (diagnostics.has_errors()) return {};
+    const ReadForm read(form);
+    check_types(CheckedForm(read, &form, diagnostics));
+    apply_allowances(bytes, Allowed::of_some_rules, diagnostics);
     Outputs outputs{{{options.form, form_file_bytes(form)},
                      {options.text, text_file_bytes(form)},
                      {options.header, std::move(header)}},
@@ -165,7 +171,9 @@ Status compile(const CompileOptions &given, std::ostream &out, std::ostream &err
     }
     Diagnostics diagnostics;
     const Outputs outputs = outputs_of(options, diagnostics);
-    diagnostics.print(err, given.source);
+    Report report{given.source};
+    report.has_colours = options.has_colours;
+    diagnostics.print(err, report);
     if (diagnostics.has_errors()) return Status::faulty_source;
     replace_files(outputs.files);
     report_missing(options, outputs.missing, out);

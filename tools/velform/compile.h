@@ -14,6 +14,7 @@ struct CompileOptions {
     std::string prefix;             // empty: as the source says, or made from its name
     std::string embed;              // C file with all that the form needs; empty: none
     bool embed_fonts = false;
+    bool has_colours = false;
     std::string depfile; // for make: what the outputs are made of; empty: none
 };
 

@@ -2,6 +2,9 @@
 
 #include <algorithm>
 
+#include <fmt/format.h>
+
+#include "check/quoted_line.h"
 #include "printable.h"
 
 namespace velform {
@@ -10,68 +13,87 @@ namespace {
 constexpr std::size_t most_lines = 100;    // of errors, and of warnings
 constexpr std::size_t most_entries = 5000; // until those that will not be printed are counted only
 
+std::string in_colour(const Report &report, int colour, std::string_view words) {
+    if (!report.has_colours) return std::string(words);
+    return fmt::format("\x1b[1;{}m{}\x1b[m", colour, words);
+}
+
+void print_finding(std::ostream &out, const Report &report, const Finding &finding) {
+    constexpr int red = 31, magenta = 35, cyan = 36;
+    const auto &[where, rule, message] = finding;
+    const Severity severity = severity_of(finding);
+    const std::string place =
+        report.place ? report.place(where) : fmt::format(":{}:{}", where.line, where.column);
+    out << printable(report.file) << place << ": "
+        << in_colour(report, severity == Severity::error ? red : magenta, word_for(severity))
+        << ": " << message;
+    if (report.names_all_rules || rule != Rule::invalid_source)
+        out << " [" << in_colour(report, cyan, row_of(rule).name) << ']';
+    out << '\n';
+    if (!report.source.empty()) out << quoted_line(report.source, where.line, where.column);
+}
+
 } // namespace
 
-void Diagnostics::error(Position where, std::string message) {
-    add({where, Severity::error, printable(message)});
+void Diagnostics::error(Position where, std::string message, Rule rule) {
+    add({where, rule, printable(message)});
 }
 
-void Diagnostics::warning(Position where, std::string message) {
-    add({where, Severity::warning, printable(message)});
+void Diagnostics::warning(Position where, Rule rule, std::string message) {
+    add({where, rule, printable(message)});
 }
 
-void Diagnostics::add(Entry entry) {
-    if (entries_.size() == most_entries) keep_first();
-    entries_.push_back(std::move(entry));
+void Diagnostics::add(Finding finding) {
+    if (findings_.size() == most_entries) keep_first();
+    findings_.push_back(std::move(finding));
 }
 
 void Diagnostics::keep_first() {
     std::array<std::size_t, 2> kept{};
-    std::vector<Entry> first;
-    for (Entry &entry : sorted()) {
-        const auto severity = static_cast<std::size_t>(entry.severity);
+    std::vector<Finding> first;
+    for (Finding &finding : findings()) {
+        const auto severity = static_cast<std::size_t>(severity_of(finding));
         if (kept[severity] < most_lines) {
             ++kept[severity];
-            first.push_back(std::move(entry));
+            first.push_back(std::move(finding));
         } else {
             ++left_out_[severity];
         }
     }
-    entries_ = std::move(first);
+    findings_ = std::move(first);
 }
 
 bool Diagnostics::has_errors() const {
-    return std::ranges::any_of(entries_,
-                               [](const Entry &e) { return e.severity == Severity::error; });
+    return std::ranges::count(findings_, Severity::error, severity_of) != 0;
 }
 
 std::vector<Position> Diagnostics::places_of_errors() const {
     std::vector<Position> places;
-    for (const Entry &entry : entries_) {
-        if (entry.severity == Severity::error) places.push_back(entry.where);
+    for (const Finding &finding : findings_) {
+        if (severity_of(finding) == Severity::error) places.push_back(finding.where);
     }
     return places;
 }
 
-std::vector<Diagnostics::Entry> Diagnostics::sorted() const {
-    std::vector<Entry> entries = entries_;
-    std::ranges::stable_sort(entries, {}, &Entry::where);
+std::vector<Finding> Diagnostics::findings() const {
+    std::vector<Finding> findings = findings_;
+    std::ranges::stable_sort(findings, {}, &Finding::where);
     // One word of a source may become several objects.
-    entries.erase(std::unique(entries.begin(), entries.end()), entries.end());
-    return entries;
+    findings.erase(std::unique(findings.begin(), findings.end()), findings.end());
+    return findings;
 }
 
-void Diagnostics::print(std::ostream &out, const std::string &file) {
-    constexpr std::array names{"error", "warning"};
-    const std::string place = printable(file);
+void Diagnostics::remove_if(const std::function<bool(const Finding &)> &is_unwanted) {
+    std::erase_if(findings_, is_unwanted);
+}
+
+void Diagnostics::print(std::ostream &out, const Report &report) {
     keep_first();
-    for (const auto &[where, severity, message] : entries_) {
-        out << place << ':' << where.line << ':' << where.column << ": "
-            << names[static_cast<std::size_t>(severity)] << ": " << message << '\n';
-    }
-    for (std::size_t k = 0; k < names.size(); ++k) {
-        if (left_out_[k] == 0) continue;
-        out << place << ": " << left_out_[k] << " more " << names[k] << "s\n";
+    for (const Finding &finding : findings_) print_finding(out, report, finding);
+    for (const Severity severity : {Severity::error, Severity::warning}) {
+        const std::size_t count = left_out_[static_cast<std::size_t>(severity)];
+        if (count == 0) continue;
+        out << printable(report.file) << ": " << count << " more " << word_for(severity) << "s\n";
     }
 }
 

@@ -20,6 +20,7 @@ namespace {
 struct Reading {
     std::variant<std::int64_t, std::string> value;
     std::string fault;
+    Rule rule = Rule::invalid_source;
 };
 
 Reading number_in(Range range, const toml::node &node) {
@@ -50,7 +51,8 @@ Reading colour_in(const toml::node &node) {
 }
 
 Reading too_long(std::string_view wanted, std::size_t limit, std::size_t size) {
-    return {std::string{}, fmt::format("has {} {}; shorten it to {}", size, wanted, limit)};
+    return {std::string{}, fmt::format("has {} {}; shorten it to {}", size, wanted, limit),
+            Rule::too_long};
 }
 
 Reading latin1_of(const std::string &utf8, LineFeeds line_feeds, std::size_t limit) {
@@ -163,7 +165,8 @@ Setting read_value(const RecordField &field, const toml::node &node, Diagnostics
     Reading reading = read(field, node);
     const bool is_faulty = !reading.fault.empty();
     if (is_faulty) {
-        diagnostics.error(position_of(node), fmt::format("`{}` {}", field.key, reading.fault));
+        diagnostics.error(position_of(node), fmt::format("`{}` {}", field.key, reading.fault),
+                          reading.rule);
     }
     return {std::move(reading.value), position_of(node), is_faulty};
 }

@@ -72,8 +72,10 @@ private:
                 ? fmt::format("the id '{}' is taken", source.id)
                 : fmt::format("the id '{}' becomes {} in the header, as '{}' does", source.id, name,
                               first.id);
-        diagnostics_.error(source.id_where, fmt::format("{}, see line {}; choose another", what,
-                                                        first.id_where.line));
+        diagnostics_.error(
+            source.id_where,
+            fmt::format("{}, see line {}; choose another", what, first.id_where.line),
+            Rule::duplicate_name);
     }
 
     const Form &form_;

@@ -1,6 +1,7 @@
 // velform: compiles, renders and documents forms.
 #include <cerrno>
 #include <csignal>
+#include <cstdlib>
 #include <cstring>
 #include <functional>
 #include <iostream>
@@ -9,6 +10,7 @@
 #include <CLI/CLI.hpp>
 #include <fcntl.h>
 
+#include "check/check.h"
 #include "compile.h"
 #include "decompile.h"
 #include "descriptor.h"
@@ -43,6 +45,7 @@ public:
         app_.require_subcommand(1);
         app_.set_help_all_flag("--help-all", "Print the help of all commands");
         add_compile();
+        add_check();
         add_decompile();
         add_render();
         add_list();
@@ -87,6 +90,19 @@ private:
                          "; see velform --help");
     }
 
+    // For what prints findings.
+    void add_colour(CLI::App &command, bool &has_colours) {
+        command.add_option("--color", colour_, "Whether findings have colours")
+            ->check(CLI::IsMember({"auto", "always", "never"}))
+            ->capture_default_str();
+        command.parse_complete_callback([this, &has_colours] {
+            const char *const refused = std::getenv("NO_COLOR");
+            const bool is_wanted =
+                isatty(STDERR_FILENO) != 0 && (refused == nullptr || *refused == '\0');
+            has_colours = colour_ == "always" || (colour_ == "auto" && is_wanted);
+        });
+    }
+
     void add_compile() {
         CLI::App *command = app_.add_subcommand(
             "compile", "Make the form description file, the text file and a C header of a source");
@@ -103,8 +119,30 @@ private:
                             "File to write with a rule for make: what the form is made of");
         command->add_flag("--embed-fonts", compile_.embed_fonts, "Put the fonts into it as well")
             ->needs(embed);
+        add_colour(*command, compile_.has_colours);
         command->callback(
             [this] { action_ = [this] { return compile(compile_, out_, std::cerr); }; });
+    }
+
+    void add_check() {
+        CLI::App *command =
+            app_.add_subcommand("check", "Find fault with forms, in sources and in files");
+        command->add_option("files", check_.files, "Form sources and form description files")
+            ->required();
+        command->add_flag("--strict", check_.is_strict, "Count warnings as errors: exit with 1");
+        command->add_option("--format", check_.format, "How findings are printed")
+            ->check(CLI::IsMember({"text", "json", "sarif"}))
+            ->capture_default_str();
+        command->add_option("-C,--directory", check_.directory,
+                            "Folder of fonts and pictures [that of each file]");
+        command->add_option("--size", check_.size, "Size of the display")->capture_default_str();
+        command->add_option("--font", check_.font, "Default font, TrueType")->capture_default_str();
+        command->add_option("--font-size", check_.font_size, "Points of the default font")
+            ->check(CLI::Range(1, 1000))
+            ->capture_default_str();
+        add_colour(*command, check_.has_colours);
+        command->callback(
+            [this] { action_ = [this] { return velform::check(check_, out_, std::cerr); }; });
     }
 
     void add_decompile() {
@@ -225,6 +263,7 @@ private:
 
     std::ostream &out_;
     CLI::App app_{"Compiles forms for programs with Velumo, and draws them."};
+    CheckOptions check_;
     CompileOptions compile_;
     DecompileOptions decompile_;
     RenderOptions render_;
@@ -232,6 +271,7 @@ private:
     DiffOptions diff_;
     ThemesOptions themes_;
     std::string page_;
+    std::string colour_ = "auto";
     std::function<Status()> action_;
 };
 

@@ -96,13 +96,6 @@ std::string colour_words(std::string_view bytes) {
     return fmt::format("{}, {}, {}", r, g, b);
 }
 
-// A record always has a byte of 0, and a source never.
-bool is_source(const std::string &path, const std::string &bytes) {
-    const std::string suffix = std::filesystem::path(path).extension().string();
-    if (suffix == ".form" || bytes.empty()) return false;
-    return suffix == ".toml" || bytes.find('\0') == std::string::npos;
-}
-
 // The file that goes with a form, or an empty path when it is not there.
 std::string companion(const std::string &form, const char *suffix) {
     if (is_stream(form)) return {};
@@ -113,6 +106,13 @@ std::string companion(const std::string &form, const char *suffix) {
 
 } // namespace
 
+// A record always has a byte of 0, and a source never.
+bool is_source(const std::string &path, const std::string &bytes) {
+    const std::string suffix = std::filesystem::path(path).extension().string();
+    if (suffix == ".form" || bytes.empty()) return false;
+    return suffix == ".toml" || bytes.find('\0') == std::string::npos;
+}
+
 std::string shown_in_quotes(std::string_view utf8) {
     std::string escaped;
     for (const char c : utf8) {
@@ -120,6 +120,11 @@ std::string shown_in_quotes(std::string_view utf8) {
         escaped += c;
     }
     return fmt::format("\"{}\"", printable(escaped));
+}
+
+ReadForm::ReadForm(const Form &form) {
+    take(form);
+    read_traits();
 }
 
 ReadForm::ReadForm(const FormPaths &paths, std::ostream &err) : form_(read_file(paths.form)) {
@@ -139,6 +144,15 @@ ReadForm::ReadForm(const FormPaths &paths, std::ostream &err) : form_(read_file(
     read_traits();
 }
 
+void ReadForm::take(const Form &form) {
+    form_ = form_file_bytes(form);
+    texts_ = text_file_bytes(form);
+    has_texts_ = true;
+    for (const FormObject &object : form.objects) {
+        if (!object.source->id.empty()) names_[object.number] = lower_case(object.source->id);
+    }
+}
+
 void ReadForm::read_source(const std::string &path, const std::string &bytes, std::ostream &err) {
     Diagnostics diagnostics;
     const auto root = parse_toml(bytes, diagnostics);
@@ -147,18 +161,10 @@ void ReadForm::read_source(const std::string &path, const std::string &bytes, st
         const Form form = build_form(source, diagnostics);
         check_form(form, diagnostics);
         // Records hold only what has no faults.
-        if (!diagnostics.has_errors()) {
-            form_ = form_file_bytes(form);
-            texts_ = text_file_bytes(form);
-            has_texts_ = true;
-            for (const FormObject &object : form.objects) {
-                if (!object.source->id.empty())
-                    names_[object.number] = lower_case(object.source->id);
-            }
-        }
+        if (!diagnostics.has_errors()) take(form);
     }
     if (!diagnostics.has_errors()) return;
-    diagnostics.print(err, path);
+    diagnostics.print(err, {path});
     throw FileProblem(fmt::format("cannot read {}: the source has errors", path));
 }
 

@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "form.h"
 #include "record_table.h"
 
 namespace velform {
@@ -20,8 +21,13 @@ struct FormPaths {
         header{}; // empty: the form's name with .text and .h, as far as they are there
 };
 
+// Whether a file is a source rather than a form description file.
+bool is_source(const std::string &path, const std::string &bytes);
+
 class ReadForm {
 public:
+    // Of a source, without faults.
+    explicit ReadForm(const Form &form);
     // Prints what is wrong with a source to err. Throws WrongUsage and FileProblem.
     ReadForm(const FormPaths &paths, std::ostream &err);
 
@@ -76,6 +82,7 @@ public:
     bool is_trait_text(std::uint32_t number) const;
 
 private:
+    void take(const Form &form);
     void read_source(const std::string &path, const std::string &bytes, std::ostream &err);
     void read_files(const FormPaths &paths);
     void read_traits();

@@ -25,7 +25,6 @@
 namespace velform {
 namespace {
 
-constexpr std::uint32_t largest_side = 8192;
 constexpr std::size_t most_warnings = 100;
 
 // Reads the whole text as a number, or returns nothing.
@@ -35,19 +34,6 @@ std::optional<std::uint32_t> number_in(std::string_view text, int base = 10) {
     const auto [stop, fault] = std::from_chars(text.data(), end, number, base);
     if (fault != std::errc{} || stop != end) return std::nullopt;
     return number;
-}
-
-Size size_in(std::string_view text) {
-    const std::size_t cross = std::min(text.find('x'), text.size());
-    const auto width = number_in(text.substr(0, cross));
-    const auto height = number_in(text.substr(std::min(cross + 1, text.size())));
-    const auto is_good = [](auto side) { return side && *side > 0 && *side <= largest_side; };
-    if (!is_good(width) || !is_good(height)) {
-        throw WrongUsage(fmt::format("the size must be like 800x600, with sides of at most {}, not "
-                                     "'{}'",
-                                     largest_side, text));
-    }
-    return {*width, *height};
 }
 
 vel_colour colour_in(std::string_view text) {

@@ -1,5 +1,7 @@
 #include "stage.h"
 
+#include <algorithm>
+#include <charconv>
 #include <cstdlib>
 #include <filesystem>
 #include <new>
@@ -11,11 +13,20 @@
 namespace velform {
 namespace {
 
+constexpr std::uint32_t largest_side = 8192;
 constexpr vel_colour mark_colour{0x2F, 0x6F, 0xDE};
 
 Surface owned(SDL_Surface *surface) {
     if (surface == nullptr) throw std::bad_alloc();
     return Surface(surface);
+}
+
+// 0 for what is no side.
+std::uint32_t side_in(std::string_view digits) {
+    std::uint32_t side = 0;
+    const char *const end = digits.data() + digits.size();
+    const auto [stop, fault] = std::from_chars(digits.data(), end, side);
+    return fault == std::errc{} && stop == end && side <= largest_side ? side : 0;
 }
 
 // Events come to a loop only with a display, which need not be seen.
@@ -27,6 +38,18 @@ SDL_Surface *new_display(Size size) {
 }
 
 } // namespace
+
+Size size_in(std::string_view text) {
+    const std::size_t cross = std::min(text.find('x'), text.size());
+    const Size size{side_in(text.substr(0, cross)),
+                    side_in(text.substr(std::min(cross + 1, text.size())))};
+    if (size.width == 0 || size.height == 0) {
+        throw WrongUsage(fmt::format("the size must be like 800x600, with sides of at most {}, not "
+                                     "'{}'",
+                                     largest_side, text));
+    }
+    return size;
+}
 
 Surface new_surface(Size size) {
     return owned(SDL_CreateRGBSurface(SDL_SWSURFACE, static_cast<int>(size.width),
@@ -76,6 +99,12 @@ void Stage::load(const std::string &form, const std::string &text) {
     const std::int32_t result = vel_load_forms(&ctx_, 0, 0, form.c_str(), text.c_str());
     if (result == VEL_OK) return;
     throw FileProblem(fmt::format("cannot load {} and {}: {}", form, text, vel_error_text(result)));
+}
+
+void Stage::load(const vel_form_data &form) {
+    const std::int32_t result = vel_load_forms_from_memory(&ctx_, 0, 0, &form);
+    if (result != VEL_OK)
+        throw FileProblem(fmt::format("cannot load the form: {}", vel_error_text(result)));
 }
 
 } // namespace velform

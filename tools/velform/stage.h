@@ -3,6 +3,7 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include <velumo.h>
 
@@ -11,6 +12,9 @@ namespace velform {
 struct Size {
     std::uint32_t width, height;
 };
+
+// Reads a size like "800x600", with sides of at most 8192. Throws WrongUsage.
+Size size_in(std::string_view text);
 
 inline constexpr const char *standard_font = "/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf";
 
@@ -33,6 +37,8 @@ public:
 
     // Throws FileProblem.
     void load(const std::string &form, const std::string &text);
+    // The data must last as long as the stage.
+    void load(const vel_form_data &form);
 
     vel_context &ctx() { return ctx_; }
 

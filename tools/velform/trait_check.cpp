@@ -36,7 +36,7 @@ private:
              {Field::focus, Field::default_answer, Field::cancel_answer, Field::access_key}) {
             if (!button.settings[field]) continue;
             diagnostics_.warning(
-                place_of(button, field),
+                place_of(button, field), Rule::meaningless_key,
                 fmt::format("`{}` means nothing for a frame button", record_field(field).key));
         }
     }
@@ -69,7 +69,7 @@ private:
         const auto [first, is_new] = keys_.try_emplace({place_of_keys(object), key}, &object);
         if (is_new) return;
         diagnostics_.warning(
-            place_of(object, Field::access_key),
+            place_of(object, Field::access_key), Rule::taken_key,
             fmt::format("the key \"{}\" is taken, see line {}; only the first object gets it", key,
                         place_of(*first->second, Field::access_key).line));
     }
