@@ -30,9 +30,6 @@ std::string with_suffix(const std::string &path, const char *suffix) {
     return fs::path(path).replace_extension(suffix).string();
 }
 
-constexpr std::size_t largest_source = std::size_t{256}
-                                       << 20; // bytes, for raw ones of the largest files
-
 // "-" is standard input, or standard output.
 void name_streams(CompileOptions &options) {
     if (options.source == "-") options.source = "/dev/stdin";

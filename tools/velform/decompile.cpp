@@ -10,6 +10,7 @@
 #include "header.h"
 #include "identifier.h"
 #include "records.h"
+#include "source_layout.h"
 #include "source_writer.h"
 #include "toml_text.h"
 
@@ -87,7 +88,7 @@ Status decompile(const DecompileOptions &options, std::ostream &out) {
     const std::string header =
         options.header.empty() ? next_to(options.form, ".h") : options.header;
     const FormBytes bytes{read_file(options.form), text.empty() ? "" : read_file(text)};
-    const std::string source = source_for(bytes, names_in(header));
+    const std::string source = laid_out(source_for(bytes, names_in(header)));
     if (options.output.empty()) {
         out << source;
     } else {

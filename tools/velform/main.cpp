@@ -17,6 +17,7 @@
 #include "diff.h"
 #include "fields_page.h"
 #include "files.h"
+#include "format.h"
 #include "list.h"
 #include "printable.h"
 #include "render.h"
@@ -47,6 +48,7 @@ public:
         add_compile();
         add_check();
         add_decompile();
+        add_format();
         add_render();
         add_list();
         add_diff();
@@ -155,6 +157,16 @@ private:
                             "C header with the names [the form's name with .h, if it is there]");
         command->add_option("-o,--output", decompile_.output, "Source to write [standard output]");
         command->callback([this] { action_ = [this] { return decompile(decompile_, out_); }; });
+    }
+
+    void add_format() {
+        CLI::App *command =
+            app_.add_subcommand("format", "Rewrite sources in the standard layout, comments kept");
+        command->add_option("sources", format_.sources, "Form sources, TOML")->required();
+        command->add_flag("--check", format_.only_checks,
+                          "Write nothing, print the sources that are not in it");
+        command->callback(
+            [this] { action_ = [this] { return format(format_, out_, std::cerr); }; });
     }
 
     void add_render() {
@@ -266,6 +278,7 @@ private:
     CheckOptions check_;
     CompileOptions compile_;
     DecompileOptions decompile_;
+    FormatOptions format_;
     RenderOptions render_;
     ListOptions list_;
     DiffOptions diff_;
