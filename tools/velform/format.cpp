@@ -32,7 +32,7 @@ Status format(const FormatOptions &options, std::ostream &out, std::ostream &err
     for (const std::string &name : options.sources) {
         Diagnostics diagnostics;
         Formatted source = formatted(name, diagnostics);
-        diagnostics.print(err, name);
+        diagnostics.print(err, {name});
         are_good = are_good && !diagnostics.has_errors();
         const bool differs = source.after != source.before;
         if (differs && options.only_checks) out << printable(name) << '\n';
