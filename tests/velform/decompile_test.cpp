@@ -102,6 +102,10 @@ TEST(Decompile, says_in_words_what_has_words) {
         {test::object("label", "rect = [-1, 2, 3, 4]"), "rect = [-1, 2, 3, 4]\n"},
         {test::object("picture", "picture = 'a/b.png'"), "picture = \"a/b.png\"\n"},
         {"[frame]\npictures = 'own'\n", "pictures = \"own\"\n"},
+        {"[[object]]\nkind = 'choice'\nrows = ['a']\ntip = 'T'", "tip = \"T\"\n"},
+        {"theme = 'light'\n" + test::object("label", "tip = 'T'\nlabel = 'L'\nborder = 'fitted'") +
+             "objects = [{ kind = 'choice', x = 3 }, { kind = 'list', rect = [0, 0, 90, 90] }]",
+         "theme = \"light\""},
     };
     for (const auto &[source, words] : cases) {
         SCOPED_TRACE(source);

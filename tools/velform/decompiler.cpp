@@ -328,10 +328,12 @@ private:
             means_something(record_field(Field::focus), object.type())) {
             change(object, Field::focus, std::int64_t{is_wanted ? 1 : 0});
         }
-        const std::optional<Setting> &align = wanted[Field::align];
-        const std::optional<Setting> &given = object.settings[Field::align];
-        if (align && (!given || given->number() != align->number())) {
-            change(object, Field::align, align->value);
+        const auto align_of = [](const Settings &settings) {
+            return settings[Field::align] ? settings[Field::align]->number() : 0;
+        };
+        if (means_something(record_field(Field::align), object.type()) &&
+            align_of(wanted) != align_of(object.settings)) {
+            change(object, Field::align, align_of(wanted));
         }
     }
 

@@ -30,6 +30,11 @@ bool is_of_kinds(std::string_view key) {
                                [key](const PartRow &row) { return is_one_of(row.keys, key); });
 }
 
+// Those that are no field of an object.
+bool is_part_key(std::string_view key) {
+    return std::ranges::find(part_keys(), key, &PartKey::key) != part_keys().end();
+}
+
 class PartReader {
 public:
     PartReader(const ReadObjects &read_objects, Diagnostics &diagnostics)
@@ -74,9 +79,11 @@ private:
         return nullptr;
     }
 
+    // What is raw may say by itself which part it is.
     void refuse_keys_without_kind(const toml::table &table) {
+        const bool is_raw_part = table.at_path("raw.part").is_integer();
         for (const auto &[key, node] : table) {
-            if (!is_of_kinds(key.str())) continue;
+            if (!is_of_kinds(key.str()) || (is_raw_part && !is_part_key(key.str()))) continue;
             diagnostics_.error(position_of(key),
                                fmt::format("`{}` means nothing without a `kind`", key.str()));
         }

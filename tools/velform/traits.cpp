@@ -10,6 +10,11 @@ bool is_said(const FormObject &object, Field field) {
            means_something(record_field(field), object.type());
 }
 
+// A caption is centred unless something else is said.
+bool is_worth_a_word(const FormObject &object, Field field) {
+    return is_said(object, field) && (field != Field::align || object.value(field) != 0);
+}
+
 bool is_in_menu(const Form &form, const FormObject &object) {
     std::uint32_t at = object.master;
     while (at != 0 && form.object(at).type() != VEL_TYPE_MENU) at = form.object(at).master;
@@ -39,7 +44,7 @@ std::string words_of(const Form &form, const FormObject &object) {
 #define MARK(field, key, word, ...)                                                                \
     if (is_set(object, Field::field)) words += " " word;
 #define VALUE(field, kind, key, word, ...)                                                         \
-    if (is_said(object, Field::field))                                                             \
+    if (is_worth_a_word(object, Field::field))                                                     \
         words += fmt::format(" " word "={}", object.value(Field::field));
 // These go to the end of the line.
 #define PHRASE(field, key, word, ...)                                                              \
