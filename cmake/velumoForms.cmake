@@ -6,6 +6,9 @@
 # program's include path. The folders named after PICTURES are copied to the same place first, and
 # the form tool adds the pictures of the frame buttons, so that the program can be run from there.
 #
+# A lock file next to a source, <name>.form.lock, keeps the numbers of the objects; it is written
+# again when there are new ones.
+#
 # With EMBED, form, texts and pictures, and with FONTS the fonts as well, are compiled into the
 # program, which loads them with vel_load_forms_from_memory() and can be run from anywhere.
 
@@ -28,6 +31,9 @@ function(velumo_compile_form target source pictures options)
     get_filename_component(name ${source} NAME_WE)
     get_filename_component(source ${source} ABSOLUTE)
     set(base ${CMAKE_CURRENT_BINARY_DIR}/${name})
+    # With a pattern, so that CMake notices when it comes or goes.
+    string(REGEX REPLACE "[.][^.]*$" "" lock ${source})
+    file(GLOB lock CONFIGURE_DEPENDS ${lock}.form.lock)
     set(data "")
     if(options)
         set(data ${base}_form.c)
@@ -39,7 +45,7 @@ function(velumo_compile_form target source pictures options)
         COMMAND
             ${velform} compile ${source} --form ${base}.form --text ${base}.text
             --header ${base}.h --depfile ${base}.d ${options}
-        DEPENDS ${source} ${velform} ${pictures}
+        DEPENDS ${source} ${lock} ${velform} ${pictures}
         DEPFILE ${base}.d
         COMMENT "Compiling form ${name}"
         VERBATIM

@@ -37,13 +37,13 @@ struct Compiled {
     std::string form, texts, header, messages;
     bool is_good = false;
 
-    explicit Compiled(const std::string &source) {
+    explicit Compiled(const std::string &source, velform::Lock *lock = nullptr) {
         velform::Diagnostics diagnostics;
         if (auto root = velform::parse_toml(source, diagnostics)) {
             // Most tests are of what a source says, and those of themes say which one.
             if (!root->contains("theme")) root->insert("theme", "none");
             const auto read = velform::read_form_source(*root, diagnostics);
-            const auto built = velform::build_form(read, diagnostics);
+            const auto built = velform::build_form(read, diagnostics, lock);
             velform::check_form(built, diagnostics);
             form = velform::form_file_bytes(built);
             texts = velform::text_file_bytes(built);

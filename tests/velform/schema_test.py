@@ -12,7 +12,7 @@ import jsonschema
 FAULTY = ("colour = 1", "[[object]]\ntyp = 'label'", "[[object]]\nx = 'left'",
           "[[object]]\nfill = '#12345'", "[[object]]\nkind = 'chek'", "theme = 'drak'",
           "[[file_dialog]]\ntitle = 'T'", "[styles.a]\nid = 'b'", "object = {}",
-          "[[object]]\nrect = [1, 2, 3]")  # fmt: skip
+          "[[object]]\nrect = [1, 2, 3]", "spare = { rows = 0 }")  # fmt: skip
 
 
 def main():

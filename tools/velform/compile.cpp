@@ -12,13 +12,12 @@
 #include "destination.h"
 #include "embed.h"
 #include "files.h"
-#include "form_builder.h"
-#include "form_check.h"
 #include "header.h"
 #include "identifier.h"
 #include "needed_files.h"
 #include "printable.h"
 #include "records.h"
+#include "source_form.h"
 #include "toml_text.h"
 
 namespace velform {
@@ -33,7 +32,8 @@ std::string with_suffix(const std::string &path, const char *suffix) {
 // "-" is standard input, or standard output.
 void name_streams(CompileOptions &options) {
     if (options.source == "-") options.source = "/dev/stdin";
-    for (std::string *path : {&options.form, &options.text, &options.header, &options.embed}) {
+    for (std::string *path :
+         {&options.form, &options.text, &options.header, &options.embed, &options.depfile}) {
         if (*path == "-") *path = "/dev/stdout";
     }
 }
@@ -60,7 +60,8 @@ CompileOptions with_all_paths(CompileOptions options) {
 // Of those that are files.
 bool name_different_files(const CompileOptions &o) {
     std::set<fs::path> paths;
-    for (const std::string &path : {o.source, o.form, o.text, o.header, o.embed, o.depfile}) {
+    for (const std::string &path :
+         {o.source, lock_path_of(o.source), o.form, o.text, o.header, o.embed, o.depfile}) {
         if (!path.empty() && !is_stream(path) && !paths.insert(fs::weakly_canonical(path)).second)
             return false;
     }
@@ -93,12 +94,14 @@ std::string for_make(const std::string &path) {
     return name;
 }
 
-// A rule for make without a recipe: the form depends on the source and on what is embedded.
-std::string dependencies(const CompileOptions &options, const Form &form,
+// A rule for make without a recipe: the form depends on the source, its lock file and what is
+// embedded.
+std::string dependencies(const CompileOptions &options, const SourceForm &source,
                          const std::vector<std::string> &folders) {
     std::string rule = for_make(options.form) + ": " + for_make(options.source);
+    if (!source.lock_path().empty()) rule += " " + for_make(source.lock_path());
     std::set<std::string> read;
-    for (const NeededFile &file : needed_files(form)) {
+    for (const NeededFile &file : needed_files(source.form())) {
         const bool is_embedded = !options.embed.empty() && (!file.is_font || options.embed_fonts);
         const std::string place = place_in(folders, file.name);
         if (is_embedded && !place.empty()) read.insert(for_make(place));
@@ -113,23 +116,22 @@ struct Outputs {
 };
 
 // What it returns counts only when nothing is wrong.
-Outputs outputs_of(const CompileOptions &options, Diagnostics &diagnostics) {
-    const std::string bytes = read_file(options.source, largest_source);
-    const auto root = parse_toml(bytes, diagnostics);
-    if (!root) return {};
-    const FormSource source = read_form_source(*root, diagnostics);
-    const Form form = build_form(source, diagnostics);
-    check_form(form, diagnostics);
-    const std::string prefix = prefix_of(options, source, diagnostics);
-    std::string header = header_text(form, prefix, diagnostics, !options.embed.empty());
-    if (diagnostics.has_errors()) return {};
+Outputs outputs_of(const CompileOptions &options, SourceForm &source, std::string_view bytes) {
+    const Form &form = source.form();
+    const std::string prefix = prefix_of(options, source.source(), source.diagnostics());
+    std::string header = header_text(form, prefix, source.diagnostics(), !options.embed.empty());
+    if (source.has_errors()) return {};
     const ReadForm read(form);
-    check_types(CheckedForm(read, &form, diagnostics));
-    apply_allowances(bytes, Allowed::of_some_rules, diagnostics);
-    Outputs outputs{{{options.form, form_file_bytes(form)},
-                     {options.text, text_file_bytes(form)},
-                     {options.header, std::move(header)}},
-                    {}};
+    check_types(CheckedForm(read, &form, source.diagnostics()));
+    apply_allowances(bytes, Allowed::of_some_rules, source.diagnostics());
+    Outputs outputs;
+    // First, so that make does not find it newer than what is made with it.
+    if (auto lock = source.changed_lock()) {
+        outputs.files.push_back({source.lock_path(), std::move(*lock)});
+    }
+    outputs.files.push_back({options.form, form_file_bytes(form)});
+    outputs.files.push_back({options.text, text_file_bytes(form)});
+    outputs.files.push_back({options.header, std::move(header)});
     const std::string folder = folder_of(options.form);
     const std::vector<std::string> folders = {folder, folder_of(options.source)};
     if (!options.embed.empty()) {
@@ -137,7 +139,7 @@ Outputs outputs_of(const CompileOptions &options, Diagnostics &diagnostics) {
         outputs.files.push_back({options.embed, embedded_form(form, prefix, files)});
     }
     if (!options.depfile.empty()) {
-        outputs.files.push_back({options.depfile, dependencies(options, form, folders)});
+        outputs.files.push_back({options.depfile, dependencies(options, source, folders)});
     }
     // Nobody knows where a form will be that goes through a pipe.
     if (is_stream(options.form)) return outputs;
@@ -162,16 +164,20 @@ Status compile(const CompileOptions &given, std::ostream &out, std::ostream &err
     if (!name_different_files(options)) {
         throw WrongUsage("the source and the outputs must be different files");
     }
+    if (options.lock && lock_path_of(options.source).empty()) {
+        throw WrongUsage("a source that is no file can have no lock file");
+    }
     if (!options.prefix.empty() && !is_identifier(options.prefix)) {
         throw WrongUsage("the prefix must be a letter followed by letters, digits and '_', "
                          "255 characters at most");
     }
-    Diagnostics diagnostics;
-    const Outputs outputs = outputs_of(options, diagnostics);
+    const std::string bytes = read_file(options.source, largest_source);
+    SourceForm source(options.source, bytes, options.lock);
+    const Outputs outputs = outputs_of(options, source, bytes);
     Report report{given.source};
     report.has_colours = options.has_colours;
-    diagnostics.print(err, report);
-    if (diagnostics.has_errors()) return Status::faulty_source;
+    source.print_diagnostics(err, report);
+    if (source.has_errors()) return Status::faulty_source;
     replace_files(outputs.files);
     report_missing(options, outputs.missing, out);
     return Status::done;

@@ -15,6 +15,7 @@ struct CompileOptions {
     std::string embed;              // C file with all that the form needs; empty: none
     bool embed_fonts = false;
     bool has_colours = false;
+    bool lock = false;   // make a lock file, see source_form.h
     std::string depfile; // for make: what the outputs are made of; empty: none
 };
 

@@ -20,19 +20,31 @@ struct FormObject {
     std::uint32_t text = 0; // number of its text
     std::uint32_t menu = 0; // number of the menu that it opens
     std::uint32_t text_length = 0;
+    bool is_empty = false; // all zero: spare, or of a number that nothing has
     std::vector<std::uint32_t> dependents;
 
     std::int64_t value(Field field) const { return settings[field]->number(); }
     std::uint32_t type() const { return static_cast<std::uint32_t>(value(Field::type)); }
 };
 
+struct SpareNumbers {
+    const SpareRun *run;
+    std::uint32_t first, count;
+};
+
 struct Form {
     std::vector<FormObject> objects; // object 1 comes first
-    std::vector<std::string> texts;  // text 1 comes first
+    std::vector<SpareNumbers> spare;
+    std::vector<std::string> texts; // text 1 comes first
     RawForm raw;
 
     const FormObject &object(std::uint32_t number) const { return objects[number - 1]; }
 };
+
+// The settings that an object of a type has when nothing is said.
+Settings standard_settings(std::uint32_t type);
+
+FormObject empty_record(std::uint32_t number);
 
 // Whether the text of a chain flows into the object from the head of the chain.
 inline bool is_chain_member(const Form &form, const FormObject &object) {

@@ -7,6 +7,7 @@
 
 #include <fmt/format.h>
 
+#include "numbering.h"
 #include "pieces.h"
 #include "styles.h"
 #include "suggestion.h"
@@ -14,21 +15,6 @@
 
 namespace velform {
 namespace {
-
-Settings standard_settings(std::uint32_t type) {
-    Settings settings;
-    for (const RecordField &row : record_table()) {
-        if (row.kind == Kind::caption || row.kind == Kind::path || row.kind == Kind::object) {
-            settings[row.field] = Setting{std::string{}, {}};
-        } else if (!row.key.empty() && row.kind != Kind::text) {
-            settings[row.field] = Setting{row.standard, {}};
-        }
-    }
-    for (const TypeStandard &standard : type_standards()) {
-        if (standard.type == type) settings[standard.field] = Setting{standard.value, {}};
-    }
-    return settings;
-}
 
 // As the edges of the pictures that come with velform, see scripts/draw-frame-pictures.
 constexpr std::int64_t frame_button_edge = 0x93A1B5, close_button_edge = 0xB02E36;
@@ -50,8 +36,9 @@ Settings frame_button_settings(const FormSource &source, std::uint32_t button) {
 
 class Builder {
 public:
-    Builder(const FormSource &source, Diagnostics &diagnostics)
-        : source_(source), diagnostics_(diagnostics), styles_(source, diagnostics) {}
+    Builder(const FormSource &source, Diagnostics &diagnostics, Lock *lock)
+        : source_(source), diagnostics_(diagnostics), styles_(source, diagnostics),
+          numbering_(lock, source, diagnostics) {}
 
     Form build() {
         std::size_t count = VEL_FRAME_BUTTONS;
@@ -65,6 +52,7 @@ public:
         }
         add_list(source_.objects, 0);
         add_tip_label();
+        numbering_.number_objects(form_);
         note_ids();
         for (FormObject &object : form_.objects) {
             add_text(object);
@@ -72,6 +60,8 @@ public:
             link_scroll_bar(object);
             number_group(object);
         }
+        form_.texts.resize(
+            std::max<std::size_t>(form_.texts.size(), numbering_.skip_locked_texts()));
         if (source_.raw.writes_traits) add_traits();
         add_raw_texts();
         refuse_raw_texts_beyond();
@@ -197,31 +187,28 @@ private:
         if (object.source->raw.text) {
             object.text = *object.source->raw.text;
         } else if (!object.source->rows.empty()) {
-            object.text = new_text(object.source->rows);
+            object.text = put_text(numbering_.text_for(object), object.source->rows);
         } else if (takes_text(form_, object)) {
-            object.text = new_text(text ? text->string() : std::string{});
-            object.text_length = static_cast<std::uint32_t>(form_.texts.back().size());
+            const std::string words = text ? text->string() : std::string{};
+            object.text = put_text(numbering_.text_for(object), words);
+            object.text_length = static_cast<std::uint32_t>(words.size());
         } else if (means_something(record_field(Field::label), object.type())) {
             const std::string &label = object.settings[Field::label]->string();
             object.text_length = static_cast<std::uint32_t>(label.size());
         }
     }
 
-    // Returns its number, the first that no raw text has.
-    std::uint32_t new_text(const std::string &text) {
-        add_raw_texts();
-        form_.texts.push_back(text);
-        return static_cast<std::uint32_t>(form_.texts.size());
+    std::uint32_t put_text(std::uint32_t number, const std::string &text) {
+        if (form_.texts.size() < number) form_.texts.resize(number);
+        form_.texts[number - 1] = text;
+        return number;
     }
 
-    // Those whose turn it is.
+    // Up to the first that has neither a place among the others nor is next to one.
     void add_raw_texts() {
-        const auto &texts = source_.raw.texts;
-        const auto next = [&] {
-            return texts.find(static_cast<std::uint32_t>(form_.texts.size() + 1));
-        };
-        for (auto at = next(); at != texts.end() && at->second.text; at = next()) {
-            form_.texts.push_back(*at->second.text);
+        for (const auto &[number, text] : source_.raw.texts) {
+            if (number > form_.texts.size() + 1) return;
+            if (text.text) put_text(number, *text.text);
         }
     }
 
@@ -253,8 +240,10 @@ private:
                                "first frame button, which must be a label or a picture for it");
             return;
         }
-        first.text = new_text(texts.front());
-        for (const std::string &text : texts | std::views::drop(1)) new_text(text);
+        first.text = put_text(numbering_.next_text(), texts.front());
+        for (const std::string &text : texts | std::views::drop(1)) {
+            put_text(numbering_.next_text(), text);
+        }
         if (form_.texts.size() > most_records) {
             diagnostics_.error({}, fmt::format("a form holds at most {} texts, with those for what "
                                                "it says of keys and answers; take some out",
@@ -304,10 +293,6 @@ private:
         if (!has_tips || has_label) return;
         const ObjectSource &label = source_.tip_label;
         add(label, 0, label.own, label.role);
-        if (form_.objects.size() <= most_records) return;
-        diagnostics_.error({}, fmt::format("a form holds at most {} objects, with that for its "
-                                           "tips; take some out",
-                                           most_records));
     }
 
     void link_scroll_bar(FormObject &object) {
@@ -371,6 +356,7 @@ private:
     const FormSource &source_;
     Diagnostics &diagnostics_;
     StyleResolver styles_;
+    Numbering numbering_;
     Form form_;
     std::unordered_map<std::string_view, std::uint32_t> numbers_; // by id; the first wins
     Suggestions menus_, ids_;
@@ -383,8 +369,31 @@ private:
 
 } // namespace
 
-Form build_form(const FormSource &source, Diagnostics &diagnostics) {
-    return Builder(source, diagnostics).build();
+Settings standard_settings(std::uint32_t type) {
+    Settings settings;
+    for (const RecordField &row : record_table()) {
+        if (row.kind == Kind::caption || row.kind == Kind::path || row.kind == Kind::object) {
+            settings[row.field] = Setting{std::string{}, {}};
+        } else if (!row.key.empty() && row.kind != Kind::text) {
+            settings[row.field] = Setting{row.standard, {}};
+        }
+    }
+    for (const TypeStandard &standard : type_standards()) {
+        if (standard.type == type) settings[standard.field] = Setting{standard.value, {}};
+    }
+    return settings;
+}
+
+FormObject empty_record(std::uint32_t number) {
+    static const ObjectSource nothing;
+    FormObject record(&nothing, standard_settings(VEL_TYPE_EMPTY));
+    record.number = number;
+    record.is_empty = true;
+    return record;
+}
+
+Form build_form(const FormSource &source, Diagnostics &diagnostics, Lock *lock) {
+    return Builder(source, diagnostics, lock).build();
 }
 
 } // namespace velform

@@ -116,7 +116,9 @@ private:
 } // namespace
 
 void check_form(const Form &form, Diagnostics &diagnostics) {
-    for (const FormObject &object : form.objects) ObjectCheck(form, object, diagnostics).run();
+    for (const FormObject &object : form.objects) {
+        if (!object.is_empty) ObjectCheck(form, object, diagnostics).run();
+    }
     check_traits(form, diagnostics);
 }
 

@@ -26,7 +26,7 @@ struct ListKey {
 constexpr std::size_t most_styles = 10000;
 constexpr std::size_t most_hints = 1000; // beyond these, hints would only take time
 constexpr std::string_view file_dialog_key = "file_dialog";
-constexpr std::string_view raw_key = "raw";
+constexpr std::string_view raw_key = "raw", spare_key = "spare";
 
 constexpr ListKey list_keys[] = {
     {"object", {}}, {"objects", {}}, {"window", VEL_TYPE_WINDOW}, {"windows", VEL_TYPE_WINDOW}};
@@ -78,10 +78,11 @@ public:
 
     FormSource read(const toml::table &root) {
         FormSource source;
-        refuse_unknown_keys(root,
-                            Keys{"prefix", "theme", "styles", "frame", raw_key, file_dialog_key} +
-                                keys_of_lists(),
-                            "a form");
+        refuse_unknown_keys(
+            root,
+            Keys{"prefix", "theme", "styles", "frame", raw_key, spare_key, file_dialog_key} +
+                keys_of_lists(),
+            "a form");
         if (const toml::node *theme = root.get("theme")) source.theme = read_theme(*theme);
         theme_ = source.theme;
         if (const toml::node *prefix = root.get("prefix")) {
@@ -105,6 +106,7 @@ public:
         }
         std::ranges::move(last_objects_, std::back_inserter(source.objects));
         source.tip_label = tip_label();
+        if (const toml::table *spare = table_in(root, spare_key)) read_spare(*spare, source.spare);
         return source;
     }
 
@@ -209,6 +211,29 @@ private:
                 fmt::format("`pictures` must have at most {} bytes, none of them 0", limit));
         }
         return folder;
+    }
+
+    void read_spare(const toml::table &table, std::vector<SpareRun> &spare) {
+        constexpr auto most = static_cast<std::int64_t>(most_records - VEL_FRAME_BUTTONS);
+        for (const auto &[key, node] : table) {
+            const auto count = node.value_exact<std::int64_t>();
+            if (!is_identifier(key.str())) {
+                diagnostics_.error(position_of(key),
+                                   fmt::format("the name of spare objects must be a letter "
+                                               "followed by letters, digits and '_', of at most "
+                                               "{} characters",
+                                               longest_identifier));
+            } else if (!count || *count < 1 || *count > most) {
+                diagnostics_.error(position_of(node),
+                                   fmt::format("`{}` must be how many spare objects there are, "
+                                               "from 1 to {}",
+                                               key.str(), most));
+            } else if (take_room(static_cast<std::size_t>(*count), position_of(key))) {
+                spare.push_back(
+                    {std::string(key.str()), position_of(key), static_cast<std::uint32_t>(*count)});
+            }
+        }
+        std::ranges::sort(spare, {}, &SpareRun::where);
     }
 
     void read_block(const toml::table &table, Block &block) {

@@ -56,6 +56,13 @@ inline constexpr std::size_t most_records = 65536;
 // Where the pictures of the frame buttons are, unless the source names another folder.
 inline constexpr std::string_view standard_frame_folder = "frame";
 
+// Empty records of the form, for objects that a program makes.
+struct SpareRun {
+    std::string name;
+    Position where;
+    std::uint32_t count;
+};
+
 struct FormSource {
     std::optional<std::string> prefix; // of the names in the header
     Position prefix_where;
@@ -65,6 +72,7 @@ struct FormSource {
     std::array<ObjectSource, VEL_FRAME_BUTTONS> frame_buttons;
     std::vector<ObjectSource> objects;
     ObjectSource tip_label; // for forms that have tips
+    std::vector<SpareRun> spare;
     RawForm raw;
 };
 

@@ -14,6 +14,14 @@ namespace {
 
 constexpr std::string_view guard_line = "#ifndef VELFORM_";
 constexpr std::string_view indent = "    ";
+constexpr std::string_view spare_title = "Spare objects of the form, the first and how many.";
+
+// What becomes a constant.
+struct Named {
+    std::string_view name;
+    Position where;
+    std::string_view kind; // of name
+};
 
 class HeaderWriter {
 public:
@@ -23,16 +31,23 @@ public:
           data_(is_embedded ? name_of_data(prefix) : ""), diagnostics_(diagnostics) {}
 
     std::string write() {
-        std::string objects, texts;
+        std::string objects, texts, spare;
         for (const FormObject &object : form_.objects) {
             if (object.source->id.empty()) continue;
-            objects += constant(object, "", object.number);
-            if (object.text != 0) texts += constant(object, "_TEXT", object.text);
+            const Named named{object.source->id, object.source->id_where, "id"};
+            objects += constant(named, "", object.number);
+            if (object.text != 0) texts += constant(named, "_TEXT", object.text);
+        }
+        for (const SpareNumbers &numbers : form_.spare) {
+            const Named named{numbers.run->name, numbers.run->where, "name"};
+            spare += constant(named, "", numbers.first);
+            spare += constant(named, "_COUNT", numbers.count);
         }
         return fmt::format("/* Made by velform: change the form source, not this. */\n"
-                           "#ifndef {0}\n#define {0}\n{1}{2}{3}\n#endif\n",
+                           "#ifndef {0}\n#define {0}\n{1}{2}{3}{4}\n#endif\n",
                            guard_, list("Objects of the form.", objects),
-                           list("Texts of the form.", texts), declaration());
+                           list("Texts of the form.", texts), list(spare_title, spare),
+                           declaration());
     }
 
 private:
@@ -51,31 +66,27 @@ private:
                            data_);
     }
 
-    std::string constant(const FormObject &object, std::string_view suffix, std::uint32_t number) {
-        const ObjectSource &source = *object.source;
-        const std::string name = fmt::format("{}_{}{}", prefix_, upper_case(source.id), suffix);
-        const auto [first, is_new] = names_.try_emplace(name, &source);
-        if (!is_new || name == guard_) report_clash(source, *first->second, name);
+    std::string constant(const Named &named, std::string_view suffix, std::uint32_t number) {
+        const std::string name = fmt::format("{}_{}{}", prefix_, upper_case(named.name), suffix);
+        const auto [first, is_new] = names_.try_emplace(name, named);
+        if (!is_new || name == guard_) report_clash(named, first->second, name);
         if (name == data_) {
-            diagnostics_.error(source.id_where, fmt::format("the id '{}' becomes {} in the header, "
-                                                            "as the embedded form does; choose "
-                                                            "another",
-                                                            source.id, name));
+            diagnostics_.error(named.where, fmt::format("the {} '{}' becomes {} in the header, as "
+                                                        "the embedded form does; choose another",
+                                                        named.kind, named.name, name));
         }
         return fmt::format("    {} = {},\n", name, number);
     }
 
-    void report_clash(const ObjectSource &source, const ObjectSource &first,
-                      const std::string &name) {
+    void report_clash(const Named &named, const Named &first, const std::string &name) {
         const std::string what =
-            first.id == source.id
-                ? fmt::format("the id '{}' is taken", source.id)
-                : fmt::format("the id '{}' becomes {} in the header, as '{}' does", source.id, name,
-                              first.id);
-        diagnostics_.error(
-            source.id_where,
-            fmt::format("{}, see line {}; choose another", what, first.id_where.line),
-            Rule::duplicate_name);
+            first.name == named.name
+                ? fmt::format("the {} '{}' is taken", named.kind, named.name)
+                : fmt::format("the {} '{}' becomes {} in the header, as '{}' does", named.kind,
+                              named.name, name, first.name);
+        diagnostics_.error(named.where,
+                           fmt::format("{}, see line {}; choose another", what, first.where.line),
+                           Rule::duplicate_name);
     }
 
     const Form &form_;
@@ -83,7 +94,7 @@ private:
     const std::string guard_;
     const std::string data_; // empty when the form is not embedded
     Diagnostics &diagnostics_;
-    std::map<std::string, const ObjectSource *> names_;
+    std::map<std::string, Named> names_;
 };
 
 } // namespace
@@ -103,8 +114,9 @@ std::string header_text(const Form &form, std::string_view prefix, Diagnostics &
 
 HeaderNames::HeaderNames(const std::string &header) {
     std::istringstream lines(header);
-    // The list of objects comes first; that of texts must not be taken for it.
-    for (std::string line; std::getline(lines, line) && line != "};";) {
+    // The list of objects comes first; those of texts and spare ones must not be taken for it.
+    for (std::string line;
+         std::getline(lines, line) && line != "};" && line.find(spare_title) == line.npos;) {
         const std::size_t equals = line.find(" = ");
         if (line.starts_with(guard_line)) {
             prefix_ = line.substr(guard_line.size(), line.rfind('_') + 1 - guard_line.size());

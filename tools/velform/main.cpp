@@ -119,6 +119,9 @@ private:
             "--embed", compile_.embed, "C file to write, with the form and its pictures as data");
         command->add_option("--depfile", compile_.depfile,
                             "File to write with a rule for make: what the form is made of");
+        command->add_flag(
+            "--lock", compile_.lock,
+            "Make a lock file next to the source, so that objects keep their numbers");
         command->add_flag("--embed-fonts", compile_.embed_fonts, "Put the fonts into it as well")
             ->needs(embed);
         add_colour(*command, compile_.has_colours);

@@ -8,14 +8,12 @@
 
 #include "destination.h"
 #include "files.h"
-#include "form_builder.h"
-#include "form_check.h"
 #include "header.h"
 #include "identifier.h"
 #include "printable.h"
 #include "record_bytes.h"
 #include "records.h"
-#include "toml_text.h"
+#include "source_form.h"
 
 namespace velform {
 namespace {
@@ -154,18 +152,12 @@ void ReadForm::take(const Form &form) {
 }
 
 void ReadForm::read_source(const std::string &path, const std::string &bytes, std::ostream &err) {
-    Diagnostics diagnostics;
-    const auto root = parse_toml(bytes, diagnostics);
-    if (root) {
-        const FormSource source = read_form_source(*root, diagnostics);
-        const Form form = build_form(source, diagnostics);
-        check_form(form, diagnostics);
-        // Records hold only what has no faults.
-        if (!diagnostics.has_errors()) take(form);
+    SourceForm source(path, bytes);
+    if (source.has_errors()) {
+        source.print_diagnostics(err, {path});
+        throw FileProblem(fmt::format("cannot read {}: the source has errors", path));
     }
-    if (!diagnostics.has_errors()) return;
-    diagnostics.print(err, {path});
-    throw FileProblem(fmt::format("cannot read {}: the source has errors", path));
+    take(source.form()); // records hold only what has no faults
 }
 
 void ReadForm::read_files(const FormPaths &paths) {

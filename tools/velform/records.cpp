@@ -70,6 +70,11 @@ void put_patches(std::string &record, const Patches &patches) {
     for (const Patch &patch : patches) put_string(record, patch.offset, patch.bytes);
 }
 
+void put_fields(std::string &record, const FormObject &object) {
+    for (const RecordField &row : record_table()) put_field(record, row, object);
+    put_patches(record, object.source->raw.patches);
+}
+
 } // namespace
 
 std::string form_file_bytes(const Form &form) {
@@ -77,8 +82,7 @@ std::string form_file_bytes(const Form &form) {
     bytes.reserve(form.objects.size() * sizeof(vel_object_file_rec));
     for (const FormObject &object : form.objects) {
         std::string record(sizeof(vel_object_file_rec), '\0');
-        for (const RecordField &row : record_table()) put_field(record, row, object);
-        put_patches(record, object.source->raw.patches);
+        if (!object.is_empty) put_fields(record, object);
         bytes += record;
     }
     if (form.raw.records) bytes.resize(sizeof(vel_object_file_rec) * *form.raw.records);

@@ -182,6 +182,10 @@ std::string source_schema() {
     root.add("styles", fmt::format(R"({{"type": "object", "additionalProperties": {}}})",
                                    reference("block")));
     root.add("frame", frame());
+    root.add("spare",
+             R"({"type": "object", "additionalProperties": {"type": "integer", "minimum": 1}, )"
+             R"("propertyNames": {"pattern": "^[A-Za-z][A-Za-z0-9_]*$"}})",
+             "Names of empty records for objects that the program makes, and how many of each.");
     root.add("file_dialog", list_of(file_dialog()));
     add_lists(root);
     std::string whole = root.table();

@@ -18,9 +18,8 @@ public:
         for (const FormObject &object : form_.objects) {
             if (object.number <= VEL_FRAME_BUTTONS) {
                 check_frame_button(object);
-            } else {
-                check_answers(object);
-                check_key(object);
+            } else if (object.master == 0) {
+                check_with_dependents(object);
             }
         }
     }
@@ -29,6 +28,15 @@ private:
     static Position place_of(const FormObject &object, Field field) {
         const Position where = object.settings[field]->where;
         return where == Setting{}.where ? object.source->where : where;
+    }
+
+    // In the order in which keys find them.
+    void check_with_dependents(const FormObject &object) {
+        check_answers(object);
+        check_key(object);
+        for (const std::uint32_t dependent : object.dependents) {
+            check_with_dependents(form_.object(dependent));
+        }
     }
 
     void check_frame_button(const FormObject &button) {

@@ -7,12 +7,10 @@
 #include "check/check_form.h"
 #include "check/report.h"
 #include "files.h"
-#include "form_builder.h"
-#include "form_check.h"
 #include "header.h"
 #include "identifier.h"
 #include "read_form.h"
-#include "toml_text.h"
+#include "source_form.h"
 
 namespace velform {
 namespace {
@@ -47,48 +45,49 @@ std::string place_of(std::string path) {
     return path;
 }
 
+// What is found in one file.
+struct Found {
+    std::string path;
+    std::string source{}; // its text; empty for a form description file
+    Diagnostics diagnostics{};
+};
+
 class FileCheck {
 public:
     FileCheck(const CheckOptions &options, const std::string &path, std::ostream &err)
         : options_(options), path_(path), place_(place_of(path)), err_(err) {}
 
-    Diagnostics run() {
-        bytes_ = read_file(place_);
-        if (is_source()) {
-            check_source_text();
-        } else {
-            const ReadForm read({place_}, err_);
-            const CheckedForm form(read, nullptr, diagnostics_);
-            check_all(form);
-        }
-        return std::move(diagnostics_);
+    // Also in the lock file of a source.
+    std::vector<Found> run() const {
+        std::string bytes = read_file(place_);
+        if (is_source(path_, bytes)) return check_source_text(bytes);
+        Found found{path_};
+        const ReadForm read({place_}, err_);
+        check_all(CheckedForm(read, nullptr, found.diagnostics));
+        return {std::move(found)};
     }
-
-    bool is_source() const { return velform::is_source(path_, bytes_); }
-    const std::string &bytes() const { return bytes_; }
 
 private:
-    void check_source_text() {
-        if (const auto root = parse_toml(bytes_, diagnostics_)) {
-            const FormSource source = read_form_source(*root, diagnostics_);
-            const Form form = build_form(source, diagnostics_);
-            check_form(form, diagnostics_);
-            const std::string prefix =
-                source.prefix ? upper_case(*source.prefix) : prefix_for(path_);
-            header_text(form, prefix, diagnostics_);
-            if (!diagnostics_.has_errors()) {
-                const ReadForm read(form);
-                const CheckedForm checked(read, &form, diagnostics_);
-                check_source(checked, source);
-                check_all(checked);
-            }
+    std::vector<Found> check_source_text(const std::string &bytes) const {
+        SourceForm source(place_, bytes);
+        Diagnostics &diagnostics = source.diagnostics();
+        const std::optional<std::string> &named = source.source().prefix;
+        const std::string prefix = named ? upper_case(*named) : prefix_for(path_);
+        header_text(source.form(), prefix, diagnostics);
+        const bool is_whole = !source.has_errors();
+        if (is_whole) {
+            const ReadForm read(source.form());
+            const CheckedForm form(read, &source.form(), diagnostics);
+            check_source(form, source.source());
+            check_all(form);
         }
-        const bool is_whole = !diagnostics_.has_errors();
-        apply_allowances(bytes_, is_whole ? Allowed::of_all_rules : Allowed::of_some_rules,
-                         diagnostics_);
+        apply_allowances(bytes, is_whole ? Allowed::of_all_rules : Allowed::of_some_rules,
+                         diagnostics);
+        return {{source.lock_path(), source.lock_on_disk(), source.lock_diagnostics()},
+                {path_, bytes, diagnostics}};
     }
 
-    void check_all(const CheckedForm &form) {
+    void check_all(const CheckedForm &form) const {
         const Size size = size_in(options_.size);
         check_links(form);
         check_types(form);
@@ -113,9 +112,14 @@ private:
     const CheckOptions &options_;
     const std::string path_, place_; // as it was named, and what that means
     std::ostream &err_;
-    Diagnostics diagnostics_;
-    std::string bytes_;
 };
+
+void print_words(Found &found, bool has_colours, std::ostream &err) {
+    Report report{found.path, found.source, has_colours};
+    report.names_all_rules = true;
+    if (found.source.empty()) report.place = place_in_record;
+    found.diagnostics.print(err, report);
+}
 
 } // namespace
 
@@ -123,16 +127,14 @@ Status check(const CheckOptions &options, std::ostream &out, std::ostream &err) 
     std::vector<CheckedFile> checked;
     bool is_faulty = false;
     for (const std::string &path : options.files) {
-        FileCheck file(options, path, err);
-        Diagnostics found = file.run();
-        is_faulty |= found.has_errors() || (options.is_strict && !found.is_empty());
-        if (options.format == "text") {
-            Report report{path, file.bytes(), options.has_colours};
-            report.names_all_rules = true;
-            if (!file.is_source()) report.source = {}, report.place = place_in_record;
-            found.print(err, report);
-        } else {
-            checked.push_back({path, file.is_source(), found.findings()});
+        for (Found &found : FileCheck(options, path, err).run()) {
+            const Diagnostics &diagnostics = found.diagnostics;
+            is_faulty |= diagnostics.has_errors() || (options.is_strict && !diagnostics.is_empty());
+            if (options.format == "text") {
+                print_words(found, options.has_colours, err);
+            } else {
+                checked.push_back({found.path, !found.source.empty(), diagnostics.findings()});
+            }
         }
     }
     if (options.format == "json") print_json(checked, out);
