@@ -55,7 +55,9 @@ private:
         const bool is_own = form_.number(o, Field::font_choice) == 1;
         if (!is_own || ctx_.objects[o.number].own_font != nullptr) return;
         const std::string path = path_of(form_, o, Field::font_file);
-        if (is_there(path)) {
+        if (path.empty()) {
+            form_.report(Rule::missing_file, o, Field::font_file, "the own font has no file");
+        } else if (is_there(path)) {
             form_.report(Rule::font_not_loaded, o, Field::font_file,
                          fmt::format("{} is no font that can be loaded in {} points",
                                      printable(path), form_.number(o, Field::font_size)));

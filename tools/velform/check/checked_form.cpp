@@ -11,10 +11,6 @@ namespace {
 constexpr std::array<std::string_view, 7> parts_of_pieces{
     "check", "radio", "list", "scroll_bar", "choice", "slider", "progress"};
 
-bool is_border(std::int64_t border, std::initializer_list<std::int64_t> styles) {
-    return std::ranges::find(styles, border) != styles.end();
-}
-
 } // namespace
 
 Box shared_part(const Box &a, const Box &b) {
@@ -74,13 +70,6 @@ bool CheckedForm::is_button(const CheckedObject &o) const {
            number(o, Field::menu) != 0;
 }
 
-bool CheckedForm::is_in_part(const CheckedObject &o, std::string_view part) const {
-    for (std::uint32_t at = o.master; at != 0; at = objects_[at].master) {
-        if (objects_[at].part == part) return true;
-    }
-    return false;
-}
-
 Box CheckedForm::inside(const CheckedObject &o) const {
     return {o.box.left + number(o, Field::margin_left), o.box.top + number(o, Field::margin_top),
             o.box.right - number(o, Field::margin_right),
@@ -88,9 +77,9 @@ Box CheckedForm::inside(const CheckedObject &o) const {
 }
 
 bool CheckedForm::is_fitted(const CheckedObject &o) const {
-    return o.master != 0 &&
-           is_border(number(o, Field::border),
-                     {VEL_BORDER_FITTED, VEL_BORDER_FRAME_FITTED, VEL_BORDER_SHADOW_FITTED});
+    const std::int64_t border = number(o, Field::border);
+    return o.master != 0 && (border == VEL_BORDER_FITTED || border == VEL_BORDER_FRAME_FITTED ||
+                             border == VEL_BORDER_SHADOW_FITTED);
 }
 
 std::string CheckedForm::caption(const CheckedObject &o) const {

@@ -69,7 +69,6 @@ public:
     }
     // Something that the user presses.
     bool is_button(const CheckedObject &o) const;
-    bool is_in_part(const CheckedObject &o, std::string_view part) const;
     // What its margins leave of it.
     Box inside(const CheckedObject &o) const;
     bool is_fitted(const CheckedObject &o) const;
