@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <map>
-#include <ranges>
 #include <unordered_map>
 
 #include <fmt/format.h>
@@ -241,8 +240,8 @@ private:
             return;
         }
         first.text = put_text(numbering_.next_text(), texts.front());
-        for (const std::string &text : texts | std::views::drop(1)) {
-            put_text(numbering_.next_text(), text);
+        for (std::size_t k = 1; k < texts.size(); ++k) {
+            put_text(numbering_.next_text(), texts[k]);
         }
         if (form_.texts.size() > most_records) {
             diagnostics_.error({}, fmt::format("a form holds at most {} texts, with those for what "

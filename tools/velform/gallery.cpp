@@ -5,7 +5,7 @@
 namespace velform {
 namespace {
 
-constexpr std::string_view objects = R"(
+constexpr std::string_view gallery_objects = R"(
 [[window]]
 id = "all"
 kind = "whole"
@@ -71,7 +71,7 @@ constexpr int first_column = 92, column_width = 132, object_width = 118, gap = 8
 } // namespace
 
 std::string gallery_source(std::string_view theme) {
-    return "theme = \"" + std::string(theme) + "\"\n" + std::string(objects);
+    return "theme = \"" + std::string(theme) + "\"\n" + std::string(gallery_objects);
 }
 
 StatesSheet states_sheet(std::string_view theme) {

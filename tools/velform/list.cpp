@@ -1,7 +1,6 @@
 #include "list.h"
 
 #include <algorithm>
-#include <ranges>
 #include <utility>
 
 #include <fmt/format.h>
@@ -64,8 +63,9 @@ private:
             if (is_done_[object]) continue;
             is_done_[object] = true;
             print_line(object, depth, std::exchange(note, {}));
-            for (const std::uint32_t dependent : form_.dependents(object) | std::views::reverse) {
-                if (form_.master(dependent) == object) waiting.push_back({dependent, depth + 1});
+            const std::vector<std::uint32_t> dependents = form_.dependents(object);
+            for (auto at = dependents.rbegin(); at != dependents.rend(); ++at) {
+                if (form_.master(*at) == object) waiting.push_back({*at, depth + 1});
             }
         }
     }
