@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <set>
 
 #include "destination.h"
 #include "files.h"
@@ -21,6 +22,7 @@ namespace fs = std::filesystem;
 
 // Larger forms are not tried with every theme.
 constexpr std::size_t most_bytes_for_all_themes = std::size_t{4} << 20;
+constexpr Colour black = 0x000000, white = 0xFFFFFF;
 
 bool becomes(const std::string &source, const FormBytes &bytes, const std::string &prefix) {
     Diagnostics diagnostics;
@@ -34,25 +36,40 @@ bool becomes(const std::string &source, const FormBytes &bytes, const std::strin
            text_file_bytes(form) == bytes.text;
 }
 
-// All sources worth comparing, the best first: those that say in words what the form says in the
-// texts of its traits, and of them the shortest.
-std::vector<std::string> sources_for(const FormBytes &bytes, const KnownNames &names) {
-    std::vector<std::pair<bool, std::string>> sources;
-    const bool is_large = bytes.form.size() + bytes.text.size() > most_bytes_for_all_themes;
-    const bool says_traits = has_trait_texts(bytes);
-    for (const Theme &theme : themes()) {
-        if (is_large && &theme != &themes().back()) continue;
-        for (const bool has_traits : {true, false}) {
-            const auto source = decompiled(bytes, names, {&theme, has_traits, false});
-            if (source) sources.emplace_back(says_traits && !has_traits, source_text(*source));
+std::set<Colour> colours_in(const std::string &form) {
+    std::set<Colour> colours;
+    for (const std::string_view record : RecordList(form, sizeof(vel_object_file_rec)).records) {
+        for (const RecordField &row : record_table()) {
+            if (row.kind == Kind::colour) colours.insert(colour_at(record, row.offset));
         }
     }
-    std::ranges::stable_sort(sources, {}, [](const auto &source) {
-        return std::pair(source.first, source.second.size());
-    });
-    std::vector<std::string> texts;
-    for (auto &[is_raw, text] : sources) texts.push_back(std::move(text));
-    return texts;
+    return colours;
+}
+
+// Those of which the form shows a colour that is not anybody's, and the one that has none.
+std::vector<const Theme *> themes_for(const FormBytes &bytes) {
+    std::vector<const Theme *> worth_trying;
+    const std::set<Colour> shown = colours_in(bytes.form);
+    const bool is_large = bytes.form.size() + bytes.text.size() > most_bytes_for_all_themes;
+    for (const Theme &theme : themes()) {
+        const bool shows = std::ranges::any_of(theme.colours(), [&](Colour colour) {
+            return colour != black && colour != white && shown.contains(colour);
+        });
+        if (&theme == &themes().back() || (shows && !is_large)) worth_trying.push_back(&theme);
+    }
+    return worth_trying;
+}
+
+// One for each theme, the shortest first.
+std::vector<std::string> sources_for(const FormBytes &bytes, const KnownNames &names,
+                                     bool has_traits) {
+    std::vector<std::string> sources;
+    for (const Theme *theme : themes_for(bytes)) {
+        const auto source = decompiled(bytes, names, {theme, has_traits, false});
+        if (source) sources.push_back(source_text(*source));
+    }
+    std::ranges::stable_sort(sources, {}, &std::string::size);
+    return sources;
 }
 
 std::string next_to(const std::string &form, const char *suffix) {
@@ -62,20 +79,22 @@ std::string next_to(const std::string &form, const char *suffix) {
     return fs::is_regular_file(path, fault) ? path.string() : "";
 }
 
+} // namespace
+
 KnownNames names_in(const std::string &header) {
-    if (header.empty()) return {};
-    const HeaderNames names(read_file(header));
+    const HeaderNames names(header);
     const bool is_prefix = is_identifier(names.prefix()) && names.prefix() != "VEL";
     return {lower_case(is_prefix ? names.prefix() : ""), names.ids_by_number(),
             !names.ids_by_number().empty()};
 }
 
-} // namespace
-
 std::string source_for(const FormBytes &bytes, const KnownNames &names) {
     const std::string prefix = upper_case(names.prefix);
-    for (std::string &source : sources_for(bytes, names)) {
-        if (becomes(source, bytes, prefix)) return std::move(source);
+    // Words are better than the bytes of their texts, however many they are.
+    for (const bool has_traits : {true, false}) {
+        for (std::string &source : sources_for(bytes, names, has_traits)) {
+            if (becomes(source, bytes, prefix)) return std::move(source);
+        }
     }
     const auto plain = decompiled(bytes, {}, {&themes().back(), false, true});
     std::string source = plain ? source_text(*plain) : "";
@@ -88,7 +107,8 @@ Status decompile(const DecompileOptions &options, std::ostream &out) {
     const std::string header =
         options.header.empty() ? next_to(options.form, ".h") : options.header;
     const FormBytes bytes{read_file(options.form), text.empty() ? "" : read_file(text)};
-    const std::string source = laid_out(source_for(bytes, names_in(header)));
+    const KnownNames names = header.empty() ? KnownNames{} : names_in(read_file(header));
+    const std::string source = laid_out(source_for(bytes, names));
     if (options.output.empty()) {
         out << source;
     } else {

@@ -16,6 +16,9 @@ struct DecompileOptions {
     std::string output; // empty: to out
 };
 
+// What a header of the compiler's says; none of any other.
+KnownNames names_in(const std::string &header);
+
 // The shortest source found that becomes the same bytes again.
 std::string source_for(const FormBytes &bytes, const KnownNames &names);
 

@@ -381,14 +381,8 @@ private:
     }
 
     void compare_colour(const FormObject &object, const RecordField &row) {
-        std::uint32_t rgb = 0;
-        for (std::uint32_t k = 0; k < 3; ++k) {
-            const std::uint32_t part =
-                number_at(records_[object.number], row.offset + k * number_size);
-            if (part > 0xFF) return;
-            rgb = rgb << 8 | part;
-        }
-        if (object.value(row.field) != rgb) change(object, row.field, std::int64_t{rgb});
+        const std::int64_t rgb = colour_at(records_[object.number], row.offset);
+        if (rgb >= 0 && object.value(row.field) != rgb) change(object, row.field, rgb);
     }
 
     void compare_string(const FormObject &object, const RecordField &row) {
@@ -520,15 +514,6 @@ private:
 std::optional<FormSource> decompiled(const FormBytes &bytes, const KnownNames &names,
                                      const DecompileChoice &choice) {
     return Decompiler(bytes, names, choice).run();
-}
-
-bool has_trait_texts(const FormBytes &bytes) {
-    const RecordList records(bytes.form, sizeof(vel_object_file_rec));
-    const RecordList texts(bytes.text, sizeof(vel_text_rec));
-    if (records.count() == 0) return false;
-    const std::uint32_t text = record_number(records[1], Field::text);
-    return text != 0 && text <= texts.count() &&
-           text_of_record(texts[text]).starts_with(trait_signature);
 }
 
 } // namespace velform

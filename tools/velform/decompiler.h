@@ -14,6 +14,7 @@ struct KnownNames {
     std::string prefix;
     std::map<std::uint32_t, std::string> ids;
     bool are_given = false;
+    bool operator==(const KnownNames &) const = default;
 };
 
 struct DecompileChoice {
@@ -25,8 +26,5 @@ struct DecompileChoice {
 // Returns nothing if the choice does not lead to the bytes.
 std::optional<FormSource> decompiled(const FormBytes &bytes, const KnownNames &names,
                                      const DecompileChoice &choice);
-
-// Whether the form says something in the texts of its traits.
-bool has_trait_texts(const FormBytes &bytes);
 
 } // namespace velform

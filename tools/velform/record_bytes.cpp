@@ -32,6 +32,16 @@ std::uint32_t number_at(std::string_view bytes, std::size_t offset) {
     return number;
 }
 
+std::int64_t colour_at(std::string_view bytes, std::size_t offset) {
+    std::int64_t colour = 0;
+    for (std::size_t k = 0; k < 3; ++k) {
+        const std::uint32_t part = number_at(bytes, offset + 4 * k);
+        if (part > 0xFF) return -1;
+        colour = colour << 8 | part;
+    }
+    return colour;
+}
+
 std::string_view string_at(std::string_view bytes, std::size_t offset, std::size_t size) {
     const std::string_view field = bytes.substr(offset, size - 1);
     return field.substr(0, field.find('\0'));

@@ -24,6 +24,8 @@ struct RecordList {
 };
 
 std::uint32_t number_at(std::string_view bytes, std::size_t offset);
+// 0xRRGGBB, of three numbers; -1 when one is larger than 255.
+std::int64_t colour_at(std::string_view bytes, std::size_t offset);
 // Up to the first NUL, or to the byte before the end of the field.
 std::string_view string_at(std::string_view bytes, std::size_t offset, std::size_t size);
 std::string_view text_of_record(std::string_view record);

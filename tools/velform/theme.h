@@ -1,6 +1,7 @@
 // The themes: which colours a form has where its source says none.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <span>
 #include <string_view>
@@ -22,6 +23,13 @@ struct Theme {
     Colour mark, track; // what is on, moves or fills; what it moves in
     Colour head;        // titles of columns, and tabs
     Colour tip, tip_ink;
+
+    auto colours() const {
+        return std::array{desk,       window,      ink,      muted,        warning,    line,
+                          edge,       field,       paper,    button,       button_ink, accent,
+                          accent_ink, accent_edge, selected, selected_ink, mark,       track,
+                          head,       tip,         tip_ink};
+    }
 };
 
 inline constexpr std::string_view standard_theme = "light";
