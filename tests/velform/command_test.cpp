@@ -216,6 +216,19 @@ TEST(Command, ends_with_the_status_that_fits) {
         {"themes -o @/b.png --states drak", 2, "did you mean 'dark'?"},
         {"render @/a.form @/a.text -o @/b.png --font @/none.ttf", 3, "none.ttf"},
         {"render @/a.form @/a.text -o @/none/b.png", 3, "none/b.png"},
+        {"render @/faulty.toml -o @/b.png", 3, "@/faulty.toml:1:1: error: "},
+        {"render @/a.toml @/a.text -o @/b.png", 2, "texts and names in itself"},
+        {"render @/a.toml -o - --all-windows", 2, "named after"},
+        {"render @/a.toml -o - --compare @/a.png", 2, "needs a file"},
+        {"render - -o - <@/a.toml", 0, "PNG"},
+        {"render - -o @/b.png <@/a.form", 2, "text file"},
+        {"list - <@/a.toml", 0, "    8  main  window"},
+        {"list - <&-", 3, "cannot read standard input: "},
+        {"diff @/faulty.toml - </dev/null", 3, "error: "},
+        {"diff - @/a.toml <@/a.toml", 0, ""},
+        {"diff - -", 2, "standard input"},
+        {"decompile - @/a.text -o - <@/a.form", 0, "[[window]]"},
+        {"list /dev/zero", 3, "/dev/zero: it is larger than 256 MiB"},
     };
     for (const auto &[arguments, status, message] : cases) {
         const auto result = run(in(folder, arguments));

@@ -51,6 +51,26 @@ protected:
     const Folder folder;
 };
 
+TEST_F(RenderedForm, may_be_a_source_with_the_pictures_and_the_names_that_belong_to_it) {
+    std::filesystem::copy(VELFORM_FRAME "/close.png", folder.file("none.png"));
+    const std::string options = " --window main --set ok=Well -o ";
+    const auto result =
+        run("render " + folder.file("a.toml") + options + folder.file("source.png"));
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.output, "");
+    ASSERT_EQ(render("a", "files.png --window main --set ok=Well", "800x600").status, 0);
+    EXPECT_EQ(test::contents(folder.file("source.png")), test::contents(folder.file("files.png")));
+}
+
+TEST_F(RenderedForm, says_how_far_it_has_come_to_a_terminal_only) {
+    const std::string arguments =
+        "render " + folder.file("b.toml") + " --all-windows -o " + folder.file("b.png");
+    std::filesystem::copy(VELFORM_FRAME "/close.png", folder.file("none.png"));
+    EXPECT_EQ(run(arguments).output, "");
+    const std::string shown = run(arguments + "' /dev/null", "script -qec '").output;
+    EXPECT_EQ(shown, "\r\x1b[Kfile 1 of 2\r\x1b[Kfile 2 of 2\r\x1b[K");
+}
+
 // The marks are 11 pixels to the left of a window and 25 above it, and 1 at its other edges; one
 // pixel of the desk is around them.
 TEST_F(RenderedForm, shows_a_window_alone_or_each_in_a_file_of_its_own) {

@@ -29,18 +29,8 @@ std::string with_suffix(const std::string &path, const char *suffix) {
     return fs::path(path).replace_extension(suffix).string();
 }
 
-// "-" is standard input, or standard output.
-void name_streams(CompileOptions &options) {
-    if (options.source == "-") options.source = "/dev/stdin";
-    for (std::string *path :
-         {&options.form, &options.text, &options.header, &options.embed, &options.depfile}) {
-        if (*path == "-") *path = "/dev/stdout";
-    }
-}
-
 // Names are made from those of files only: there is no place next to a device or a pipe.
 CompileOptions with_all_paths(CompileOptions options) {
-    name_streams(options);
     if (options.form.empty()) {
         if (is_stream(options.source)) {
             throw WrongUsage("a source that is no file needs a name for the form, see --form");
@@ -68,19 +58,6 @@ bool name_different_files(const CompileOptions &o) {
     return true;
 }
 
-std::string prefix_of(const CompileOptions &options, const FormSource &source,
-                      Diagnostics &diagnostics) {
-    if (!options.prefix.empty()) return upper_case(options.prefix);
-    if (!source.prefix || source.prefix->empty()) {
-        return prefix_for(is_stream(options.source) ? options.form : options.source);
-    }
-    std::string prefix = upper_case(*source.prefix);
-    if (prefix == "VEL") {
-        diagnostics.error(source.prefix_where, "the prefix VEL is the library's; choose another");
-    }
-    return prefix;
-}
-
 std::string folder_of(const std::string &path) { return fs::path(path).parent_path().string(); }
 
 // A name as make reads it.
@@ -98,7 +75,8 @@ std::string for_make(const std::string &path) {
 // embedded.
 std::string dependencies(const CompileOptions &options, const SourceForm &source,
                          const std::vector<std::string> &folders) {
-    std::string rule = for_make(options.form) + ": " + for_make(options.source);
+    std::string rule = for_make(options.form) + ":";
+    if (!is_stream(options.source)) rule += " " + for_make(options.source);
     if (!source.lock_path().empty()) rule += " " + for_make(source.lock_path());
     std::set<std::string> read;
     for (const NeededFile &file : needed_files(source.form())) {
@@ -118,7 +96,10 @@ struct Outputs {
 // What it returns counts only when nothing is wrong.
 Outputs outputs_of(const CompileOptions &options, SourceForm &source, std::string_view bytes) {
     const Form &form = source.form();
-    const std::string prefix = prefix_of(options, source.source(), source.diagnostics());
+    const std::string prefix =
+        options.prefix.empty()
+            ? source.prefix(is_stream(options.source) ? options.form : options.source)
+            : upper_case(options.prefix);
     std::string header = header_text(form, prefix, source.diagnostics(), !options.embed.empty());
     if (source.has_errors()) return {};
     const ReadForm read(form);
@@ -171,12 +152,10 @@ Status compile(const CompileOptions &given, std::ostream &out, std::ostream &err
         throw WrongUsage("the prefix must be a letter followed by letters, digits and '_', "
                          "255 characters at most");
     }
-    const std::string bytes = read_file(options.source, largest_source);
+    const std::string bytes = read_file(options.source);
     SourceForm source(options.source, bytes, options.lock);
     const Outputs outputs = outputs_of(options, source, bytes);
-    Report report{given.source};
-    report.has_colours = options.has_colours;
-    source.print_diagnostics(err, report);
+    source.print_diagnostics(err, options.has_colours);
     if (source.has_errors()) return Status::faulty_source;
     replace_files(outputs.files);
     report_missing(options, outputs.missing, out);

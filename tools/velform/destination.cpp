@@ -46,6 +46,7 @@ Destination followed(const std::string &given) {
 } // namespace
 
 Destination destination_of(const std::string &path) {
+    if (path == standard_stream) return {"standard output", true, STDOUT_FILENO};
     Destination to = followed(path);
     struct stat status {};
     if (to.is_stream) return to;
@@ -62,6 +63,7 @@ Destination destination_of(const std::string &path) {
 }
 
 bool is_stream(const std::string &path) {
+    if (path == standard_stream) return true;
     std::error_code none;
     const fs::file_type type = fs::status(path, none).type();
     return type == fs::file_type::character || type == fs::file_type::fifo ||

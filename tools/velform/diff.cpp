@@ -8,6 +8,7 @@
 #include <fmt/format.h>
 #include <velumo.h>
 
+#include "files.h"
 #include "matching.h"
 
 namespace velform {
@@ -255,6 +256,9 @@ private:
 
 DiffedFiles files_of(const DiffOptions &options) {
     const std::vector<std::string> &files = options.files;
+    if (std::ranges::count(files, standard_stream) > 1) {
+        throw WrongUsage("standard input can be only one of the forms");
+    }
     if (!options.for_git && files.size() == 2) return {files[0], files[1]};
     if (options.for_git &&
         (files.size() == git_arguments || files.size() == git_arguments_of_renamed)) {

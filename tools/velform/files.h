@@ -3,15 +3,21 @@
 
 #include <span>
 #include <string>
+#include <string_view>
 
 #include "status.h"
 
 namespace velform {
 
-inline constexpr std::size_t largest_file = std::size_t{64} << 20; // bytes
+// Bytes of a source, a form or any other file that is read: enough for the largest form as raw
+// bytes.
+inline constexpr std::size_t largest_file = std::size_t{256} << 20;
+
+// Where a file is read, standard input; where one is written, standard output.
+inline constexpr std::string_view standard_stream = "-";
 
 // Reads a file, a pipe or a device up to its end. Throws FileProblem, also when it is larger.
-std::string read_file(const std::string &path, std::size_t largest = largest_file);
+std::string read_file(const std::string &path);
 
 struct OutputFile {
     std::string path;

@@ -16,8 +16,7 @@ struct Formatted {
 };
 
 Formatted formatted(const std::string &name, Diagnostics &diagnostics) {
-    const std::string path = name == "-" ? "/dev/stdin" : name;
-    Formatted source{name, is_stream(path), read_file(path, largest_source), {}};
+    Formatted source{name, is_stream(name), read_file(name), {}};
     const bool is_good = parse_toml(source.before, diagnostics).has_value();
     source.after = is_good ? laid_out(source.before) : source.before;
     return source;

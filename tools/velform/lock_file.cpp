@@ -36,6 +36,7 @@ public:
         while (!rest_.empty() && !is_cut_off_) {
             line_ = next_line();
             if (!line_.empty() && !line_.starts_with('#')) read_line();
+            ++number_;
         }
         return std::move(lock_);
     }
@@ -43,7 +44,6 @@ public:
 private:
     std::string_view next_line() {
         const std::size_t length = rest_.find('\n');
-        ++number_;
         if (length == rest_.npos) {
             is_cut_off_ = true;
             error(rest_.size(), "the lock file ends within a line; get the whole file back");
@@ -145,7 +145,7 @@ private:
 
     std::string_view rest_, line_;
     std::size_t at_ = 0;       // in the line
-    std::uint32_t number_ = 0; // of the line
+    std::uint32_t number_ = 1; // of the line
     bool is_cut_off_ = false;
     Diagnostics &diagnostics_;
     std::vector<std::uint32_t> objects_, texts_; // the lines that have their numbers

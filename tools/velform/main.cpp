@@ -175,8 +175,9 @@ private:
     void add_render() {
         CLI::App *command =
             app_.add_subcommand("render", "Draw a form into a PNG file, without a display");
-        command->add_option("form", render_.form, "Form description file")->required();
-        command->add_option("text", render_.text, "Text file")->required();
+        command->add_option("form", render_.form, "Form source or form description file")
+            ->required();
+        command->add_option("text", render_.text, "Text file [the form's name with .text]");
         command->add_option("-o,--output", render_.output, "PNG file to write")->required();
         command->add_option("-C,--directory", render_.directory,
                             "Folder to work in; all other files are seen from there");

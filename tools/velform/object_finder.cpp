@@ -1,12 +1,11 @@
 #include "object_finder.h"
 
 #include <charconv>
-#include <filesystem>
 
 #include <fmt/format.h>
 
-#include "files.h"
 #include "identifier.h"
+#include "status.h"
 
 namespace velform {
 namespace {
@@ -27,7 +26,7 @@ bool is_top_level_window(const vel_context &ctx, std::uint32_t object) {
 
 std::uint32_t ObjectFinder::find(const vel_context &ctx, const std::string &name) {
     const auto number = number_in(name);
-    const std::uint32_t object = number ? *number : names().object(name);
+    const std::uint32_t object = number ? *number : form_.names().object(name);
     if (object == 0 || object > ctx.object_count) {
         throw WrongUsage(fmt::format("there is no object '{}'", name));
     }
@@ -53,17 +52,11 @@ bool ObjectFinder::has_names() {
     return !ids_->empty();
 }
 
-const HeaderNames &ObjectFinder::names() {
-    if (!names_) names_.emplace(read_file(header_));
-    return *names_;
-}
-
 // A form without a header has no names, which is no fault.
 void ObjectFinder::read_ids() {
     ids_.emplace();
-    std::error_code ignored;
-    if (!names_ && !std::filesystem::is_regular_file(header_, ignored)) return;
-    for (const auto &[id, number] : names().ids()) {
+    if (!form_.has_names()) return;
+    for (const auto &[id, number] : form_.names().ids()) {
         if (is_identifier(id)) ids_->emplace(number, id);
     }
 }

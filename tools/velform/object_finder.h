@@ -6,14 +6,14 @@
 
 #include <velumo.h>
 
-#include "header.h"
+#include "loadable_form.h"
 
 namespace velform {
 
 class ObjectFinder {
 public:
-    // The names are in a header, which is read only when one is needed.
-    explicit ObjectFinder(std::string header) : header_(std::move(header)) {}
+    // The form lasts as long.
+    explicit ObjectFinder(LoadableForm &form) : form_(form) {}
 
     // By number, or by name. Throws WrongUsage and FileProblem.
     std::uint32_t find(const vel_context &ctx, const std::string &name);
@@ -24,11 +24,9 @@ public:
     bool has_names();
 
 private:
-    const HeaderNames &names();
     void read_ids();
 
-    const std::string header_;
-    std::optional<HeaderNames> names_;
+    LoadableForm &form_;
     std::optional<std::map<std::uint32_t, std::string>> ids_;
 };
 

@@ -104,11 +104,16 @@ std::string companion(const std::string &form, const char *suffix) {
 
 } // namespace
 
-// A record always has a byte of 0, and a source never.
 bool is_source(const std::string &path, const std::string &bytes) {
     const std::string suffix = std::filesystem::path(path).extension().string();
     if (suffix == ".form" || bytes.empty()) return false;
     return suffix == ".toml" || bytes.find('\0') == std::string::npos;
+}
+
+void refuse_companions(const FormPaths &paths) {
+    if (paths.text.empty() && paths.header.empty()) return;
+    throw WrongUsage(
+        fmt::format("{} is a source, which has its texts and names in itself", paths.form));
 }
 
 std::string shown_in_quotes(std::string_view utf8) {
@@ -125,21 +130,27 @@ ReadForm::ReadForm(const Form &form) {
     read_traits();
 }
 
+ReadForm::ReadForm(const FormPaths &paths, std::string bytes) : form_(std::move(bytes)) {
+    read_files(paths);
+    refuse_too_many(paths.form);
+    read_traits();
+}
+
 ReadForm::ReadForm(const FormPaths &paths, std::ostream &err) : form_(read_file(paths.form)) {
     if (is_source(paths.form, form_)) {
-        if (!paths.text.empty() || !paths.header.empty()) {
-            throw WrongUsage(
-                fmt::format("{} is a source, which has its texts and names in itself", paths.form));
-        }
+        refuse_companions(paths);
         read_source(paths.form, form_, err);
     } else {
         read_files(paths);
     }
-    if (object_count() > most_records || text_count() > most_records) {
-        throw FileProblem(fmt::format("cannot read {}: a form has at most {} objects and texts",
-                                      paths.form, most_records));
-    }
+    refuse_too_many(paths.form);
     read_traits();
+}
+
+void ReadForm::refuse_too_many(const std::string &path) const {
+    if (object_count() <= most_records && text_count() <= most_records) return;
+    throw FileProblem(
+        fmt::format("cannot read {}: a form has at most {} objects and texts", path, most_records));
 }
 
 void ReadForm::take(const Form &form) {
@@ -153,10 +164,7 @@ void ReadForm::take(const Form &form) {
 
 void ReadForm::read_source(const std::string &path, const std::string &bytes, std::ostream &err) {
     SourceForm source(path, bytes);
-    if (source.has_errors()) {
-        source.print_diagnostics(err, {path});
-        throw FileProblem(fmt::format("cannot read {}: the source has errors", path));
-    }
+    source.refuse_errors(err);
     take(source.form()); // records hold only what has no faults
 }
 

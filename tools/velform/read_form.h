@@ -21,13 +21,19 @@ struct FormPaths {
         header{}; // empty: the form's name with .text and .h, as far as they are there
 };
 
-// Whether a file is a source rather than a form description file.
+// Whether a file is a form source, and no form description file. A record always has a byte of 0,
+// and a source never.
 bool is_source(const std::string &path, const std::string &bytes);
+
+// Throws WrongUsage when a source is given a text file or a header.
+void refuse_companions(const FormPaths &paths);
 
 class ReadForm {
 public:
     // Of a source, without faults.
     explicit ReadForm(const Form &form);
+    // Of a form description file, which has been read. Throws FileProblem.
+    ReadForm(const FormPaths &paths, std::string bytes);
     // Prints what is wrong with a source to err. Throws WrongUsage and FileProblem.
     ReadForm(const FormPaths &paths, std::ostream &err);
 
@@ -85,6 +91,7 @@ private:
     void take(const Form &form);
     void read_source(const std::string &path, const std::string &bytes, std::ostream &err);
     void read_files(const FormPaths &paths);
+    void refuse_too_many(const std::string &path) const;
     void read_traits();
     void read_trait_line(std::string_view line);
 

@@ -13,7 +13,9 @@
 #include <fmt/format.h>
 #include <velumo.h>
 
+#include "destination.h"
 #include "files.h"
+#include "loadable_form.h"
 #include "object_finder.h"
 #include "outline.h"
 #include "picture_difference.h"
@@ -140,8 +142,8 @@ Surface cropped(SDL_Surface &screen, const vel_context &ctx, std::uint32_t numbe
 class Renderer {
 public:
     Renderer(const RenderOptions &options, std::ostream &err)
-        : options_(options), stage_options_(stage_options(options)), finder_(header_of(options)),
-          err_(err) {}
+        : options_(options), stage_options_(stage_options(options)),
+          form_({options.form, options.text, options.header}, err), finder_(form_), err_(err) {}
 
     // One window, by number or name, or with an empty one the whole display.
     Surface draw(const std::string &window) {
@@ -158,7 +160,7 @@ public:
 
     std::vector<std::uint32_t> all_windows() {
         Stage stage(stage_options_);
-        stage.load(options_.form, options_.text);
+        form_.load_into(stage);
         std::vector<std::uint32_t> windows;
         for (std::uint32_t object = VEL_FRAME_BUTTONS + 1; object <= stage.ctx().object_count;
              ++object) {
@@ -173,14 +175,9 @@ public:
     }
 
 private:
-    static std::string header_of(const RenderOptions &options) {
-        if (!options.header.empty()) return options.header;
-        return std::filesystem::path(options.form).replace_extension(".h").string();
-    }
-
     std::vector<ObjectState> prepare(Stage &stage) {
         vel_context &ctx = stage.ctx();
-        stage.load(options_.form, options_.text);
+        form_.load_into(stage);
         for (const std::string &text : options_.texts) set_text(ctx, finder_, text);
         fill_chains(ctx);
         for (const std::string &name : options_.activate) {
@@ -201,6 +198,7 @@ private:
 
     const RenderOptions &options_;
     const StageOptions stage_options_;
+    LoadableForm form_;
     ObjectFinder finder_;
     std::ostream &err_;
     bool has_warned_ = false;
@@ -214,33 +212,55 @@ std::string with_part(const std::string &path, const std::string &part) {
     return (file.parent_path() / name).string();
 }
 
-// Shows on a terminal how far it has come.
+// How far long work has come, on one line of a terminal; nothing elsewhere.
+class Progress {
+public:
+    explicit Progress(std::ostream &err) : err_(err), is_watched_(isatty(STDERR_FILENO) != 0) {}
+    ~Progress() {
+        if (is_watched_) err_ << new_line << std::flush;
+    }
+    Progress(const Progress &) = delete;
+    Progress &operator=(const Progress &) = delete;
+
+    void show(std::size_t number, std::size_t count) {
+        if (is_watched_)
+            err_ << fmt::format("{}file {} of {}", new_line, number, count) << std::flush;
+    }
+
+private:
+    static constexpr std::string_view new_line = "\r\x1b[K"; // without what was on it
+
+    std::ostream &err_;
+    const bool is_watched_;
+};
+
 Status render_all_windows(Renderer &renderer, const RenderOptions &options, std::ostream &err) {
+    if (is_stream(options.output)) {
+        throw WrongUsage("pictures of all windows need a file to be named after, see --output");
+    }
     const std::vector<std::uint32_t> windows = renderer.all_windows();
     if (windows.empty()) throw FileProblem(fmt::format("{} has no windows", options.form));
-    const bool is_watched = isatty(STDERR_FILENO) != 0;
+    Progress progress(err);
     std::vector<OutputFile> files;
     for (const std::uint32_t window : windows) {
-        const std::string name = renderer.name_or_number(window);
-        if (is_watched) {
-            err << fmt::format("\r\x1b[K{} of {}: {}", files.size() + 1, windows.size(), name)
-                << std::flush;
-        }
-        files.push_back({with_part(options.output, name),
+        progress.show(files.size() + 1, windows.size());
+        files.push_back({with_part(options.output, renderer.name_or_number(window)),
                          png_bytes(*renderer.draw(fmt::format("{}", window)))});
     }
-    if (is_watched) err << "\r\x1b[K";
     replace_files(files);
     return Status::done;
 }
 
 Status compare(SDL_Surface &picture, const RenderOptions &options, std::ostream &out) {
+    if (options.output == standard_stream) {
+        throw WrongUsage("--compare prints to standard output, so the picture needs a file");
+    }
     const Surface other = read_png(options.compare); // before the output takes its place
     std::vector<OutputFile> files{{options.output, png_bytes(picture)}};
     const auto [pixels, difference] = difference_of(picture, *other);
     out << fmt::format("{} pixel{} from {}\n", pixels, pixels == 1 ? " differs" : "s differ",
                        printable(options.compare));
-    if (pixels != 0) {
+    if (pixels != 0 && !is_stream(options.output)) {
         files.push_back({with_part(options.output, "difference"), png_bytes(*difference)});
     }
     replace_files(files);

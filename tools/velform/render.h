@@ -11,7 +11,7 @@
 namespace velform {
 
 struct RenderOptions {
-    std::string form, text;
+    std::string form, text; // the text is empty for a source, or next to the form
     std::string output;
     std::string directory;             // where to work, seen from the current one; may be empty
     std::string header;                // empty: the form's name with .h

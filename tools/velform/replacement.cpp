@@ -199,7 +199,7 @@ void write_to(const Destination &to, const OutputFile &file) {
                                 ? dup(to.own_descriptor)
                                 : open(to.path.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY));
     if (!stream.is_open() || !write_all(stream, file.bytes)) {
-        fail_at_file("write", file.path, errno);
+        fail_at_file("write", to.path, errno);
     }
 }
 

@@ -3,10 +3,14 @@
 #include <filesystem>
 #include <utility>
 
+#include <fmt/format.h>
+
 #include "destination.h"
 #include "files.h"
 #include "form_builder.h"
 #include "form_check.h"
+#include "header.h"
+#include "identifier.h"
 #include "toml_text.h"
 
 namespace velform {
@@ -38,13 +42,24 @@ void SourceForm::read_lock_file(bool makes_lock) {
     lock_ = read_lock(old_lock_, lock_diagnostics_);
 }
 
-void SourceForm::print_diagnostics(std::ostream &err, const Report &report) {
-    Report for_lock = report;
-    for_lock.file = lock_path_;
-    for_lock.source = old_lock_;
-    if (report.source.empty()) for_lock.source = {};
-    lock_diagnostics_.print(err, for_lock);
-    diagnostics_.print(err, report);
+void SourceForm::print_diagnostics(std::ostream &err, bool has_colours) {
+    lock_diagnostics_.print(err, {.file = lock_path_, .has_colours = has_colours});
+    diagnostics_.print(err, {.file = path_, .has_colours = has_colours});
+}
+
+void SourceForm::refuse_errors(std::ostream &err) {
+    if (!has_errors()) return;
+    print_diagnostics(err);
+    throw FileProblem(fmt::format("cannot read {}: the source has errors", path_));
+}
+
+std::string SourceForm::prefix(const std::string &named_after) {
+    if (!source_.prefix || source_.prefix->empty()) return prefix_for(named_after);
+    std::string prefix = upper_case(*source_.prefix);
+    if (prefix == "VEL") {
+        diagnostics_.error(source_.prefix_where, "the prefix VEL is the library's; choose another");
+    }
+    return prefix;
 }
 
 std::optional<std::string> SourceForm::changed_lock() const {

@@ -27,8 +27,12 @@ public:
     const Form &form() const { return form_; }
     Diagnostics &diagnostics() { return diagnostics_; } // of the source
     bool has_errors() const { return diagnostics_.has_errors() || lock_diagnostics_.has_errors(); }
-    // The report is for the source; that of the lock file is alike.
-    void print_diagnostics(std::ostream &err, const Report &report);
+    void print_diagnostics(std::ostream &err, bool has_colours = false);
+    // Prints them and throws FileProblem if there are errors.
+    void refuse_errors(std::ostream &err);
+
+    // Of the names in the header: what the source says, or else after a file.
+    std::string prefix(const std::string &named_after);
 
     // The lock file, also one to be; empty when there is none.
     const std::string &lock_path() const { return lock_path_; }

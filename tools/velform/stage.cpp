@@ -95,16 +95,9 @@ void Stage::open_screen(const StageOptions &options) {
     SDL_FillRect(ctx_.screen, nullptr, SDL_MapRGB(ctx_.screen->format, r, g, b));
 }
 
-void Stage::load(const std::string &form, const std::string &text) {
-    const std::int32_t result = vel_load_forms(&ctx_, 0, 0, form.c_str(), text.c_str());
+void Stage::check(std::int32_t result, const std::string &what) {
     if (result == VEL_OK) return;
-    throw FileProblem(fmt::format("cannot load {} and {}: {}", form, text, vel_error_text(result)));
-}
-
-void Stage::load(const vel_form_data &form) {
-    const std::int32_t result = vel_load_forms_from_memory(&ctx_, 0, 0, &form);
-    if (result != VEL_OK)
-        throw FileProblem(fmt::format("cannot load the form: {}", vel_error_text(result)));
+    throw FileProblem(fmt::format("cannot load {}: {}", what, vel_error_text(result)));
 }
 
 } // namespace velform

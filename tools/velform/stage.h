@@ -36,13 +36,16 @@ public:
     Stage &operator=(const Stage &) = delete;
 
     // Throws FileProblem.
-    void load(const std::string &form, const std::string &text);
-    // The data must last as long as the stage.
-    void load(const vel_form_data &form);
+    // The data lasts as long.
+    void load(const vel_form_data &data) { check(vel_load_forms_from_memory(&ctx_, 0, 0, &data)); }
+    void load(const std::string &form, const std::string &text) {
+        check(vel_load_forms(&ctx_, 0, 0, form.c_str(), text.c_str()), form + " and " + text);
+    }
 
     vel_context &ctx() { return ctx_; }
 
 private:
+    static void check(std::int32_t result, const std::string &what = "the form");
     void open_screen(const StageOptions &options);
 
     vel_context ctx_{};

@@ -1,7 +1,5 @@
 #include "themes.h"
 
-#include <cstdlib>
-#include <filesystem>
 #include <vector>
 
 #include <fmt/format.h>
@@ -26,7 +24,7 @@ vel_colour colour_of(Colour rgb) {
     return {part(16), part(8), part(0)};
 }
 
-// The files of a form that is made only to be drawn.
+// A form that is made only to be drawn.
 class CompiledGallery {
 public:
     CompiledGallery(const std::string &source, const std::string &theme) : theme_(theme) {
@@ -35,19 +33,9 @@ public:
         const FormSource read = read_form_source(*root, diagnostics);
         const Form form = build_form(read, diagnostics);
         names_.emplace(header_text(form, "G", diagnostics));
-        std::string folder = (std::filesystem::temp_directory_path() / "velform-XXXXXX").string();
-        if (mkdtemp(folder.data()) == nullptr) fail_at_file("cannot make", folder, errno);
-        folder_ = folder;
-        const OutputFile files[] = {{this->form(), form_file_bytes(form)},
-                                    {text(), text_file_bytes(form)}};
-        replace_files(files);
+        form_ = form_file_bytes(form);
+        text_ = text_file_bytes(form);
     }
-    ~CompiledGallery() {
-        std::error_code ignored;
-        std::filesystem::remove_all(folder_, ignored);
-    }
-    CompiledGallery(const CompiledGallery &) = delete;
-    CompiledGallery &operator=(const CompiledGallery &) = delete;
 
     std::uint32_t number(const std::string &id) const { return names_->object(id); }
 
@@ -56,17 +44,18 @@ public:
         options.font_size = font_size;
         options.takes_events = true;
         Stage stage(options);
-        stage.load(form(), text());
+        stage.load({bytes_of(form_), form_.size(), bytes_of(text_), text_.size(), nullptr, 0});
         stage.ctx().cursor_object = 0; // the focus is where a state says so
         return drawn_with_states(stage.ctx(), states);
     }
 
 private:
-    std::string form() const { return (folder_ / "form").string(); }
-    std::string text() const { return (folder_ / "text").string(); }
+    static const unsigned char *bytes_of(const std::string &string) {
+        return reinterpret_cast<const unsigned char *>(string.data());
+    }
 
     const std::string theme_;
-    std::filesystem::path folder_;
+    std::string form_, text_;
     std::optional<HeaderNames> names_;
 };
 

@@ -10,9 +10,6 @@
 
 namespace velform {
 
-// Bytes, for the raw tables of the largest files.
-inline constexpr std::size_t largest_source = std::size_t{256} << 20;
-
 // Returns nothing after an error, which is reported.
 std::optional<toml::table> parse_toml(std::string_view text, Diagnostics &diagnostics);
 

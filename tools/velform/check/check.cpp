@@ -11,7 +11,6 @@
 #include "descriptor.h"
 #include "files.h"
 #include "header.h"
-#include "identifier.h"
 #include "read_form.h"
 #include "source_form.h"
 
@@ -61,11 +60,6 @@ const unsigned char *data_of(const std::string &bytes) {
     return reinterpret_cast<const unsigned char *>(bytes.data());
 }
 
-std::string place_of(std::string path) {
-    if (path == "-") path = "/dev/stdin";
-    return path;
-}
-
 // What is found in one file.
 struct Found {
     std::string path;
@@ -75,26 +69,24 @@ struct Found {
 
 class FileCheck {
 public:
-    FileCheck(const CheckOptions &options, const std::string &path, std::ostream &err)
-        : options_(options), path_(path), place_(place_of(path)), err_(err) {}
+    FileCheck(const CheckOptions &options, const std::string &path)
+        : options_(options), path_(path) {}
 
     // Also in the lock file of a source.
     std::vector<Found> run() const {
-        std::string bytes = read_file(place_);
+        std::string bytes = read_file(path_);
         if (is_source(path_, bytes)) return check_source_text(bytes);
         Found found{path_};
-        const ReadForm read({place_}, err_);
+        const ReadForm read({path_}, std::move(bytes));
         check_all(CheckedForm(read, nullptr, found.diagnostics));
         return {std::move(found)};
     }
 
 private:
     std::vector<Found> check_source_text(const std::string &bytes) const {
-        SourceForm source(place_, bytes);
+        SourceForm source(path_, bytes);
         Diagnostics &diagnostics = source.diagnostics();
-        const std::optional<std::string> &named = source.source().prefix;
-        const std::string prefix = named ? upper_case(*named) : prefix_for(path_);
-        header_text(source.form(), prefix, diagnostics);
+        header_text(source.form(), source.prefix(path_), diagnostics);
         const bool is_whole = !source.has_errors();
         if (is_whole) {
             const ReadForm read(source.form());
@@ -132,8 +124,7 @@ private:
     }
 
     const CheckOptions &options_;
-    const std::string path_, place_; // as it was named, and what that means
-    std::ostream &err_;
+    const std::string path_;
 };
 
 void print_words(Found &found, bool has_colours, std::ostream &err) {
@@ -149,7 +140,7 @@ Status check(const CheckOptions &options, std::ostream &out, std::ostream &err) 
     std::vector<CheckedFile> checked;
     bool is_faulty = false;
     for (const std::string &path : options.files) {
-        for (Found &found : FileCheck(options, path, err).run()) {
+        for (Found &found : FileCheck(options, path).run()) {
             const Diagnostics &diagnostics = found.diagnostics;
             is_faulty |= diagnostics.has_errors() || (options.is_strict && !diagnostics.is_empty());
             if (options.format == "text") {
