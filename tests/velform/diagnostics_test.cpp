@@ -1,6 +1,8 @@
 // What is refused, and where the message points.
 #include "forms.h"
 
+#include "check/quoted_line.h"
+
 namespace {
 
 using test::Compiled;
@@ -211,6 +213,27 @@ TEST(Faults, of_hostile_sources_are_errors_like_others) {
         {"[[file_dialog]]\nid='a'\nrows=100\n" + repeated("[[object]]\nkind='radio'\n", 3448),
          "1:1", "at most 65536 objects"},
     });
+}
+
+TEST(Findings, quote_their_line_with_a_mark) {
+    const std::string long_line = repeated("1234567890", 20);
+    struct Case {
+        std::string source;
+        std::uint32_t line, column;
+        std::string quoted;
+    };
+    const Case cases[] = {
+        {"a\n\tbc = 1\r\nd", 2, 4, "     2 |  bc = 1\n       |    ^\n"},
+        {"\xC3\xA4 = \x1b", 1, 5, "     1 | \xC3\xA4 = \\x1b\n       |     ^\n"},
+        {"a = ", 1, 9, "     1 | a = \n       |     ^\n"},
+        {long_line, 1, 101,
+         "     1 | " + repeated("1234567890", 10) + "\n       | " + repeated(" ", 60) + "^\n"},
+        {"a", 2, 1, ""},
+        {"a", 1, 0, ""},
+    };
+    for (const auto &[source, line, column, quoted] : cases) {
+        EXPECT_EQ(velform::quoted_line(source, line, column), quoted) << source;
+    }
 }
 
 } // namespace
