@@ -1,6 +1,6 @@
-// Makes seeds of the project's forms, for the loader and for full runs: each form with each action
-// and a few events.
-// usage: make_seeds FOLDER FORM... (NAME.form, with NAME.text next to it)
+// Makes seeds of the project's forms, for the loader, decompiling and full runs: each form with
+// each action and a few events. usage: make_seeds FOLDER FORM... (NAME.form, with NAME.text next to
+// it)
 #include <cstring>
 #include <filesystem>
 #include <fstream>
@@ -91,7 +91,7 @@ Seed script(std::size_t action, u8 window) {
 
 int main(int count, char **arguments) {
     const fs::path folder = arguments[1];
-    for (const char *name : {"loader", "full"}) fs::create_directories(folder / name);
+    for (const char *name : {"loader", "decompile", "full"}) fs::create_directories(folder / name);
     for (int k = 2; k < count; ++k) {
         const fs::path path = arguments[k];
         FormBytes files{read(path), read(fs::path(path).replace_extension("text"))};
@@ -99,7 +99,7 @@ int main(int count, char **arguments) {
         const Seed form = write_form(files, most_form_bytes);
         Seed loader{1};
         loader.insert(loader.end(), form.begin(), form.end());
-        write(folder / "loader" / path.stem(), loader);
+        for (const char *name : {"loader", "decompile"}) write(folder / name / path.stem(), loader);
         for (std::size_t action = 0; action < action_count(); ++action) {
             const auto kind = static_cast<u8>(action), window = static_cast<u8>(8 + action % 5);
             Seed full{kind, 99, 79, static_cast<u8>(action % 2 == 0 ? VEL_COMFORT_ALL : 0)};

@@ -1,4 +1,5 @@
-// Compiles form sources of any bytes. What the form tool accepts, the loader takes as it is.
+// Compiles form sources of any bytes. What the form tool accepts, the loader takes as it is, and
+// the standard layout of a source stays as it is.
 #include <cstdlib>
 #include <cstring>
 #include <sstream>
@@ -8,6 +9,7 @@
 #include "header.h"
 #include "model/form_check.h"
 #include "records.h"
+#include "source_layout.h"
 #include "toml_text.h"
 #include "world.h"
 
@@ -50,6 +52,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
         const Form form = build_form(source, diagnostics);
         check_form(form, diagnostics);
         HeaderNames names(header_text(form, "FUZZ", diagnostics));
+        const std::string once = laid_out(text);
+        if (laid_out(once) != once) std::abort();
         if (!diagnostics.has_errors()) load(form_file_bytes(form), text_file_bytes(form));
     }
     std::ostringstream printed;
