@@ -6,6 +6,7 @@ Nothing gives a warning.
 """
 
 import os
+import re
 import subprocess
 import sys
 import tempfile
@@ -13,6 +14,7 @@ from pathlib import Path
 
 from pages import blocks_of
 
+FILES = re.compile(r'(?:picture|font_file) = "([^"]+)"')
 WARNINGS = ["-std=c11", "-Wall", "-Wextra", "-Wpedantic", "-Wconversion", "-Wshadow", "-Werror"]
 
 
@@ -23,6 +25,9 @@ def results_of(page, velform, compile_c):
             source = Path(block.file or page.stem.replace("-", "_") + ".toml")
             # Blank lines before it, so that messages name the line of the page.
             source.write_text("\n" * (block.line - 1) + block.code, encoding="utf-8")
+            for name in FILES.findall(block.code):  # which the reader has
+                Path(name).parent.mkdir(exist_ok=True)
+                Path(name).touch()
             command = [velform, "compile", source.name]
             includes = f'#include <velumo.h>\n#include "{source.stem}.h"\n'
         elif block.language == "c":

@@ -11,6 +11,7 @@ namespace {
 using test::contents;
 using test::Folder;
 using test::run;
+constexpr auto npos = std::string::npos;
 
 // The names of all files and folders below a folder, in order.
 std::string names_in(const Folder &folder) {
@@ -55,17 +56,19 @@ TEST(Compile, writes_three_files_and_the_pictures_of_the_frame) {
 
 TEST(Compile, leaves_the_pictures_that_are_there_and_says_which_are_missing) {
     const std::string label = "[[object]]\ntype = 'label'\nrect = [0, 0, 9, 9]\n";
-    // What is missing in the folder of the compiled form, and whether it has pictures of the frame.
-    const std::tuple<std::string, std::string, bool> cases[] = {
-        {window, "", true},
-        {label, "", false},
-        {"[frame]\npictures = 'my'\n" + window, "my/mode.png", false},
-        {"[frame]\npictures = 'my'", "", false},
-        {"[[object]]\ntype = 'picture'\npicture = 'p.png'", "p.png", false},
-        {"[[object]]\ntype = 'picture'\npicture = 'by_source.png'", "", false},
-        {label + "font_file = 'f.ttf'", "f.ttf", false},
+    // What is missing in the folder of the compiled form, and where the source names it; whether
+    // it has pictures of the frame.
+    const std::tuple<std::string, std::string, std::string, bool> cases[] = {
+        {window, "", "", true},
+        {label, "", "", false},
+        {"[frame]\npictures = 'my'\n" + window, "my/mode.png", "2:12", false},
+        {"[frame]\npictures = 'my'", "", "", false},
+        {"[[object]]\ntype = 'picture'\npicture = 'p.png'", "p.png", "3:11", false},
+        {"[[object]]\ntype = 'picture'\npicture = 'by_source.png'", "", "", false},
+        {label + "font_file = 'f.ttf'", "f.ttf", "4:13", false},
+        {"[styles.a]\nfont_file = 'f.ttf'\n" + label + "style = 'a'", "f.ttf", "2:13", false},
     };
-    for (const auto &[source, missing, has_frame] : cases) {
+    for (const auto &[source, missing, where, has_frame] : cases) {
         SCOPED_TRACE(source);
         const Folder folder, target;
         folder.write("by_source.png");
@@ -73,11 +76,13 @@ TEST(Compile, leaves_the_pictures_that_are_there_and_says_which_are_missing) {
             target.fill({"frame/"});
             target.write("frame/move.png", "mine");
         }
-        const auto result =
-            run("compile " + folder.write("a.toml", source) + " -o " + target.file("a.form"));
+        const auto result = run("compile " + folder.write("a.toml", source) + " -o " +
+                                target.file("a.form") + " >/dev/null");
         EXPECT_EQ(result.status, 0);
         EXPECT_EQ(result.output.empty(), missing.empty()) << result.output;
-        const std::string place = "put it at " + target.file(missing) + "\n";
+        const std::string place = "put it at " + target.file(missing) + " [missing-file]\n";
+        const bool is_placed = result.output.find("a.toml:" + where + ": warning: the ") != npos;
+        EXPECT_TRUE(missing.empty() || is_placed) << result.output;
         EXPECT_TRUE(missing.empty() || result.output.find(place) != std::string::npos);
         EXPECT_EQ(std::ranges::count(names_in(target), ' '), has_frame ? 2 + 8 : 2);
         EXPECT_EQ(contents(target.file("frame/move.png")), has_frame ? "mine" : "");

@@ -192,6 +192,16 @@ TEST(Faults, are_all_reported_in_the_order_of_the_source) {
     EXPECT_EQ(places, "f:3:9:  f:5:5:  f:7:6:  f:10:1: ");
 }
 
+TEST(Faults, of_a_style_that_is_not_there_are_the_only_ones) {
+    for (const std::string object :
+         {"[[object]]\nlabel = 'x'\nstyle = 'no'", "[[object]]\ntext = 'x'\nstyle = 'no'",
+          "[[window]]\ntext = 'x'\nstyle = 'no'", "[[object]]\nkind = 'list'\nstyle = 'no'",
+          "[styles.a]\nfill = '#000000'\nstyle = 'no'\n[[object]]\nstyle = 'a'"}) {
+        const Compiled c(object);
+        EXPECT_EQ(c.messages, "f:3:9: error: there is no style 'no'\n") << object;
+    }
+}
+
 TEST(Faults, beyond_the_first_hundred_are_counted) {
     const Compiled c(repeated(label("fill = 1\npicture = 'p'"), 150));
     EXPECT_EQ(std::count(c.messages.begin(), c.messages.end(), '\n'), 202);

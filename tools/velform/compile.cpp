@@ -15,7 +15,6 @@
 #include "header.h"
 #include "identifier.h"
 #include "needed_files.h"
-#include "printable.h"
 #include "records.h"
 #include "source_form.h"
 #include "toml_text.h"
@@ -88,59 +87,59 @@ std::string dependencies(const CompileOptions &options, const SourceForm &source
     return rule + '\n';
 }
 
-struct Outputs {
-    std::vector<OutputFile> files;
-    std::vector<std::string> missing; // that the form needs as well
-};
+void report_missing(const CompileOptions &options, const std::vector<std::string> &folders,
+                    SourceForm &source) {
+    // Nobody knows where a form will be that goes through a pipe.
+    if (is_stream(options.form)) return;
+    for (const NeededFile &file : missing_files(source.form(), folders)) {
+        source.diagnostics().warning(
+            file.where, Rule::missing_file,
+            fmt::format("the {} '{}' is not there; put it at {}", file.is_font ? "font" : "picture",
+                        file.name, (fs::path(folder_of(options.form)) / file.name).string()));
+    }
+}
 
 // What it returns counts only when nothing is wrong.
-Outputs outputs_of(const CompileOptions &options, SourceForm &source, std::string_view bytes) {
+std::vector<OutputFile> outputs_of(const CompileOptions &options, SourceForm &source,
+                                   std::string_view bytes) {
     const Form &form = source.form();
     const std::string prefix =
         options.prefix.empty()
             ? source.prefix(is_stream(options.source) ? options.form : options.source)
             : upper_case(options.prefix);
     std::string header = header_text(form, prefix, source.diagnostics(), !options.embed.empty());
-    if (source.has_errors()) return {};
-    const ReadForm read(form);
-    check_types(CheckedForm(read, &form, source.diagnostics()));
-    apply_allowances(bytes, Allowed::of_some_rules, source.diagnostics());
-    Outputs outputs;
-    // First, so that make does not find it newer than what is made with it.
-    if (auto lock = source.changed_lock()) {
-        outputs.files.push_back({source.lock_path(), std::move(*lock)});
-    }
-    outputs.files.push_back({options.form, form_file_bytes(form)});
-    outputs.files.push_back({options.text, text_file_bytes(form)});
-    outputs.files.push_back({options.header, std::move(header)});
     const std::string folder = folder_of(options.form);
     const std::vector<std::string> folders = {folder, folder_of(options.source)};
+    report_missing(options, folders, source);
+    if (!source.has_errors()) {
+        const ReadForm read(form);
+        check_types(CheckedForm(read, &form, source.diagnostics()));
+    }
+    apply_allowances(bytes, Allowed::of_some_rules, source.diagnostics());
+    if (source.has_errors()) return {};
+    std::vector<OutputFile> outputs;
+    // First, so that make does not find it newer than what is made with it.
+    if (auto lock = source.changed_lock()) {
+        outputs.push_back({source.lock_path(), std::move(*lock)});
+    }
+    outputs.push_back({options.form, form_file_bytes(form)});
+    outputs.push_back({options.text, text_file_bytes(form)});
+    outputs.push_back({options.header, std::move(header)});
     if (!options.embed.empty()) {
         const auto files = files_to_embed(form, folders, options.embed_fonts);
-        outputs.files.push_back({options.embed, embedded_form(form, prefix, files)});
+        outputs.push_back({options.embed, embedded_form(form, prefix, files)});
     }
     if (!options.depfile.empty()) {
-        outputs.files.push_back({options.depfile, dependencies(options, source, folders)});
+        outputs.push_back({options.depfile, dependencies(options, source, folders)});
     }
-    // Nobody knows where a form will be that goes through a pipe.
     if (is_stream(options.form)) return outputs;
-    outputs.missing = missing_files(form, folders);
-    std::ranges::move(frame_pictures_to_write(form, folder), std::back_inserter(outputs.files));
+    std::ranges::move(frame_pictures_to_write(form, folder), std::back_inserter(outputs));
     return outputs;
-}
-
-void report_missing(const CompileOptions &options, const std::vector<std::string> &files,
-                    std::ostream &out) {
-    for (const std::string &file : files) {
-        out << printable(fmt::format("{} needs {}, which is not there; put it at {}", options.form,
-                                     file, (fs::path(folder_of(options.form)) / file).string()))
-            << '\n';
-    }
 }
 
 } // namespace
 
-Status compile(const CompileOptions &given, std::ostream &out, std::ostream &err) {
+Status compile(const CompileOptions &given, std::ostream &err) {
     const CompileOptions options = with_all_paths(given);
     if (!name_different_files(options)) {
         throw WrongUsage("the source and the outputs must be different files");
@@ -154,11 +153,10 @@ Status compile(const CompileOptions &given, std::ostream &out, std::ostream &err
     }
     const std::string bytes = read_file(options.source);
     SourceForm source(options.source, bytes, options.lock);
-    const Outputs outputs = outputs_of(options, source, bytes);
+    const std::vector<OutputFile> outputs = outputs_of(options, source, bytes);
     source.print_diagnostics(err, options.has_colours);
     if (source.has_errors()) return Status::faulty_source;
-    replace_files(outputs.files);
-    report_missing(options, outputs.missing, out);
+    replace_files(outputs);
     return Status::done;
 }
 

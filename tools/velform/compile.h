@@ -19,8 +19,8 @@ struct CompileOptions {
     std::string depfile; // for make: what the outputs are made of; empty: none
 };
 
-// Prints what is wrong with the source to err, and to out which pictures and fonts are missing.
-// Throws WrongUsage and FileProblem.
-Status compile(const CompileOptions &options, std::ostream &out, std::ostream &err);
+// Prints to err what is wrong with the source, and which pictures and fonts are missing. Throws
+// WrongUsage and FileProblem.
+Status compile(const CompileOptions &options, std::ostream &err);
 
 } // namespace velform

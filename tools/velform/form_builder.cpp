@@ -26,7 +26,8 @@ Settings frame_button_settings(const FormSource &source, std::uint32_t button) {
     settings[Field::type] = Setting{VEL_TYPE_PICTURE_UNLOADED, {}};
     settings[Field::width] = settings[Field::height] = size;
     settings[Field::hidden] = Setting{1, {}};
-    settings[Field::picture] = Setting{frame_picture_path(source.frame_pictures, button), {}};
+    settings[Field::picture] =
+        Setting{frame_picture_path(source.frame_pictures, button), source.frame_pictures_where};
     settings[Field::border] = Setting{VEL_BORDER_SHADOW, {}};
     settings[Field::border_colour] =
         Setting{button == VEL_BUTTON_CLOSE ? close_button_edge : frame_button_edge, {}};
@@ -132,7 +133,11 @@ private:
         if (role == Role::window && said[Field::text]) leave_room_for_title(object, said);
         take_colours_of_master(object);
         object.settings[Field::type]->value = std::int64_t{type_of(source, said)};
-        if (!said[Field::type] && !source.default_type) report_missing_type(source);
+        if (styles_.lacks_style(source)) {
+            object.settings.mark_faulty_unless_in(source.own);
+        } else if (!said[Field::type] && !source.default_type) {
+            report_missing_type(source);
+        }
         if (!said[Field::font_choice]) choose_font(object);
         if (master != 0) make_absolute(object);
         form_.objects.push_back(std::move(object));

@@ -189,6 +189,7 @@ private:
         refuse_unknown_keys(frame, Keys{"pictures"} + buttons, "the frame");
         if (const toml::node *pictures = frame.get("pictures")) {
             source.frame_pictures = read_folder(*pictures);
+            source.frame_pictures_where = position_of(*pictures);
         }
         for (std::size_t k = 0; k < buttons.size(); ++k) {
             const toml::table *table = table_in(frame, buttons[k]);

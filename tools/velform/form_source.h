@@ -68,6 +68,7 @@ struct FormSource {
     Position prefix_where;
     const Theme *theme = find_theme(standard_theme);
     std::string frame_pictures{standard_frame_folder};
+    Position frame_pictures_where;
     std::map<std::string, Block, std::less<>> styles;
     std::array<ObjectSource, VEL_FRAME_BUTTONS> frame_buttons;
     std::vector<ObjectSource> objects;

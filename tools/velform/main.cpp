@@ -125,8 +125,7 @@ private:
         command->add_flag("--embed-fonts", compile_.embed_fonts, "Put the fonts into it as well")
             ->needs(embed);
         add_colour(*command, compile_.has_colours);
-        command->callback(
-            [this] { action_ = [this] { return compile(compile_, out_, std::cerr); }; });
+        command->callback([this] { action_ = [this] { return compile(compile_, std::cerr); }; });
     }
 
     void add_check() {

@@ -41,15 +41,18 @@ std::string_view standard_picture(const FormObject &object) {
 }
 
 void add_files_of(const FormObject &object, std::vector<NeededFile> &files) {
+    const auto add = [&](Field field, std::string_view standard) {
+        const Setting &name = *object.settings[field];
+        const bool is_said = name.where != Setting{}.where;
+        files.push_back({name.string(), is_said ? name.where : object.source->where,
+                         field == Field::font_file, standard});
+    };
     // The program supplies the pictures of a list.
     if (has_own_picture(object) && !object.settings[Field::picture]->string().empty()) {
-        files.push_back(
-            {object.settings[Field::picture]->string(), false, standard_picture(object)});
+        add(Field::picture, standard_picture(object));
     }
     const bool has_font = means_something(record_field(Field::font_file), object.type());
-    if (has_font && object.value(Field::font_choice) == 1) {
-        files.push_back({object.settings[Field::font_file]->string(), true, {}});
-    }
+    if (has_font && object.value(Field::font_choice) == 1) add(Field::font_file, {});
 }
 
 } // namespace
@@ -84,13 +87,14 @@ std::string place_in(const std::vector<std::string> &folders, const std::string 
     return folder == folders.end() ? std::string() : (fs::path(*folder) / name).string();
 }
 
-std::vector<std::string> missing_files(const Form &form, const std::vector<std::string> &folders) {
-    std::set<std::string> missing;
+std::vector<NeededFile> missing_files(const Form &form, const std::vector<std::string> &folders) {
+    std::vector<NeededFile> missing;
+    std::set<std::string> names;
     for (const NeededFile &file : needed_files(form)) {
-        if (file.standard.empty() && place_in(folders, file.name).empty())
-            missing.insert(file.name);
+        const bool is_there = !file.standard.empty() || !place_in(folders, file.name).empty();
+        if (!is_there && names.insert(file.name).second) missing.push_back(file);
     }
-    return {missing.begin(), missing.end()};
+    return missing;
 }
 
 } // namespace velform

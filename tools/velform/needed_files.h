@@ -16,6 +16,7 @@ std::vector<OutputFile> frame_pictures_to_write(const Form &form, const std::str
 
 struct NeededFile {
     std::string name;
+    Position where; // in the source
     bool is_font;
     std::string_view standard; // the picture that comes with velform for it, or none
 };
@@ -25,7 +26,7 @@ std::vector<NeededFile> needed_files(const Form &form);
 // Where a file is in the first folder that has it; empty when none has.
 std::string place_in(const std::vector<std::string> &folders, const std::string &name);
 
-// Returns the names of all other pictures and fonts that are in none of the folders.
-std::vector<std::string> missing_files(const Form &form, const std::vector<std::string> &folders);
+// Returns all other pictures and fonts that are in none of the folders, each once.
+std::vector<NeededFile> missing_files(const Form &form, const std::vector<std::string> &folders);
 
 } // namespace velform

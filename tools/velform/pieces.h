@@ -59,7 +59,7 @@ inline ObjectSource outer_piece(Role role, const Rect &rect) {
 // What a part cannot be; nothing where a value is wrong that was reported already.
 inline void report(const ObjectSource &object, Field field, const PartContext &context,
                    std::string message) {
-    if (object.own.has_faults()) return;
+    if (object.own.has_faults() || context.styles.lacks_style(object)) return;
     const std::optional<Setting> &said = object.own[field];
     context.diagnostics.error(said ? said->where : object.where, std::move(message));
 }

@@ -35,6 +35,13 @@ public:
         return false;
     }
 
+    // All that the other does not say counts as wrong and reported.
+    void mark_faulty_unless_in(const Settings &other) {
+        for (std::size_t k = 0; k < field_count; ++k) {
+            if (settings_[k] && !other.settings_[k]) settings_[k]->is_faulty = true;
+        }
+    }
+
     // What the other says wins.
     void overlay(const Settings &other) {
         for (std::size_t k = 0; k < field_count; ++k) {

@@ -1,5 +1,7 @@
 #include "styles.h"
 
+#include <algorithm>
+
 #include <fmt/format.h>
 
 namespace velform {
@@ -23,6 +25,13 @@ Settings StyleResolver::resolve(const Block &block) {
     return settings;
 }
 
+bool StyleResolver::lacks_style(const Block &block) const {
+    return std::ranges::any_of(block.styles, [this](const StyleUse &use) {
+        const auto found = resolved_.find(use.name);
+        return found == resolved_.end() || found->second.lacks_style;
+    });
+}
+
 const Settings &StyleResolver::resolve_style(const StyleUse &use) {
     const auto style = source_.styles.find(use.name);
     if (style == source_.styles.end()) {
@@ -43,6 +52,7 @@ const Settings &StyleResolver::resolve_style(const StyleUse &use) {
     } else if (is_new) {
         ++depth_;
         resolved.settings = resolve(style->second);
+        resolved.lacks_style = lacks_style(style->second);
         --depth_;
     }
     resolved.is_finished = resolved.is_finished || is_new;

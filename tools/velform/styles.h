@@ -18,9 +18,14 @@ public:
     // What an object says by itself and by its styles.
     Settings resolve(const Block &block);
 
+    // Whether a style is missing that a resolved block uses, also through other styles. What it
+    // would have said is not known then.
+    bool lacks_style(const Block &block) const;
+
 private:
     struct Resolved {
         Settings settings;
+        bool lacks_style = false;
         bool is_finished = false;
     };
     const Settings &resolve_style(const StyleUse &use);
