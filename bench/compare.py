@@ -3,7 +3,7 @@
 
 Each round runs every program once, in turn, and a ratio is that of two figures of one round,
 because other work on the machine slows down all of a round alike. Shown are the median of the
-rounds and the middle half of them. Times are processor times.
+rounds and the middle half of them. Times are processor times, but for those of a whole process.
 
 usage: compare.py BUILD [--rounds N] [--only GROUP]... [--json FILE] [--markdown FILE]
 """
@@ -18,6 +18,7 @@ import statistics
 import subprocess
 import sys
 import tempfile
+import time
 from pathlib import Path
 
 from rows import ROWS
@@ -25,6 +26,7 @@ from rows import ROWS
 ROOT = Path(__file__).resolve().parent.parent
 TABLE = re.compile(r"(<!-- table -->\n).*?(<!-- /table -->)", re.DOTALL)
 ROUNDS = 9
+RUNS = 5  # of a whole process in a round
 TOOLKITS = {"bench_fltk": "FLTK", "bench_qt5": "Qt 5", "bench_imgui": "Dear ImGui"}
 
 
@@ -41,6 +43,21 @@ def form_source(titles, count):
         f'[[object]]\nid = "{other}_{k}"\ntype = "{other}"\nrect = [0, 0, 80, 90]\n'
         for k in range(count // 2)
     )
+
+
+def thousand_objects():
+    """Returns a form source of 20 windows with 49 objects each."""
+    source = '[styles.button]\ntype = "label"\nborder = "shadow"\n'
+    for w in range(20):
+        source += (f'[[window]]\nid = "window_{w}"\nrect = [{20 + 4 * w}, {40 + 4 * w}, 640, 420]\n'
+                   f'text = "Window {w}"\n')  # fmt: skip
+        for k in range(49):
+            x, y = 16 + k % 4 * 154, 40 + k // 4 * 28
+            source += f'[[window.object]]\nid = "object_{w}_{k}"\nrect = [{x}, {y}, 140, 24]\n'
+            source += (f'type = "label"\nlabel = "Caption {k}"\n', 'type = "entry"\n',
+                       f'style = "button"\nlabel = "Press {k}"\n',
+                       f'type = "text"\ntext = "Some words {k}"\n')[k % 4]  # fmt: skip
+    return source
 
 
 class Works:
@@ -60,6 +77,8 @@ class Works:
         return ""
 
     def run(self, program, work):
+        if program == "velform" and work.startswith("whole-"):
+            return self._whole(work.removeprefix("whole-"))
         if program == "velform":
             return self._compile(*work.split("-"))
         if program == "size":
@@ -89,6 +108,31 @@ class Works:
             sys.exit(f"compare: velform returns {done.returncode} for {source.name}")
         seconds = after.ru_utime + after.ru_stime - before.ru_utime - before.ru_stime
         return {"compile": seconds * 1e6}
+
+    def has_check(self):
+        done = subprocess.run([self._build / "tools/velform/velform", "--help"],
+                              capture_output=True, text=True, check=True)  # fmt: skip
+        return "\n  check " in done.stdout
+
+    def _whole(self, work):
+        """Milliseconds from the start of the program to its end, the best of a few."""
+        source, locked = self._scratch / "thousand.toml", self._scratch / "locked.toml"
+        velform, form = self._build / "tools/velform/velform", source.with_suffix(".form")
+        if not source.exists():
+            source.write_text(thousand_objects(), encoding="utf-8")
+            locked.write_text(thousand_objects(), encoding="utf-8")
+            subprocess.run([velform, "compile", source], check=True)
+            subprocess.run([velform, "compile", "--lock", locked], check=True)
+        picture = ["-o", self._scratch / "picture.png", "--activate", "window_19"]
+        command = {"compile": ["compile", source], "lock": ["compile", locked],
+                   "render": ["render", form, *picture, "-C", self._scratch],
+                   "draw": ["render", source, *picture], "check": ["check", source]}  # fmt: skip
+        times = []
+        for _ in range(RUNS):
+            start = time.perf_counter()
+            subprocess.run([velform, *command[work]], check=True)
+            times.append(time.perf_counter() - start)
+        return {"whole": min(times) * 1e3}
 
     def _size(self):
         """What is loaded of the library, so symbols and debug information do not count."""
@@ -234,6 +278,8 @@ def main():
         works = Works(options.build, scratch)
         reasons = {program: works.missing(program) for program in TOOLKITS}
         rows = [row for row in ROWS if not options.only or row.group in options.only]
+        if not works.has_check():
+            rows = [row for row in rows if row.own.work != "whole-check"]
         rows = [row for row in rows if row.base is None or not reasons.get(row.base.program)]
         values = measure(works, rows, options.rounds)
     left_out = [f"{TOOLKITS[p]} is left out: {why}." for p, why in reasons.items() if why]

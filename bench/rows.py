@@ -63,6 +63,11 @@ def allocations_row(name, work):
     return Row("allocations", f"own allocations in {work}", "", own, None, 0)
 
 
+def whole_row(command, work, required):
+    return Row("start", f"velform {command}, 1,000 objects", "", Figure("velform", work, "whole"),
+               None, required, unit="ms")  # fmt: skip
+
+
 ROWS = [
     Row("redraw", "full redraw", "floor, bare SDL", REDRAW, peer("floor", "redraw"), 0.55, 0.35),
     Row("redraw", "full redraw", "FLTK", REDRAW, peer("fltk", "redraw"), 0.35, 0.2),
@@ -88,4 +93,9 @@ ROWS = [
         Figure("bench_library", "memory", "memory"), None, 5, 2, "MiB"),  # fmt: skip
     velform_row("menus", "half of them titles"),
     velform_row("missing", "of menus that do not exist"),
+    whole_row("compile", "whole-compile", 150),
+    whole_row("compile with a lock file", "whole-lock", 150),
+    whole_row("render", "whole-render", 300),
+    whole_row("render of the source", "whole-draw", 300),
+    whole_row("check", "whole-check", 500),
 ]
