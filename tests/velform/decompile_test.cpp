@@ -113,6 +113,26 @@ TEST(Decompile, gives_back_the_forms_of_the_project) {
     }
 }
 
+TEST(Decompile, names_the_spare_records_of_a_header_where_they_are_the_last) {
+    const std::string spare = "spare = { rows = 3, others = 2 }\n";
+    const Compiled c(spare + parts);
+    const velform::HeaderNames names(c.header);
+    for (const auto &[rows, others, is_named] :
+         {std::tuple{3U, 2U, true}, {2U, 2U, false}, {3U, 1U, false}, {3U, 0xFFFFFFFF, false}}) {
+        auto ends = names.spare();
+        ASSERT_EQ(ends.size(), 2U);
+        ends[0].count = rows, ends[1].count = others;
+        for (const char byte : {'\0', '\1'}) {
+            FormBytes bytes{c.form, c.texts};
+            bytes.form.back() = byte;
+            const std::string source =
+                velform::source_for(bytes, {"f", names.ids_by_number(), true, ends});
+            EXPECT_EQ(source.find(spare) != source.npos, is_named && byte == '\0') << source;
+            EXPECT_TRUE(Compiled(source).form == bytes.form);
+        }
+    }
+}
+
 TEST(Decompile, says_in_words_what_has_words) {
     const std::array<std::string, 2> cases[] = {
         {"theme = 'dark'\n" + test::object("entry", "x = 3"), "theme = \"dark\""},

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <optional>
 #include <set>
 
 #include "destination.h"
@@ -36,6 +37,35 @@ bool becomes(const std::string &source, const FormBytes &bytes, const std::strin
            text_file_bytes(form) == bytes.text;
 }
 
+// The spare records that a header names, if they are empty and all at the end of the form.
+std::vector<SpareRun> spare_at_end(const RecordList &records, std::vector<NamedSpare> spare) {
+    std::ranges::sort(spare, {}, &NamedSpare::first);
+    std::uint64_t next = spare.empty() ? records.count() + 1 : spare.front().first;
+    const std::uint64_t first = next;
+    std::vector<SpareRun> runs;
+    for (const NamedSpare &run : spare) {
+        if (run.first != next || run.count == 0 || run.first <= VEL_FRAME_BUTTONS) return {};
+        runs.push_back({run.id, {}, run.count});
+        next += run.count;
+    }
+    if (next != records.count() + 1) return {};
+    for (std::uint64_t number = first; number < next; ++number) {
+        const std::string_view record = records[static_cast<std::uint32_t>(number)];
+        if (record.find_first_not_of('\0') != record.npos) return {};
+    }
+    return runs;
+}
+
+FormBytes without(const FormBytes &bytes, const std::vector<SpareRun> &spare) {
+    constexpr std::size_t size = sizeof(vel_object_file_rec);
+    std::size_t count = 0;
+    for (const SpareRun &run : spare) count += run.count;
+    FormBytes rest = bytes;
+    const RecordList records(bytes.form, size);
+    rest.form.erase((records.count() - count) * size, count * size);
+    return rest;
+}
+
 std::set<Colour> colours_in(const std::string &form) {
     std::set<Colour> colours;
     for (const std::string_view record : RecordList(form, sizeof(vel_object_file_rec)).records) {
@@ -62,14 +92,28 @@ std::vector<const Theme *> themes_for(const FormBytes &bytes) {
 
 // One for each theme, the shortest first.
 std::vector<std::string> sources_for(const FormBytes &bytes, const KnownNames &names,
-                                     bool has_traits) {
+                                     bool has_traits, const std::vector<SpareRun> &spare) {
     std::vector<std::string> sources;
     for (const Theme *theme : themes_for(bytes)) {
-        const auto source = decompiled(bytes, names, {theme, has_traits, false});
-        if (source) sources.push_back(source_text(*source));
+        auto source = decompiled(bytes, names, {theme, has_traits, false});
+        if (!source) continue;
+        source->spare = spare;
+        sources.push_back(source_text(*source));
     }
     std::ranges::stable_sort(sources, {}, &std::string::size);
     return sources;
+}
+
+// Words are better than the bytes of their texts, however many they are.
+std::optional<std::string> source_with(const std::vector<SpareRun> &spare, const FormBytes &bytes,
+                                       const KnownNames &names) {
+    const FormBytes said = without(bytes, spare);
+    for (const bool has_traits : {true, false}) {
+        for (std::string &source : sources_for(said, names, has_traits, spare)) {
+            if (becomes(source, bytes, upper_case(names.prefix))) return std::move(source);
+        }
+    }
+    return std::nullopt;
 }
 
 std::string next_to(const std::string &form, const char *suffix) {
@@ -85,20 +129,19 @@ KnownNames names_in(const std::string &header) {
     const HeaderNames names(header);
     const bool is_prefix = is_identifier(names.prefix()) && names.prefix() != "VEL";
     return {lower_case(is_prefix ? names.prefix() : ""), names.ids_by_number(),
-            !names.ids_by_number().empty()};
+            !names.ids_by_number().empty(), names.spare()};
 }
 
 std::string source_for(const FormBytes &bytes, const KnownNames &names) {
-    const std::string prefix = upper_case(names.prefix);
-    // Words are better than the bytes of their texts, however many they are.
-    for (const bool has_traits : {true, false}) {
-        for (std::string &source : sources_for(bytes, names, has_traits)) {
-            if (becomes(source, bytes, prefix)) return std::move(source);
-        }
-    }
+    const RecordList records(bytes.form, sizeof(vel_object_file_rec));
+    const std::vector<SpareRun> spare = spare_at_end(records, names.spare);
+    auto found = source_with(spare, bytes, names);
+    if (!found && !spare.empty()) found = source_with({}, bytes, names);
+    if (found) return std::move(*found);
     const auto plain = decompiled(bytes, {}, {&themes().back(), false, true});
     std::string source = plain ? source_text(*plain) : "";
-    if (!becomes(source, bytes, prefix)) throw std::logic_error("the form cannot be decompiled");
+    if (!becomes(source, bytes, upper_case(names.prefix)))
+        throw std::logic_error("the form cannot be decompiled");
     return source;
 }
 

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "form_source.h"
+#include "header.h"
 #include "record_bytes.h"
 
 namespace velform {
@@ -14,6 +15,7 @@ struct KnownNames {
     std::string prefix;
     std::map<std::uint32_t, std::string> ids;
     bool are_given = false;
+    std::vector<NamedSpare> spare{};
     bool operator==(const KnownNames &) const = default;
 };
 

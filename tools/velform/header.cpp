@@ -114,16 +114,32 @@ std::string header_text(const Form &form, std::string_view prefix, Diagnostics &
 
 HeaderNames::HeaderNames(const std::string &header) {
     std::istringstream lines(header);
-    // The list of objects comes first; those of texts and spare ones must not be taken for it.
-    for (std::string line;
-         std::getline(lines, line) && line != "};" && line.find(spare_title) == line.npos;) {
+    // The list of objects comes first; that of texts must not be taken for it.
+    bool is_objects = true, is_spare = false;
+    for (std::string line; std::getline(lines, line);) {
+        is_spare = is_spare || line.find(spare_title) != line.npos;
+        is_objects = is_objects && !is_spare && line != "};";
         const std::size_t equals = line.find(" = ");
         if (line.starts_with(guard_line)) {
             prefix_ = line.substr(guard_line.size(), line.rfind('_') + 1 - guard_line.size());
         } else if (line.starts_with(indent) && equals != std::string::npos) {
-            std::uint32_t &number = objects_[line.substr(indent.size(), equals - indent.size())];
+            const std::string name = line.substr(indent.size(), equals - indent.size());
+            std::uint32_t number = 0;
             std::from_chars(line.data() + equals + 3, line.data() + line.size(), number);
+            if (is_objects) objects_[name] = number;
+            if (is_spare) add_spare(name, number);
         }
+    }
+}
+
+// The first record, and in the next line how many there are.
+void HeaderNames::add_spare(std::string_view name, std::uint32_t number) {
+    if (!name.starts_with(prefix_)) return;
+    const std::string id = lower_case(name.substr(prefix_.size()));
+    if (!spare_.empty() && id == spare_.back().id + "_count") {
+        spare_.back().count = number;
+    } else if (is_identifier(id)) {
+        spare_.push_back({id, number, 0});
     }
 }
 

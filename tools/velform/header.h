@@ -5,6 +5,7 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "form.h"
 
@@ -18,6 +19,13 @@ std::string prefix_for(std::string_view source_path);
 std::string header_text(const Form &form, std::string_view prefix, Diagnostics &diagnostics,
                         bool is_embedded = false);
 
+// Spare records as a header names them, by their id.
+struct NamedSpare {
+    std::string id;
+    std::uint32_t first, count;
+    bool operator==(const NamedSpare &) const = default;
+};
+
 // The numbers of the objects, read back from what header_text() wrote.
 class HeaderNames {
 public:
@@ -30,13 +38,18 @@ public:
 
     // Ids by number, and what comes before them in the header, as "NOTES".
     std::map<std::uint32_t, std::string> ids_by_number() const;
+    // In the order of the header.
+    const std::vector<NamedSpare> &spare() const { return spare_; }
     std::string_view prefix() const {
         return std::string_view(prefix_).substr(0, prefix_.size() - (prefix_.empty() ? 0 : 1));
     }
 
 private:
     std::string prefix_;
+    void add_spare(std::string_view name, std::uint32_t number);
+
     std::map<std::string, std::uint32_t> objects_;
+    std::vector<NamedSpare> spare_;
 };
 
 } // namespace velform

@@ -155,6 +155,7 @@ public:
     std::string write() {
         if (source_.prefix) text_ += Entry{"prefix", in_quotes(*source_.prefix)}.line();
         text_ += Entry{"theme", in_quotes(source_.theme->name)}.line();
+        add_spare();
         write_raw();
         for (const auto &[looks, style] : styles_) {
             if (!style.name.empty()) text_ += fmt::format("\n[styles.{}]\n{}", style.name, looks);
@@ -170,6 +171,14 @@ private:
         std::size_t uses = 0;
         std::uint32_t type = 0; // of the first object
     };
+
+    void add_spare() {
+        std::vector<std::string> runs;
+        for (const SpareRun &run : source_.spare) {
+            runs.push_back(fmt::format("{} = {}", run.name, run.count));
+        }
+        if (!runs.empty()) text_ += fmt::format("spare = {{ {} }}\n", fmt::join(runs, ", "));
+    }
 
     static Entries entries_of(const Settings &own, bool of_looks) {
         Entries entries;
