@@ -143,7 +143,9 @@ bool Numbering::has_room() {
 std::uint32_t Numbering::first_free(std::uint32_t count) {
     while (!is_free(next_object_, 1)) ++next_object_;
     std::uint32_t first = next_object_;
-    while (!is_free(first, count)) ++first;
+    for (std::uint32_t number = first; number < first + count; ++number) {
+        if (!is_free(number, 1)) first = number + 1;
+    }
     return first;
 }
 
