@@ -65,6 +65,7 @@ public:
         if (source_.raw.writes_traits) add_traits();
         add_raw_texts();
         refuse_raw_texts_beyond();
+        check_text_count();
         form_.raw = source_.raw;
         return std::move(form_);
     }
@@ -248,11 +249,14 @@ private:
         for (std::size_t k = 1; k < texts.size(); ++k) {
             put_text(numbering_.next_text(), texts[k]);
         }
-        if (form_.texts.size() > most_records) {
-            diagnostics_.error({}, fmt::format("a form holds at most {} texts, with those for what "
-                                               "it says of keys and answers; take some out",
-                                               most_records));
-        }
+    }
+
+    void check_text_count() {
+        if (form_.texts.size() <= most_records) return;
+        diagnostics_.error({}, fmt::format("a form holds at most {} texts, with those for what it "
+                                           "says of keys and answers and those that a lock file "
+                                           "keeps; take some out",
+                                           most_records));
     }
 
     void note_ids() {

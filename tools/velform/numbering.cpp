@@ -165,7 +165,7 @@ void Numbering::take(std::uint32_t first, std::uint32_t count) {
 }
 
 std::uint32_t Numbering::text_for(const FormObject &object) {
-    LockedNumbers *const locked = lock_ == nullptr ? nullptr : locked_[object.number];
+    LockedNumbers *const locked = object.number < locked_.size() ? locked_[object.number] : nullptr;
     if (locked == nullptr) return next_text();
     if (locked->text == 0) locked->text = next_text();
     return locked->text;
