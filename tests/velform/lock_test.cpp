@@ -91,6 +91,31 @@ TEST(Lock, leads_all_references_to_the_numbers) {
     EXPECT_EQ(c.form.compare(38 * empty.size(), empty.size(), empty), 0);
 }
 
+TEST(Lock, changes_nothing_that_is_seen) {
+    const Folder folder;
+    const std::string source = folder.write(
+        "a.toml", "[[window]]\nid = 'w'\nrect = [20, 30, 400, 300]\ntext = 'Title'\nobjects = [\n"
+                  "{ kind = 'check', x = 20, y = 40, checked = true, label = 'Check' },\n"
+                  "{ kind = 'list', x = 20, y = 80, columns = [{ title = 'A' }, {}] },\n"
+                  "{ kind = 'choice', x = 220, y = 40, rows = ['One'], tip = 'Tip' },\n"
+                  "{ kind = 'tabs', x = 220, y = 80, pages = [{ title = 'T', objects = [\n"
+                  "{ kind = 'slider', x = 5, y = 5 }] }, {}] }]\n[[file_dialog]]\nid = 'd'\n");
+    const auto pictures = [&] {
+        EXPECT_EQ(run("compile --lock " + source).output, "");
+        run("render " + source + " --all-windows -o " + folder.file("a.png"));
+        return contents(folder.file("a-w.png")) + contents(folder.file("a-d.png"));
+    };
+    const std::string before = pictures();
+    EXPECT_GT(before.size(), 4000U);
+    velform::Diagnostics faults;
+    velform::Lock lock = velform::read_lock(contents(folder.file("a.form.lock")), faults);
+    const auto sum = static_cast<std::uint32_t>(lock.size()) + 8 + 7; // of the first and the last
+    for (auto &[key, numbers] : lock) numbers.object = sum - numbers.object;
+    folder.write("a.form.lock", velform::lock_text(lock));
+    EXPECT_TRUE(pictures() == before);
+    EXPECT_EQ(contents(folder.file("a.form.lock")), velform::lock_text(lock));
+}
+
 TEST(Lock, refuses_what_is_damaged_foreign_or_contradictory) {
     // Lines from the second on; where the fault is.
     const std::array<std::string, 2> cases[] = {
