@@ -6,15 +6,15 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "decompile.h"
-#include "form_builder.h"
+#include "commands/decompile.h"
+#include "form/form_builder.h"
+#include "form/form_check.h"
+#include "form/header.h"
+#include "form/records.h"
 #include "form_bytes.h"
-#include "form_check.h"
-#include "header.h"
-#include "identifier.h"
-#include "records.h"
-#include "source_layout.h"
-#include "toml_text.h"
+#include "source/identifier.h"
+#include "source/source_layout.h"
+#include "source/toml_text.h"
 
 namespace {
 

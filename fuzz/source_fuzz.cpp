@@ -4,13 +4,13 @@
 #include <cstring>
 #include <sstream>
 
-#include "form_builder.h"
-#include "form_check.h"
-#include "header.h"
+#include "form/form_builder.h"
+#include "form/form_check.h"
+#include "form/header.h"
+#include "form/records.h"
 #include "model/form_check.h"
-#include "records.h"
-#include "source_layout.h"
-#include "toml_text.h"
+#include "source/source_layout.h"
+#include "source/toml_text.h"
 #include "world.h"
 
 namespace {

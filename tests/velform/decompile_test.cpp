@@ -3,7 +3,7 @@
 
 #include <random>
 
-#include "decompile.h"
+#include "commands/decompile.h"
 
 namespace {
 

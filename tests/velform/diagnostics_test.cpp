@@ -1,7 +1,7 @@
 // What is refused, and where the message points.
 #include "forms.h"
 
-#include "check/quoted_line.h"
+#include "base/quoted_line.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 // What a source becomes: records, texts, numbers, names.
 #include "forms.h"
 
-#include "fields_page.h"
-#include "files.h"
+#include "base/files.h"
+#include "commands/fields_page.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 
 #include <random>
 
-#include "source_layout.h"
+#include "source/source_layout.h"
 
 namespace {
 

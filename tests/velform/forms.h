@@ -8,12 +8,12 @@
 #include <sys/wait.h>
 
 #include "check/check_form.h"
-#include "form_builder.h"
-#include "form_check.h"
-#include "header.h"
-#include "record_table.h"
-#include "records.h"
-#include "toml_text.h"
+#include "form/form_builder.h"
+#include "form/form_check.h"
+#include "form/header.h"
+#include "form/record_table.h"
+#include "form/records.h"
+#include "source/toml_text.h"
 
 namespace test {
 

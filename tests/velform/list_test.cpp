@@ -4,8 +4,8 @@
 #include <map>
 #include <random>
 
-#include "diff.h"
-#include "list.h"
+#include "commands/diff.h"
+#include "commands/list.h"
 
 namespace {
 

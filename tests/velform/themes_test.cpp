@@ -3,7 +3,7 @@
 
 #include <cmath>
 
-#include "gallery.h"
+#include "draw/gallery.h"
 #include "model/state.h"
 
 namespace {

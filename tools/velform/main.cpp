@@ -10,20 +10,20 @@
 #include <CLI/CLI.hpp>
 #include <fcntl.h>
 
-#include "check/check.h"
-#include "compile.h"
-#include "decompile.h"
-#include "descriptor.h"
-#include "diff.h"
-#include "fields_page.h"
-#include "files.h"
-#include "format.h"
-#include "list.h"
-#include "printable.h"
-#include "render.h"
-#include "schema.h"
-#include "suggestion.h"
-#include "themes.h"
+#include "base/descriptor.h"
+#include "base/files.h"
+#include "base/printable.h"
+#include "base/suggestion.h"
+#include "commands/check.h"
+#include "commands/compile.h"
+#include "commands/decompile.h"
+#include "commands/diff.h"
+#include "commands/fields_page.h"
+#include "commands/format.h"
+#include "commands/list.h"
+#include "commands/render.h"
+#include "commands/schema.h"
+#include "commands/themes.h"
 
 using namespace velform;
 

@@ -4,7 +4,7 @@
 
 #include <string_view>
 
-#include "diagnostics.h"
+#include "base/diagnostics.h"
 
 namespace velform {
 

@@ -6,7 +6,7 @@
 
 #include <fmt/format.h>
 
-#include "record_bytes.h"
+#include "form/record_bytes.h"
 
 namespace velform {
 namespace {

@@ -4,8 +4,8 @@
 
 #include <fmt/format.h>
 
-#include "printable.h"
-#include "record_bytes.h"
+#include "base/printable.h"
+#include "form/record_bytes.h"
 
 namespace velform {
 namespace {

@@ -6,7 +6,7 @@
 #include <SDL_ttf.h>
 #include <fmt/format.h>
 
-#include "record_bytes.h"
+#include "form/record_bytes.h"
 
 namespace velform {
 namespace {

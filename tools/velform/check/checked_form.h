@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "diagnostics.h"
-#include "form.h"
-#include "read_form.h"
+#include "base/diagnostics.h"
+#include "form/form.h"
+#include "read/read_form.h"
 
 namespace velform {
 

@@ -2,8 +2,8 @@
 
 #include <fmt/format.h>
 
+#include "base/json.h"
 #include "check/checked_form.h"
-#include "json.h"
 
 namespace velform {
 namespace {

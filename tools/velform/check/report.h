@@ -4,7 +4,7 @@
 #include <ostream>
 #include <vector>
 
-#include "diagnostics.h"
+#include "base/diagnostics.h"
 
 namespace velform {
 
