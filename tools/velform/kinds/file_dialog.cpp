@@ -4,16 +4,10 @@
 
 #include <fmt/format.h>
 
-#include "kinds/parts.h"
+#include "kinds/pieces.h"
 
 namespace velform {
 namespace {
-
-using Pixels = std::int64_t;
-
-struct Rect {
-    Pixels x, y, width, height;
-};
 
 // The window from top to bottom: title, folder, list, name, message, buttons.
 constexpr Pixels side = 16;
@@ -51,8 +45,6 @@ constexpr FileDialogStyle styles[] = {{"row_style", &FileDialog::row_style},
 std::string text_or(const std::optional<Setting> &text, const char *standard) {
     return text ? text->string() : standard;
 }
-
-void set(Settings &settings, Field field, Pixels value) { settings[field] = Setting{value, {}}; }
 
 void set_margins(Settings &settings, Pixels left, Pixels top) {
     set(settings, Field::margin_left, left);
@@ -142,10 +134,7 @@ private:
         object.id = fmt::format("{}{}", dialog_.id, suffix);
         object.id_where = dialog_.id_where;
         set(object.own, Field::type, type);
-        set(object.own, Field::x, rect.x);
-        set(object.own, Field::y, rect.y);
-        set(object.own, Field::width, rect.width);
-        set(object.own, Field::height, rect.height);
+        set_rect(object.own, rect);
         return object;
     }
 

@@ -20,6 +20,12 @@ enum class PartCode : std::int64_t {
 inline void set(Settings &settings, Field field, std::int64_t value) {
     settings[field] = Setting{value, {}};
 }
+inline void set_rect(Settings &settings, const Rect &rect) {
+    set(settings, Field::x, rect.x);
+    set(settings, Field::y, rect.y);
+    set(settings, Field::width, rect.width);
+    set(settings, Field::height, rect.height);
+}
 inline void set_part(Settings &settings, PartCode code) {
     set(settings, Field::part, static_cast<std::int64_t>(code));
 }
@@ -42,10 +48,7 @@ inline ObjectSource piece(Role role, const Rect &rect, std::uint32_t type = VEL_
     object.role = role;
     object.is_made = true;
     set(object.own, Field::type, type);
-    set(object.own, Field::x, rect.x);
-    set(object.own, Field::y, rect.y);
-    set(object.own, Field::width, rect.width);
-    set(object.own, Field::height, rect.height);
+    set_rect(object.own, rect);
     return object;
 }
 
