@@ -75,8 +75,8 @@ std::string for_make(const std::string &path) {
 std::string dependencies(const CompileOptions &options, const SourceForm &source,
                          const std::vector<std::string> &folders) {
     std::string rule = for_make(options.form) + ":";
-    if (!is_stream(options.source)) rule += " " + for_make(options.source);
-    if (!source.lock_path().empty()) rule += " " + for_make(source.lock_path());
+    if (!is_stream(options.source)) rule += fmt::format(" {}", for_make(options.source));
+    if (!source.lock_path().empty()) rule += fmt::format(" {}", for_make(source.lock_path()));
     std::set<std::string> read;
     for (const NeededFile &file : needed_files(source.form())) {
         const bool is_embedded = !options.embed.empty() && (!file.is_font || options.embed_fonts);

@@ -62,9 +62,10 @@ private:
     static std::string place(const ReadForm &form, std::uint32_t object) {
         const std::uint32_t master = form.master(object);
         const std::string caption = form.caption(object);
-        return fmt::format("{}: [{}]{}", master == 0 ? "" : ", in " + form.title(master),
+        return fmt::format("{}: [{}]{}",
+                           master == 0 ? "" : fmt::format(", in {}", form.title(master)),
                            fmt::join(form.rect(object), ", "),
-                           caption.empty() ? "" : " " + shown_in_quotes(caption));
+                           caption.empty() ? "" : fmt::format(" {}", shown_in_quotes(caption)));
     }
 
     void compare_objects(std::uint32_t old, std::uint32_t now) {

@@ -69,7 +69,7 @@ std::string joined_words(const RecordField &row, std::uint32_t bits) {
     std::string words;
     for (const Name &name : row.names) {
         if ((bits & name.code) == 0) continue;
-        words += (words.empty() ? "" : " ") + std::string(name.name);
+        words += fmt::format("{}{}", words.empty() ? "" : " ", name.name);
         bits &= ~name.code;
     }
     return bits == 0 ? fmt::format("\"{}\"", words) : "";
