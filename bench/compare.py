@@ -53,7 +53,7 @@ def thousand_objects():
                    f'text = "Window {w}"\n')  # fmt: skip
         for k in range(49):
             x, y = 16 + k % 4 * 154, 40 + k // 4 * 28
-            source += f'[[window.object]]\nid = "object_{w}_{k}"\nrect = [{x}, {y}, 140, 24]\n'
+            source += f'[[window.object]]\nid = "object_{w}_{k}"\nrect = [{x}, {y}, 140, 26]\n'
             source += (f'type = "label"\nlabel = "Caption {k}"\n', 'type = "entry"\n',
                        f'style = "button"\nlabel = "Press {k}"\n',
                        f'type = "text"\ntext = "Some words {k}"\n')[k % 4]  # fmt: skip
@@ -108,11 +108,6 @@ class Works:
             sys.exit(f"compare: velform returns {done.returncode} for {source.name}")
         seconds = after.ru_utime + after.ru_stime - before.ru_utime - before.ru_stime
         return {"compile": seconds * 1e6}
-
-    def has_check(self):
-        done = subprocess.run([self._build / "tools/velform/velform", "--help"],
-                              capture_output=True, text=True, check=True)  # fmt: skip
-        return "\n  check " in done.stdout
 
     def _whole(self, work):
         """Milliseconds from the start of the program to its end, the best of a few."""
@@ -278,8 +273,6 @@ def main():
         works = Works(options.build, scratch)
         reasons = {program: works.missing(program) for program in TOOLKITS}
         rows = [row for row in ROWS if not options.only or row.group in options.only]
-        if not works.has_check():
-            rows = [row for row in rows if row.own.work != "whole-check"]
         rows = [row for row in rows if row.base is None or not reasons.get(row.base.program)]
         values = measure(works, rows, options.rounds)
     left_out = [f"{TOOLKITS[p]} is left out: {why}." for p, why in reasons.items() if why]
