@@ -233,6 +233,10 @@ TEST(Command, ends_with_the_status_that_fits) {
         {"diff - @/a.toml <@/a.toml", 0, ""},
         {"diff - -", 2, "standard input"},
         {"decompile - @/a.text -o - <@/a.form", 0, "[[window]]"},
+        {"check @/warned.toml", 0, "     1 | [[window]]"},
+        {"check --strict - <@/warned.toml", 1, "-:1:1: warning: "},
+        {"check @/missing.toml @/faulty.toml", 3, "missing.toml: No such"},
+        {"check @/a.text", 2, "with its form"},
         {"list /dev/zero", 3, "/dev/zero: it is larger than 256 MiB"},
     };
     for (const auto &[arguments, status, message] : cases) {

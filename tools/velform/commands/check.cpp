@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include <fcntl.h>
+#include <fmt/format.h>
 
 #include "base/descriptor.h"
 #include "base/files.h"
@@ -74,6 +75,9 @@ public:
 
     // Also in the lock file of a source.
     std::vector<Found> run() const {
+        if (fs::path(path_).extension() == ".text") {
+            throw WrongUsage(fmt::format("{} is read with its form; name that alone", path_));
+        }
         std::string bytes = read_file(path_);
         if (is_source(path_, bytes)) return check_source_text(bytes);
         Found found{path_};
