@@ -195,6 +195,7 @@ TEST(Command, ends_with_the_status_that_fits) {
     folder.write("a.toml", good + "objects = [{ id = 'inner', type = 'window' }]\n");
     folder.write("faulty.toml", "x = 1\n");
     folder.write("warned.toml", "[[window]]");
+    folder.write("allowed.toml", "[[window]] # velform: allow window-edge");
     const std::tuple<std::string, int, std::string> cases[] = {
         {"", 2, "compile"},
         {"frobnicate", 2, "there is no command 'frobnicate'; see velform --help"},
@@ -236,6 +237,8 @@ TEST(Command, ends_with_the_status_that_fits) {
         {"check @/warned.toml", 0, "     1 | [[window]]"},
         {"check --strict - <@/warned.toml", 1, "-:1:1: warning: "},
         {"check @/missing.toml @/faulty.toml", 3, "missing.toml: No such"},
+        {"check --color=always @/warned.toml 2>&1 | grep -c '\\[1;35mwarning.*edge'", 0, "2"},
+        {"compile @/allowed.toml 2>&1 | grep -c window-edge", 1, "0"},
         {"check @/a.text", 2, "with its form"},
         {"list /dev/zero", 3, "/dev/zero: it is larger than 256 MiB"},
     };

@@ -1,5 +1,6 @@
 #include "base/printable.h"
 
+#include <algorithm>
 #include <cstdint>
 
 #include <fmt/format.h>
@@ -73,6 +74,11 @@ std::string printable(std::string_view words) {
     const std::string_view begin = words.substr(0, edge(words, longest / 2));
     const std::string_view end = words.substr(edge(words, words.size() - longest / 2));
     return fmt::format("{} ... {}", escaped(begin), escaped(end));
+}
+
+std::size_t characters_in(std::string_view utf8) {
+    return static_cast<std::size_t>(std::ranges::count_if(
+        utf8, [](char byte) { return (static_cast<std::uint8_t>(byte) & 0xC0) != 0x80; }));
 }
 
 } // namespace velform

@@ -10,4 +10,7 @@ namespace velform {
 // escapes as in a C string; of very long words the middle is left out. The result is one line.
 std::string printable(std::string_view words);
 
+// Of text in UTF-8.
+std::size_t characters_in(std::string_view utf8);
+
 } // namespace velform

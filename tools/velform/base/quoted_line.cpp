@@ -22,10 +22,6 @@ std::size_t end_of(std::string_view text, std::size_t characters) {
     return at;
 }
 
-std::size_t characters_in(std::string_view text) {
-    return static_cast<std::size_t>(std::ranges::count_if(text, begins_character));
-}
-
 // As a terminal shows it: a tab takes one place.
 std::string shown(std::string_view text) {
     std::string words(text);
@@ -33,8 +29,7 @@ std::string shown(std::string_view text) {
     return printable(words);
 }
 
-} // namespace
-
+// Without its end; empty when there is no such line.
 std::string_view line_of(std::string_view source, std::uint32_t line) {
     for (; line > 1; --line) {
         const std::size_t end = source.find('\n');
@@ -44,6 +39,8 @@ std::string_view line_of(std::string_view source, std::uint32_t line) {
     const std::string_view found = source.substr(0, source.find('\n'));
     return found.ends_with('\r') ? found.substr(0, found.size() - 1) : found;
 }
+
+} // namespace
 
 std::string quoted_line(std::string_view source, std::uint32_t line, std::uint32_t column) {
     const std::string_view whole = line_of(source, line);

@@ -13,7 +13,4 @@ namespace velform {
 // or of long lines the part around the column. Empty when there is no such line.
 std::string quoted_line(std::string_view source, std::uint32_t line, std::uint32_t column);
 
-// The lines of a source, without their ends.
-std::string_view line_of(std::string_view source, std::uint32_t line);
-
 } // namespace velform

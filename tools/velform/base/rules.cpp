@@ -1,10 +1,6 @@
 #include "base/rules.h"
 
 #include <algorithm>
-#include <array>
-#include <vector>
-
-#include "base/suggestion.h"
 
 namespace velform {
 namespace {
@@ -35,12 +31,6 @@ const RuleRow &row_of(Rule rule) { return rows[static_cast<std::size_t>(rule)]; 
 std::optional<Rule> find_rule(std::string_view name) {
     const auto *found = std::ranges::find(rows, name, &RuleRow::name);
     return found == std::end(rows) ? std::nullopt : std::optional(found->rule);
-}
-
-std::string hint_at_rule(std::string_view name) {
-    std::vector<std::string_view> names;
-    for (const RuleRow &row : rows) names.push_back(row.name);
-    return did_you_mean(name, names);
 }
 
 } // namespace velform

@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <optional>
 #include <span>
-#include <string>
 #include <string_view>
 
 namespace velform {
@@ -26,7 +25,5 @@ struct RuleRow {
 std::span<const RuleRow> all_rules();
 const RuleRow &row_of(Rule rule);
 std::optional<Rule> find_rule(std::string_view name);
-// Returns a hint at the rule that a misspelt name was meant to be, or nothing.
-std::string hint_at_rule(std::string_view name);
 
 } // namespace velform

@@ -1,9 +1,12 @@
 #include "check/allowances.h"
 
 #include <algorithm>
-#include <optional>
+#include <unordered_map>
 
 #include <fmt/format.h>
+
+#include "base/printable.h"
+#include "base/suggestion.h"
 
 namespace velform {
 namespace {
@@ -44,7 +47,9 @@ private:
         for (std::size_t begin = at + mark.size(); begin < words.size();) {
             const std::size_t end = std::min(words.find(',', begin), words.size());
             const std::string_view rule = trimmed(words.substr(begin, end - begin));
-            const Position where{line, column_of(words, rule)};
+            const std::size_t before =
+                characters_in(words.substr(0, begin)) + words.substr(begin).find(rule);
+            const Position where{line, static_cast<std::uint32_t>(before + 1)};
             allowances_.push_back({where, is_comment ? 0 : line, rule});
             begin = end + 1;
         }
@@ -59,14 +64,6 @@ private:
         }
     }
 
-    static std::uint32_t column_of(std::string_view words, std::string_view rule) {
-        const auto *const begin = words.data();
-        return static_cast<std::uint32_t>(
-            1 + std::count_if(begin, std::max(begin, rule.data()), [](char byte) {
-                return (static_cast<std::uint8_t>(byte) & 0xC0) != 0x80;
-            }));
-    }
-
     std::vector<Allowance> allowances_;
 };
 
@@ -74,22 +71,26 @@ private:
 
 void apply_allowances(std::string_view source, Allowed rules, Diagnostics &diagnostics) {
     std::vector<Allowance> allowances = Reader().read(source);
-    diagnostics.remove_if([&allowances](const Finding &finding) {
+    std::unordered_multimap<std::uint32_t, Allowance *> by_line;
+    for (Allowance &allowance : allowances) by_line.emplace(allowance.line, &allowance);
+    diagnostics.remove_if([&by_line](const Finding &finding) {
+        if (severity_of(finding) == Severity::error) return false;
         bool is_allowed = false;
-        for (Allowance &allowance : allowances) {
-            if (severity_of(finding) == Severity::error || allowance.line != finding.where.line ||
-                allowance.rule != row_of(finding.rule).name)
-                continue;
-            is_allowed = allowance.is_needed = true;
+        const auto [begin, end] = by_line.equal_range(finding.where.line);
+        for (auto found = begin; found != end; ++found) {
+            if (found->second->rule != row_of(finding.rule).name) continue;
+            is_allowed = found->second->is_needed = true;
         }
         return is_allowed;
     });
     if (rules == Allowed::of_some_rules) return;
+    Suggestions names;
+    for (const RuleRow &row : all_rules()) names.add(row.name);
     for (const Allowance &allowance : allowances) {
         if (!find_rule(allowance.rule)) {
-            diagnostics.warning(allowance.where, Rule::unknown_rule,
-                                fmt::format("there is no rule '{}'{}", allowance.rule,
-                                            hint_at_rule(allowance.rule)));
+            diagnostics.warning(
+                allowance.where, Rule::unknown_rule,
+                fmt::format("there is no rule '{}'{}", allowance.rule, names.hint(allowance.rule)));
         } else if (!allowance.is_needed) {
             diagnostics.warning(allowance.where, Rule::needless_allowance,
                                 fmt::format("nothing breaks the rule '{}' here", allowance.rule));

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <stdexcept>
 
+#include "base/printable.h"
 #include "source/source_tree.h"
 #include "source/toml_text.h"
 
@@ -52,7 +53,7 @@ private:
         text_ += line.key;
         if (line.value.kind != Kind::none) {
             text_ += " = ";
-            const std::size_t width = count_characters(line.key) + 3 + line.value.width;
+            const std::size_t width = characters_in(line.key) + 3 + line.value.width;
             write(line.value, 0, width > longest_line);
         }
         write_comment(line, !line.is_comment());

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <stdexcept>
 
+#include "base/printable.h"
+
 namespace velform {
 namespace {
 
@@ -140,7 +142,7 @@ private:
         SourceValue value;
         value.kind = Kind::scalar;
         value.text = peek() == '"' || peek() == '\'' ? string() : word();
-        value.width = count_characters(value.text.substr(0, value.text.find('\n')));
+        value.width = characters_in(value.text.substr(0, value.text.find('\n')));
         value.takes_lines = value.text.find('\n') != std::string::npos;
         return value;
     }
@@ -188,7 +190,7 @@ private:
             require("=");
             skip_blanks();
             item.value = value();
-            table.width += count_characters(item.key) + 3; // the '=' and two blanks
+            table.width += characters_in(item.key) + 3; // the '=' and two blanks
             add(std::move(item), table);
         }
         table.width += table.items.empty() ? 2 : 4;
@@ -203,10 +205,5 @@ private:
 } // namespace
 
 std::vector<SourceItem> read_source_items(std::string_view text) { return TreeReader(text).run(); }
-
-std::size_t count_characters(std::string_view text) {
-    return static_cast<std::size_t>(std::ranges::count_if(
-        text, [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
-}
 
 } // namespace velform

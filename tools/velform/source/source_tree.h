@@ -36,7 +36,4 @@ struct SourceItem {
 // The lines of a source that the parser takes. Throws std::logic_error for any other.
 std::vector<SourceItem> read_source_items(std::string_view text);
 
-// UTF-8; continuation bytes do not count.
-std::size_t count_characters(std::string_view text);
-
 } // namespace velform

@@ -4,6 +4,8 @@
 
 #include <fmt/format.h>
 
+#include "base/printable.h"
+
 namespace velform {
 namespace {
 
@@ -15,9 +17,7 @@ Position position_at(std::string_view text, std::size_t index) {
     const std::string_view before = text.substr(0, index);
     const auto line_start = before.rfind('\n') + 1; // npos + 1 is 0
     const auto lines = std::ranges::count(before, '\n');
-    const auto characters = std::ranges::count_if(before.substr(line_start), [](char c) {
-        return (static_cast<unsigned char>(c) & 0xC0) != 0x80;
-    });
+    const auto characters = characters_in(before.substr(line_start));
     return {static_cast<std::uint32_t>(lines + 1), static_cast<std::uint32_t>(characters + 1)};
 }
 
