@@ -52,6 +52,8 @@ TEST_F(Format, lines_and_words_have_their_most_characters) {
           Case(i70 + i(28), {i70 + i(28)}), Case(i70 + i(29), {i70, i(29)})})
         EXPECT_EQ(format(text), lines);
     EXPECT_EQ(format(i70 + "i", width_of(i70)), (Names{i70, "i"}));
+    const std::string m(70, 'm'), narrow(60, ' '); // 39 of the word's letters fill the line
+    EXPECT_EQ(format(narrow + m, width_of(m) - 1), (Names{narrow + m.substr(0, 39), m.substr(39)}));
 }
 
 TEST_F(Format, text_ends_with_line_39) {

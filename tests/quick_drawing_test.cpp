@@ -49,6 +49,15 @@ SDL_Surface *make_picture(Random &random) {
     return s;
 }
 
+void write(Random &random, char *text, std::uint32_t most) {
+    const std::uint32_t length = random.below(most), mean_word = 1 + random.below(60);
+    for (std::uint32_t k = 0; k < length; ++k) {
+        const char letter = random.one_in(150) ? '\n' : static_cast<char>('A' + random.below(70));
+        text[k] = random.one_in(mean_word) ? ' ' : letter;
+    }
+    text[length] = '\0';
+}
+
 class Twin {
 public:
     Twin(std::uint32_t seed, int bits, bool plainly) {
@@ -91,13 +100,6 @@ public:
     std::array<char[VEL_TEXT_BUFFER_SIZE], last_text + 1> buffers{};
 
 private:
-    static void write(Random &random, char *text, std::uint32_t most) {
-        std::uint32_t length = random.below(most);
-        for (; length != 0; --length) {
-            *text++ = random.one_in(6) ? ' ' : static_cast<char>('A' + random.below(58));
-        }
-    }
-
     // A window with a text and a field, whatever else hangs on it.
     void make_window_to_type_in() {
         const std::uint32_t types[] = {VEL_TYPE_WINDOW, VEL_TYPE_TEXT, VEL_TYPE_ENTRY};
@@ -162,11 +164,34 @@ private:
     std::vector<SDL_Surface *> pictures_;
 };
 
+// Into lines that have no room for a word or a blank, and a stream into members without more lines.
+void break_texts(vel_context &ctx, Random random) {
+    TTF_SetFontOutline(ctx.font, random.one_in(2) ? 3 : 0);
+    ctx.umlaut_conversion = random.one_in(4);
+    for (std::uint32_t k = 11; k <= 13; ++k) ctx.objects[k].type = VEL_TYPE_CHAIN;
+    for (std::uint32_t k : {9, 12, 13}) {
+        ctx.objects[k].line_width = random.below(random.one_in(2) ? 50 : 1000);
+        ctx.objects[k].text_index = k % last_text + 1;
+    }
+    write(random, ctx.text_recs[ctx.objects[9].text_index].text, VEL_TEXT_SIZE);
+    vel_format_object_text(&ctx, 9);
+    char stream[2500];
+    write(random, stream, sizeof stream);
+    ctx.objects[11].stream = stream;
+    ctx.objects[11].dep_objs[0] = 12;
+    ctx.objects[11].dep_objs[1] = 13;
+    testing::internal::CaptureStdout();
+    vel_format_stream_to_linked_objects(&ctx, 11);
+    testing::internal::GetCapturedStdout();
+    ctx.objects[11].stream = nullptr;
+    TTF_SetFontOutline(ctx.font, 0);
+}
+
 // What a program and its user do between two looks.
 void use(vel_context &ctx, std::uint32_t object, Random random) {
     constexpr std::uint32_t keys[] = {'x',          'W',          ' ', VEL_KEY_BACKSPACE,
                                       VEL_KEY_LEFT, VEL_KEY_ENTER};
-    switch (random.below(14)) {
+    switch (random.below(15)) {
     case 0:
         vel_draw_all_objects(&ctx, random.below(2), 0);
         break;
@@ -200,6 +225,9 @@ void use(vel_context &ctx, std::uint32_t object, Random random) {
         SDL_SetClipRect(ctx.screen, random.one_in(2) ? nullptr : &clip);
         break;
     }
+    case 9:
+        break_texts(ctx, random);
+        break;
     default: // some keys in a row
         ctx.cursor_object = random.one_in(4) ? object : 9 + random.below(2);
         for (std::uint32_t k = random.below(8); k != 0; --k) {

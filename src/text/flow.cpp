@@ -155,6 +155,9 @@ struct ChainLines {
     u32 position = 0;
 
     const vel_object &object() const { return object_at(ctx, member); }
+    bool measures_words() const {
+        return position < VEL_MAX_DEPENDENTS && object_at(ctx, master).dep_objs[position] == member;
+    }
     static bool has_room() { return true; }
 
     Remains place_word(Word word) {

@@ -1,5 +1,6 @@
 #include "text/font_table.h"
 
+#include <climits>
 #include <cstring>
 #include <functional>
 #include <string_view>
@@ -11,7 +12,8 @@ constexpr char sampled[] = {'M', 'W', 'g', 'i', '0', '@'};
 // It has no glyph, so it kerns with nothing.
 constexpr Uint16 separator = 0xFFFF;
 constexpr int max_separators = 64;
-constexpr std::int16_t unknown_kerning = -0x8000;
+// No pixels yet, of which the start of a line counts as one.
+constexpr Extent nothing{0, INT_MAX / 2, INT_MIN / 2, 0};
 // Its pairs kern, its letters overhang: a font that adds up in another way shows it here.
 constexpr const char *probe = "AVATo Wafer, fjord \"jgQy./LT'Y\xE4\xDF";
 
@@ -67,7 +69,7 @@ FontTable::FontTable(const FontLook &look, u32 own_id)
 }
 
 u32 FontTable::width(const char *text) {
-    const LineExtent line = extended({}, text, text + std::strlen(text));
+    const Extent line = extended({}, text);
     return is_exact_ ? width_of(line) : width_asked_of(look_.font, text);
 }
 
@@ -76,32 +78,83 @@ u32 FontTable::growing_width(const char *text) {
         grown_length_ = 0;
         grown_line_ = {};
     }
-    const char *const start = text + grown_length_;
-    const std::size_t added = std::strlen(start);
-    const LineExtent line = extended(grown_line_, start, start + added);
-    if (grown_length_ + added <= sizeof grown_) {
-        std::memcpy(grown_ + grown_length_, start, added);
-        grown_length_ += static_cast<u32>(added);
-        grown_line_ = line;
-    }
+    const std::string_view added = text + grown_length_;
+    const Extent line = extended(grown_line_, added);
+    keep_grown(added, line);
     return is_exact_ ? width_of(line) : width_asked_of(look_.font, text);
 }
 
-// Every character of every line passes here, so that what is unknown is learnt elsewhere.
-LineExtent FontTable::extended(LineExtent line, const char *at, const char *end) {
-    for (; at != end; ++at) {
-        const u8 character = static_cast<u8>(*at);
-        const KerningRow *row = kerning_[line.last].get();
-        const int known = row == nullptr ? unknown_kerning : (*row)[character];
-        line.x += known != unknown_kerning ? known : learn_pair(line.last, character);
-        const Glyph &glyph = glyphs_[character];
-        line.min_x = std::min(line.min_x, line.x + glyph.min_x);
-        line.x += overhang_;
-        line.max_x = std::max(line.max_x, line.x + glyph.reach);
-        line.x += glyph.advance;
-        line.last = character;
+void FontTable::keep_grown(std::string_view added, const Extent &line) {
+    if (grown_length_ + added.size() > sizeof grown_) return;
+    std::copy(added.begin(), added.end(), grown_ + grown_length_);
+    grown_length_ += static_cast<u32>(added.size());
+    grown_line_ = line;
+}
+
+FittingWords FontTable::fitting_words(const char *line, std::string_view text, u32 line_width) {
+    u32 width = growing_width(line);
+    Extent extent = grown_line_;
+    FittingWords fitting;
+    for (u32 begin = 0, end = 0; end < text.size(); begin = ++end) {
+        Extent word = nothing;
+        while (end < text.size() && text[end] != ' ' && text[end] != '\n') {
+            extend(word, text[end++]);
+        }
+        if (end == text.size() || text[end] == '\n' || end - begin > longest_word) break;
+        Extent longer = extent;
+        if (end != begin) {
+            fitting.next_is_too_wide = !fits_behind(width, width_of(word), line_width);
+            if (fitting.next_is_too_wide) break;
+            longer = joined(extent, word, text[begin]);
+        }
+        extend(longer, ' ');
+        width = width_of(longer);
+        if (width > line_width) break;
+        extent = longer;
+        fitting.characters = end + 1;
     }
-    return line;
+    if (!is_exact_) return {};
+    keep_grown(text.substr(0, fitting.characters), extent);
+    return fitting;
+}
+
+u32 FontTable::fitting_characters(const char *line, std::string_view text, u32 line_width) {
+    growing_width(line);
+    Extent fitting = grown_line_, longer = fitting;
+    u32 count = 0;
+    for (const char character : text) {
+        extend(longer, character);
+        if (width_of(longer) > line_width) break;
+        fitting = longer;
+        ++count;
+    }
+    if (!is_exact_) return 0;
+    keep_grown(text.substr(0, count), fitting);
+    return count;
+}
+
+// Every character of every line passes here, so that what is unknown is learnt elsewhere.
+inline void FontTable::extend(Extent &extent, char added) {
+    const u8 character = static_cast<u8>(added);
+    extent.x += kerning(extent.last, character);
+    const Glyph &glyph = glyphs_[character];
+    extent.min_x = std::min(extent.min_x, extent.x + glyph.min_x);
+    extent.x += overhang_;
+    extent.max_x = std::max(extent.max_x, extent.x + glyph.reach);
+    extent.x += glyph.advance;
+    extent.last = character;
+}
+
+Extent FontTable::extended(Extent extent, std::string_view characters) {
+    for (const char character : characters) extend(extent, character);
+    return extent;
+}
+
+// A line with a word behind it that begins with the character first.
+Extent FontTable::joined(const Extent &line, const Extent &word, char first) {
+    const int start = line.x + kerning(line.last, static_cast<u8>(first));
+    return {start + word.x, std::min(line.min_x, start + word.min_x),
+            std::max(line.max_x, start + word.max_x), word.last};
 }
 
 // Returns the kerning of a character after another, or after NUL at the start of a line.

@@ -5,7 +5,7 @@
 #include <array>
 #include <memory>
 
-#include "model/objects.h"
+#include "text/fitting.h"
 
 namespace velumo {
 
@@ -25,12 +25,10 @@ struct FontLook {
     std::array<Metrics, 6> samples;
 };
 
-// The extent of the characters of a line so far, in pixels from its start.
-struct LineExtent {
+// The extent of characters one behind the other, in pixels from the start of the first.
+struct Extent {
     int x = 0, min_x = 0, max_x = 0;
     u8 last = 0; // character
-
-    int width() const { return max_x - min_x; }
 };
 
 // As the font itself measures it, each time from the start.
@@ -50,6 +48,9 @@ public:
     u32 width(const char *text);
     // The same, quick for a text that begins as the one of the last call.
     u32 growing_width(const char *text);
+    // See measure.h. The next width asked for is mostly that of the line with what fits.
+    FittingWords fitting_words(const char *line, std::string_view text, u32 line_width);
+    u32 fitting_characters(const char *line, std::string_view text, u32 line_width);
 
 private:
     struct Glyph {
@@ -58,15 +59,25 @@ private:
         int advance = 0;
     };
     using KerningRow = std::array<std::int16_t, 256>;
+    static constexpr std::int16_t unknown_kerning = -0x8000;
 
+    int kerning(u8 before, u8 character) {
+        const KerningRow *row = kerning_[before].get();
+        const int known = row == nullptr ? unknown_kerning : (*row)[character];
+        return known != unknown_kerning ? known : learn_pair(before, character);
+    }
     int learn_pair(u8 before, u8 character);
     void learn_glyph(u8 character);
     int measured_kerning(u8 before, u8 character);
     int width_between_separators(std::initializer_list<u8> characters) const;
-    LineExtent extended(LineExtent line, const char *at, const char *end);
-    u32 width_of(const LineExtent &line) const {
-        return static_cast<u32>(line.width() + 2 * outline_);
+    void extend(Extent &extent, char character);
+    Extent extended(Extent extent, std::string_view characters);
+    Extent joined(const Extent &line, const Extent &word, char first);
+    u32 width_of(const Extent &extent) const {
+        const int pixels = std::max(extent.max_x, 0) - std::min(extent.min_x, 0);
+        return static_cast<u32>(pixels + 2 * outline_);
     }
+    void keep_grown(std::string_view added, const Extent &line);
     void check_pair(u8 before, u8 character, int kerning);
 
     const FontLook look_;
@@ -79,7 +90,7 @@ private:
     std::array<std::unique_ptr<KerningRow>, 256> kerning_{};
     char grown_[VEL_LINE_SIZE] = {}; // the text of the last growing_width()
     u32 grown_length_ = 0;
-    LineExtent grown_line_;
+    Extent grown_line_;
 };
 
 } // namespace velumo

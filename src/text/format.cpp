@@ -22,6 +22,7 @@ struct ObjectLines {
     Place place;
 
     const vel_object &object() const { return o; }
+    static bool measures_words() { return true; }
     bool has_room() const { return place.line <= last_line; }
 
     Remains place_word(Word word) {

@@ -8,10 +8,8 @@ namespace velumo {
 // The characters of a word that is not placed yet.
 class WordBuffer {
 public:
-    static constexpr u32 max_characters = 70;
-
     bool is_empty() const { return length_ == 0; }
-    bool is_full() const { return length_ == max_characters; }
+    bool is_full() const { return length_ == longest_word; }
     Word word() const { return {characters_, length_}; }
 
     void append(std::string_view characters) {
@@ -19,14 +17,14 @@ public:
         length_ += static_cast<u32>(characters.size());
         characters_[length_] = '\0';
     }
-    u32 room() const { return max_characters - length_; }
+    u32 room() const { return longest_word - length_; }
     void clear() {
         length_ = 0;
         characters_[0] = '\0';
     }
 
 private:
-    char characters_[max_characters + 1] = {};
+    char characters_[longest_word + 1] = {};
     u32 length_ = 0;
 };
 
@@ -53,6 +51,7 @@ enum class Remains { nothing, the_word, no_room };
 // The steps that each character passes. The target is what the lines belong to; it has
 //   vel_context &ctx, Place place    where the next character goes
 //   const vel_object &object()       whose font and line width measure
+//   bool measures_words()            they measure the next word, too
 //   bool has_room()                  whether another character is taken
 //   Remains place_word(Word)
 //   bool place_word_and_break(Word)  at a line feed; false ends the text
@@ -72,15 +71,24 @@ public:
                 take('\0');
                 return;
             }
-            const std::string_view part = text.substr(0, std::max(start_of_word(text), 1U));
-            part.size() == 1 ? take(part[0]) : append_to_word(part);
-            text.remove_prefix(part.size());
+            u32 count = place_words(text);
+            if (count == 0) {
+                count = std::max(start_of_word(text), 1U);
+                count == 1 ? take(text[0]) : append_to_word(text.substr(0, count));
+            }
+            text.remove_prefix(count);
         }
     }
 
 private:
     Place &place() { return target_.place; }
     void end_line() { velumo::end_line(target_.ctx, place()); }
+
+    // Words that need no further thought go all at once, and as they would go one by one.
+    u32 place_words(std::string_view text) {
+        if (!word_.is_empty() || converts_umlauts_ || !target_.measures_words()) return 0;
+        return copy_whole_words(target_.ctx, target_.object(), place(), text);
+    }
 
     // The characters at the front that go into the word one after the other, without any of them
     // placing it.
@@ -93,7 +101,7 @@ private:
 
     void append_to_word(std::string_view characters) {
         in_blanks_ = false;
-        char converted[WordBuffer::max_characters];
+        char converted[longest_word];
         if (converts_umlauts_) {
             std::transform(characters.begin(), characters.end(), converted, umlaut_of);
             characters = {converted, characters.size()};

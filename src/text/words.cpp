@@ -1,5 +1,7 @@
 #include "text/words.h"
 
+#include <cstring>
+
 #include "text/line_width.h"
 
 namespace velumo {
@@ -7,11 +9,31 @@ namespace {
 
 constexpr u32 max_columns = last_column - 1; // characters of a word and the line before it
 
+// The line at the place; null when it is not what was placed on it so far.
+const char *placed_line(const vel_context &ctx, const Place &place) {
+    const char *line = line_of(ctx, place.text, place.line);
+    return std::strlen(line) == place.column ? line : nullptr;
+}
+
+// Those that surely fit, without a look at each. The column is before the last one.
+u32 copy_fitting_characters(vel_context &ctx, const vel_object &object, Place &place, Word word) {
+    const char *line = placed_line(ctx, place);
+    if (line == nullptr) return 0;
+    const u32 most = std::min(word.length, last_column - place.column);
+    const u32 count = fitting_characters(ctx, font_of(ctx, object), line, {word.characters, most},
+                                         object.line_width);
+    copy_characters(ctx, place, {word.characters, count});
+    return count;
+}
+
 // Puts as many characters on each line as fit it, from the place on.
 Placed split_word(vel_context &ctx, const vel_object &object, Word word, Place &place) {
     u32 copied = 0;
     while (place.line <= last_line) {
         while (place.column < last_column && copied < word.length) {
+            copied += copy_fitting_characters(ctx, object, place,
+                                              {word.characters + copied, word.length - copied});
+            if (place.column == last_column || copied == word.length) break;
             if (try_character(ctx, object, place, word.characters[copied])) {
                 ++place.column;
                 ++copied;
@@ -26,6 +48,15 @@ Placed split_word(vel_context &ctx, const vel_object &object, Word word, Place &
         next_line(place);
     }
     return Placed::out_of_lines;
+}
+
+// None where the object has no line width yet, or the line is not what was placed on it so far.
+FittingWords words_for_line(const vel_context &ctx, const vel_object &object, const Place &place,
+                            std::string_view text) {
+    const char *line = placed_line(ctx, place);
+    if (line == nullptr || object.line_width == 0 || place.column >= max_columns) return {};
+    return fitting_words(ctx, font_of(ctx, object), line,
+                         text.substr(0, max_columns - place.column), object.line_width);
 }
 
 } // namespace
@@ -45,15 +76,28 @@ void copy_characters(vel_context &ctx, Place &place, Word word) {
     place.column += word.length;
 }
 
+u32 copy_whole_words(vel_context &ctx, const vel_object &object, Place &place,
+                     std::string_view text) {
+    u32 copied = 0;
+    for (Place at = place;; next_line(at)) {
+        const FittingWords words = words_for_line(ctx, object, at, text.substr(copied));
+        // A word that is too wide for a line of its own is not one for the next.
+        if (words.characters == 0 && at.line != place.line) return copied;
+        copy_characters(ctx, at, {text.data() + copied, words.characters});
+        copied += words.characters;
+        place = at;
+        if (!words.next_is_too_wide || place.line >= last_line) return copied;
+    }
+}
+
 Fit fit_of(const vel_context &ctx, const vel_object &object, Word word, const Place &place) {
     TTF_Font *font = font_of(ctx, object);
     const u32 word_width = text_width(ctx, font, word.characters);
     const u32 line_width =
         growing_width(ctx, font, line_of(ctx, buffer_of(ctx, object), place.line));
-    const u32 free_width = object.line_width - line_width;
     // On purpose: at column 99 this wraps and counts as room.
     const u32 free_columns = max_columns - place.column;
-    if (word.length <= free_columns && as_signed(word_width) <= as_signed(free_width)) {
+    if (word.length <= free_columns && fits_behind(line_width, word_width, object.line_width)) {
         return Fit::here;
     }
     return word.length <= max_columns && word_width <= object.line_width ? Fit::on_next_line

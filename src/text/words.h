@@ -39,6 +39,12 @@ bool try_character(vel_context &ctx, const vel_object &object, const Place &plac
 // Writes the characters of a word and a NUL after each.
 void copy_characters(vel_context &ctx, Place &place, Word word);
 
+// Writes the words at the front of a text that have a blank behind them and go whole into a line of
+// the object, from the place on. Returns how many characters of the text that were. It stops at the
+// last line and where it takes more than that: a word to split, a blank that begins a line.
+u32 copy_whole_words(vel_context &ctx, const vel_object &object, Place &place,
+                     std::string_view text);
+
 // What a line of the object has room for, from the column on. The line is one of the object's own
 // text; the text of the place is not looked at.
 enum class Fit : u32 { here = 1, on_next_line = 2, only_split = 3 };
