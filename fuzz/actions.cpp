@@ -225,6 +225,8 @@ void wait_for_stop(Program &p) {
     vel_get_mono_mouse_selection(&p.ctx(), static_cast<i32>(p.object()));
 }
 
+void wait_for_object(Program &p) { vel_wait_for_object(&p.ctx()); }
+
 void decide(Program &p) {
     const u32 window = p.object(), first = p.object();
     vel_decide_window(&p.ctx(), window, first, p.object());
@@ -364,7 +366,7 @@ constexpr Action actions[] = {set_number,
                               prepare_rows,
                               list_names,
                               choose_file,
-                              [](Program &p) { vel_wait_for_object(&p.ctx()); },
+                              wait_for_object,
                               call_for<vel_evoke_object>,
                               call_for<vel_evoke_borders>,
                               call_for<vel_draw_dep_objs>,
@@ -411,6 +413,8 @@ constexpr Action actions[] = {set_number,
                               resize};
 
 static_assert(actions[open_window_action] == open_window);
+static_assert(actions[change_part_action] == change_part &&
+              actions[wait_action] == wait_for_object);
 
 } // namespace
 

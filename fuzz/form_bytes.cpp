@@ -4,11 +4,16 @@
 //   for each record: type, x, y, width, height, master, then fields: a count, and for each its
 //   number and its value. Fields below 194 are the words of a record, the others strings and lists.
 //   for each text: first word, cursor, length, and a pattern that is repeated up to the length
+//
+// or, of the form that has each part (parts.toml),
+//
+//   number of changes, a byte, switches
+//   for each change: number of a record, then fields as above
 #include "form_bytes.h"
 
 #include <cstring>
 
-#include "velumo.h"
+#include "parts.h"
 
 namespace fuzz {
 namespace {
@@ -23,7 +28,8 @@ enum Field : u8 { label = record_words, font_path, image_path, dependents, raw_b
 enum Switch : u8 {
     lists_follow_masters = 1, // each record is listed by its master
     form_has_rest = 2,        // bytes after the last whole record
-    text_has_rest = 4
+    text_has_rest = 4,
+    of_parts = written_parts[2]
 };
 
 constexpr const char *paths[] = {"",
@@ -68,6 +74,10 @@ void set_field(Input &input, Record &record) {
     }
 }
 
+void set_fields(Input &input, Record &record) {
+    for (u32 fields = input.byte() % most_fields; fields > 0; --fields) set_field(input, record);
+}
+
 Record read_record(Input &input) {
     Record record{};
     record.type = input.number();
@@ -78,7 +88,7 @@ Record read_record(Input &input) {
     record.master = input.number();
     // Most forms have colours that differ.
     record.fill_r = 200, record.fill_g = 220, record.border_b = 255;
-    for (u32 fields = input.byte() % most_fields; fields > 0; --fields) set_field(input, record);
+    set_fields(input, record);
     return record;
 }
 
@@ -150,12 +160,35 @@ void put_text(const vel_text_rec &text, std::vector<u8> &to) {
     to.insert(to.end(), text.text, text.text + length);
 }
 
+FormBytes changed_parts(u32 changes, Input &input) {
+    FormBytes files = form_of_parts();
+    for (; changes > 0; --changes) {
+        u8 *const place = &files.form[input.byte() * sizeof(Record) % files.form.size()];
+        Record record;
+        std::memcpy(&record, place, sizeof record);
+        set_fields(input, record);
+        std::memcpy(place, &record, sizeof record);
+    }
+    return files;
+}
+
 } // namespace
+
+const u32 list_of_parts = PARTS_LIST;
+
+FormBytes form_of_parts() {
+    const auto bytes = [](const void *from, std::size_t size) {
+        return std::vector<u8>(static_cast<const u8 *>(from), static_cast<const u8 *>(from) + size);
+    };
+    return {bytes(PARTS_FORM.form, PARTS_FORM.form_size),
+            bytes(PARTS_FORM.text, PARTS_FORM.text_size)};
+}
 
 FormBytes read_form(Input &input) {
     const u32 record_count = input.byte() % (most_records + 1);
     const u32 text_count = input.byte() % (most_texts + 1);
     const u8 switches = input.byte();
+    if ((switches & of_parts) != 0) return changed_parts(record_count, input);
     std::vector<Record> records(record_count);
     for (Record &record : records) record = read_record(input);
     if ((switches & lists_follow_masters) != 0) list_dependents(records);

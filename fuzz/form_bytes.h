@@ -12,6 +12,11 @@ struct FormBytes {
     std::vector<u8> form, text;
 };
 
+// Small enough for a script to point anywhere with a byte.
+FormBytes form_of_parts();
+extern const u32 list_of_parts;                  // the number of its list
+inline constexpr u8 written_parts[] = {0, 0, 8}; // without changes
+
 FormBytes read_form(Input &input);
 
 // What read_form makes the same files of; the most that fits into size bytes.

@@ -71,7 +71,10 @@ bool Program::next_event(SDL_Event &event) {
         is_acting_ = true;
         return true;
     }
-    if (code >= nothing_waits) return false;
+    if (code >= nothing_waits) {
+        world().milliseconds += 100U * (code - nothing_waits);
+        return false;
+    }
     event = read_event(code, script_);
     return true;
 }

@@ -11,8 +11,9 @@
 
 namespace fuzz {
 
-// What a byte of a script begins. Inside a loop of the library, the actions before `ends_loop` are
-// done by the event filter; from there on they end the loop first.
+// What a byte of a script begins. Where nothing waits, up to 900 milliseconds go by. Inside a loop
+// of the library, the actions before `ends_loop` are done by the event filter; from there on they
+// end the loop first.
 enum Code : u8 { nothing_waits = 100, acts = 110, ends_loop = 170 }; // events before
 
 class Program {

@@ -1,6 +1,6 @@
-// Uses a form for ten million events, with redraws, dialogs, menus and listings, closing and
-// loading it now and then; prints by how much memory and descriptors have grown since it was warm.
-// usage: soak [EVENTS]
+// Uses two forms in turn for ten million events, with redraws, dialogs, menus, listings and parts,
+// closing and loading them now and then; prints by how much memory and descriptors have grown since
+// it was warm. usage: soak [EVENTS]
 #include <cstdio>
 #include <cstdlib>
 #include <dirent.h>
@@ -33,9 +33,24 @@ std::size_t open_descriptors() {
     return count;
 }
 
+struct Form {
+    FormBytes files;
+    SurfaceShape shape;
+    std::vector<u8> start; // of the script
+};
+
+std::vector<Form> make_forms() {
+    const auto list = static_cast<u8>(list_of_parts);
+    return {
+        {small_form(), {100, 80, 32, true}, {ends_loop, open_window_action, small_window}},
+        {form_of_parts(),
+         {200, 160, 32, true},
+         {ends_loop, open_window_action, small_window, ends_loop, change_part_action, list, 9}}};
+}
+
 // Mostly events; now and then an action, but none that changes records behind the library's back.
-std::vector<u8> make_script(std::mt19937 &chance) {
-    std::vector<u8> script{ends_loop, open_window_action, small_window};
+std::vector<u8> make_script(const Form &form, std::mt19937 &chance) {
+    std::vector<u8> script = form.start;
     const auto below = [&chance](std::size_t end) { return static_cast<u8>(chance() % end); };
     for (u32 step = 0; step < steps_a_form; ++step) {
         const u8 kind = below(20);
@@ -44,31 +59,35 @@ std::vector<u8> make_script(std::mt19937 &chance) {
             script.push_back(
                 static_cast<u8>(open_window_action + below(action_count() - open_window_action)));
         }
-        for (int k = 0; k < 2; ++k) script.push_back(below(100));
+        for (int k = 0; k < 2; ++k) script.push_back(below(form.shape.width));
     }
     return script;
 }
 
 // On the heap, where the sanitizers watch it.
-std::unique_ptr<vel_context> make_context(const Stage &stage, u32 comfort) {
+std::unique_ptr<vel_context> make_context(const Stage &stage, const SurfaceShape &shape,
+                                          u32 comfort) {
     auto made = std::make_unique<vel_context>();
     vel_context &ctx = *made;
-    ctx.screen = stage.make_surface({100, 80, 32, true});
+    ctx.screen = stage.make_surface(shape);
     world().display = ctx.screen;
     ctx.font = lasting_font();
-    ctx.screen_width = 100, ctx.screen_height = 80;
-    ctx.screen_rect = {0, 0, 100, 80};
+    const auto width = static_cast<u16>(shape.width), height = static_cast<u16>(shape.height);
+    ctx.screen_width = width, ctx.screen_height = height;
+    ctx.screen_rect = {0, 0, width, height};
     ctx.texts_loaded = 1;
     ctx.scroll_step = 10;
     ctx.comfort = comfort;
     return made;
 }
 
-void use_form(const Stage &stage, u32 comfort, std::mt19937 &chance) {
-    const auto made = make_context(stage, comfort);
+void use_form(const Form &form, const Stage &stage, u32 comfort, std::mt19937 &chance) {
+    world().form = form.files.form;
+    world().text = form.files.text;
+    const auto made = make_context(stage, form.shape, comfort);
     vel_context &ctx = *made;
     if (vel_load_forms(&ctx, 2, 1, form_path, text_path) != VEL_OK) std::abort();
-    const std::vector<u8> bytes = make_script(chance);
+    const std::vector<u8> bytes = make_script(form, chance);
     Input script(bytes);
     Program program(ctx, script);
     program.run();
@@ -81,14 +100,12 @@ void use_form(const Stage &stage, u32 comfort, std::mt19937 &chance) {
 int main(int count, char **arguments) {
     const unsigned long wanted = count > 1 ? std::strtoul(arguments[1], nullptr, 10) : 10000000;
     set_up_world();
-    const FormBytes files = small_form();
-    world().form = files.form;
-    world().text = files.text;
+    const std::vector<Form> used = make_forms();
     const Stage stage;
     std::mt19937 chance(1);
     std::size_t memory = 0, descriptors = 0;
-    for (u32 forms = 0; world().events < wanted; ++forms) {
-        use_form(stage, forms % 2 == 0 ? VEL_COMFORT_ALL : 0, chance);
+    for (u32 round = 0; world().events < wanted; ++round) {
+        use_form(used[round % 2], stage, round / 2 % 2 == 0 ? VEL_COMFORT_ALL : 0, chance);
         if (memory == 0 && world().events > wanted / 10) {
             memory = memory_in_use();
             descriptors = open_descriptors();

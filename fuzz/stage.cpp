@@ -8,8 +8,9 @@ namespace fuzz {
 namespace {
 
 constexpr std::size_t page = 4096;
-constexpr int most_columns = 100, most_rows = 80;
-constexpr std::size_t room = (4 * most_columns * most_rows / page + 1) * page;
+constexpr int most_columns = 100, most_rows = 80, most_scale = 2;
+constexpr std::size_t most_pixels = most_scale * most_columns * most_scale * most_rows;
+constexpr std::size_t room = (4 * most_pixels / page + 1) * page;
 
 struct Masks {
     Uint32 r, g, b;
@@ -28,8 +29,9 @@ SurfaceShape read_shape(Input &input) {
     constexpr int usual[] = {32, 32, 16, 8, 24, 15, 32, 16};
     const u8 kind = input.byte();
     const int depth = kind < 224 ? usual[kind % std::size(usual)] : kind % 32 + 1;
-    const int width = input.byte() % most_columns + 1;
-    const int height = input.byte() % most_rows + 1;
+    const int scale = kind < 224 && (kind & 16) != 0 ? most_scale : 1;
+    const int width = scale * (input.byte() % most_columns + 1);
+    const int height = scale * (input.byte() % most_rows + 1);
     using Fault = SurfaceShape::Fault;
     const Fault fault = kind == 255   ? Fault::no_pixels
                         : kind == 254 ? Fault::short_rows

@@ -14,8 +14,8 @@ struct SurfaceShape {
     enum class Fault { none, no_pixels, short_rows } fault = Fault::none;
 };
 
-// Widths up to 100, heights up to 80, depths from 1 to 32 and mostly those that SDL knows; a few
-// that nobody can draw on.
+// Widths up to 100, heights up to 80, sometimes twice as much, depths from 1 to 32 and mostly those
+// that SDL knows; a few that nobody can draw on.
 SurfaceShape read_shape(Input &input);
 
 class Stage {
