@@ -139,8 +139,10 @@ void write_uses_of_parts(const fs::path &folder) {
 
 int main(int count, char **arguments) {
     const fs::path folder = arguments[1];
-    for (const char *name : {"loader", "decompile", "full"}) fs::create_directories(folder / name);
+    for (const char *name : {"loader", "decompile", "full", "asset"})
+        fs::create_directories(folder / name);
     write_uses_of_parts(folder / "full");
+    write(folder / "asset" / "font", {'F', 'O', 'N', 'T', 12, 1, 0});
     for (int k = 2; k < count; ++k) {
         const fs::path path = arguments[k];
         FormBytes files{read(path), read(fs::path(path).replace_extension("text"))};
