@@ -139,6 +139,21 @@ TEST_F(Parts, a_list_of_which_many_can_be_selected) {
     EXPECT_EQ(selected(9).size(), 6U);
 }
 
+// At most four digits, rounded at each step.
+TEST_F(Parts, list_of_a_folder_says_how_large_files_are) {
+    make_list();
+    make(29, VEL_TYPE_LABEL, 82, 82, 50, 20, 14); // below that of "../"
+    const test::Folder folder;
+    const std::pair<std::uintmax_t, const char *> cases[] = {
+        {0, "0 B"},       {9999, "9999 B"},      {10000, "10 KB"},    {10751, "10 KB"},
+        {10752, "11 KB"}, {10239487, "9999 KB"}, {10239488, "10 MB"}, {11274813440, "11 GB"}};
+    for (const auto &[size, text] : cases) {
+        std::filesystem::resize_file(folder.write("f"), size);
+        ASSERT_EQ(vel_list_directory(&ctx, 9, folder.file("").c_str(), ""), 2);
+        EXPECT_STREQ(objects[29].label, text) << size;
+    }
+}
+
 TEST_F(Parts, presses_on_rows_titles_and_the_bar) {
     make_list();
     vel_list_show(&ctx, 9, 100, write_numbers);
