@@ -448,4 +448,20 @@ TEST(Assets, pictures_that_sdl_image_takes_and_cannot_hold_are_refused) {
     }
 }
 
+// Of one bit a pixel. SDL counts the bytes of a row, of up to four a pixel, in 16 bits.
+TEST(Assets, pictures_that_are_too_wide_or_high_for_sdl_are_refused) {
+    Files files(1);
+    files.load();
+    const std::tuple<uint32_t, uint32_t, uint32_t> cases[] = {
+        {16383, 1, 9}, {16384, 1, 4},   {0, 1, 4}, {0xFFFFFFFF, 1, 4}, {1, 65535, 9},
+        {1, 65536, 4}, {8192, 8193, 4}, {1, 0, 4}, {1, 0xFFFFFFFF, 9}}; // upside down
+    for (const auto &[width, height, type] : cases) {
+        std::string picture = bmp_of(1, 0, 2, bytes_of("00000000FFFFFF00"));
+        set_number(picture, 18, width);
+        set_number(picture, 22, height);
+        picture.append(std::size_t{(width + 31) / 32 * 4} * (height % 70000), 'p');
+        EXPECT_EQ(type_loaded(files, "p", picture), type) << width << " x " << height;
+    }
+}
+
 } // namespace
