@@ -427,7 +427,8 @@ std::string bmp_of(uint32_t bits, uint32_t compression, uint32_t colours, const 
     return file;
 }
 
-// SDL_image takes each of them: more colours than it has room for, and bits that SDL cannot shift.
+// SDL_image takes each of them: more colours than it has room for, and bits that SDL cannot shift,
+// though what stands in for it on newer systems can.
 TEST(Assets, pictures_that_sdl_image_takes_and_cannot_hold_are_refused) {
     Files files(1);
     files.load();
@@ -438,11 +439,12 @@ TEST(Assets, pictures_that_sdl_image_takes_and_cannot_hold_are_refused) {
     const std::string wider = wide + bytes_of("FF030000"
                                               "0000F00F"
                                               "00000000");
+    const bool is_newer = SDL_Linked_Version()->patch >= 50;
     const std::tuple<const char *, std::string, uint32_t> cases[] = {
         {"256 colours", bmp_of(8, 0, 256, std::string(1024, 'c')), 9},
         {"257 colours", bmp_of(8, 0, 257, std::string(1028, 'c')), 4},
         {"colours of 5 and 6 bits", bmp_of(16, 3, 0, bytes), 9},
-        {"colours of 10 bits", bmp_of(32, 3, 0, wider), 4}};
+        {"colours of 10 bits", bmp_of(32, 3, 0, wider), is_newer ? 9U : 4U}};
     for (const auto &[name, picture, type] : cases) {
         EXPECT_EQ(type_loaded(files, "p", picture), type) << name;
     }

@@ -50,6 +50,15 @@ private:
 // Forms drawn with letters would be of no use to anybody.
 bool draws_with_letters(const std::string &driver) { return driver == "aalib" || driver == "caca"; }
 
+// What stands in for SDL on newer systems says yes to a driver after one that failed, and has
+// started none. It would start one that shows nothing later, without a choice.
+bool starts_chosen_driver() {
+    if (SDL_InitSubSystem(SDL_INIT_VIDEO) != 0) return false;
+    if (SDL_WasInit(SDL_INIT_VIDEO) != 0) return true;
+    SDL_SetError("no display is available");
+    return false;
+}
+
 // Left to itself, SDL would go on to drivers that draw with letters. What is wrong with the first
 // driver is what the user wants to know.
 bool start_video() {
@@ -59,11 +68,11 @@ bool start_video() {
         SDL_SetError("no display is available: SDL_VIDEODRIVER is %s", made.c_str());
         return false;
     }
-    if (!made.empty()) return SDL_InitSubSystem(SDL_INIT_VIDEO) == 0;
+    if (!made.empty()) return starts_chosen_driver();
     std::string error;
     for (const char *driver : graphical_drivers) {
         choice.choose(driver);
-        if (SDL_InitSubSystem(SDL_INIT_VIDEO) == 0) return true;
+        if (starts_chosen_driver()) return true;
         if (error.empty()) error = SDL_GetError();
     }
     SDL_SetError("%s", error.c_str());
