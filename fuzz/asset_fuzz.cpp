@@ -58,10 +58,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     if (!is_font) world().picture = {data, size};
     const auto made = std::make_unique<vel_context>(); // on the heap it is watched
     vel_context &ctx = *made;
-    ctx.screen = stage.make_surface({100, 80, 32, true});
-    ctx.font = lasting_font();
-    ctx.screen_width = 100, ctx.screen_height = 80;
-    ctx.screen_rect = {0, 0, 100, 80};
+    stage.set_up(ctx, {100, 80, 32, true});
     ctx.strict_pictures = 1;
     if (vel_load_forms(&ctx, 0, 0, form_path, text_path) != VEL_OK) std::abort();
     vel_draw_all_objects(&ctx, 1, 1);

@@ -125,12 +125,7 @@ private:
         world().text = files_.text;
         const auto made = std::make_unique<vel_context>(); // on the heap it is watched
         vel_context &ctx = *made;
-        ctx.screen = stage_.make_surface(shape);
-        ctx.font = lasting_font();
-        ctx.screen_width = 100;
-        ctx.screen_height = 80;
-        ctx.screen_rect = {0, 0, 100, 80};
-        ctx.texts_loaded = 1;
+        stage_.set_up(ctx, shape);
         ctx.comfort = next_ % 3 == 0 ? VEL_COMFORT_ALL : 0;
         if (vel_load_forms(&ctx, 0, 0, form_path, text_path) == VEL_OK) {
             for (const u32 window : {small_window, small_dialog}) {

@@ -125,12 +125,7 @@ void let_act(const Act *acts) { next_act = acts; }
 
 vel_context make_context(const Stage &stage) {
     vel_context ctx{};
-    ctx.screen = stage.make_surface({100, 80, 32, true});
-    ctx.font = lasting_font();
-    ctx.screen_width = 100;
-    ctx.screen_height = 80;
-    ctx.screen_rect = {0, 0, 100, 80};
-    ctx.texts_loaded = 1;
+    stage.set_up(ctx, {100, 80, 32, true});
     ctx.comfort = VEL_COMFORT_ALL;
     ctx.event_filter = end_loop;
     return ctx;

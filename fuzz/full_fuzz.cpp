@@ -15,17 +15,11 @@ using namespace fuzz;
 
 constexpr u32 spare_objects = 3, spare_texts = 1;
 
-void set_up_context(const SurfaceShape &shape, SDL_Surface *surface, vel_context &ctx) {
-    ctx.screen = surface;
-    ctx.font = lasting_font();
-    ctx.screen_width = static_cast<u32>(shape.width);
-    ctx.screen_height = static_cast<u32>(shape.height);
-    ctx.screen_rect = {0, 0, static_cast<Uint16>(shape.width), static_cast<Uint16>(shape.height)};
+void set_up_context(vel_context &ctx) {
     ctx.background_colour = {255, 255, 255};
     ctx.mark_colour_a = {0, 128, 0};
     ctx.mark_colour_b = {128, 0, 0};
     ctx.scroll_step = 10;
-    ctx.texts_loaded = 1;
 }
 
 } // namespace
@@ -41,7 +35,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     const SurfaceShape shape = read_shape(input);
     const auto made = std::make_unique<vel_context>(); // on the heap it is watched
     vel_context &ctx = *made;
-    set_up_context(shape, stage.make_surface(shape), ctx);
+    stage.set_up(ctx, shape);
+    set_up_context(ctx);
     const u8 comfort = input.byte();
     ctx.comfort = comfort & VEL_COMFORT_ALL;
     ctx.partial_redraw = comfort >> 5 & 1;

@@ -69,13 +69,8 @@ std::unique_ptr<vel_context> make_context(const Stage &stage, const SurfaceShape
                                           u32 comfort) {
     auto made = std::make_unique<vel_context>();
     vel_context &ctx = *made;
-    ctx.screen = stage.make_surface(shape);
+    stage.set_up(ctx, shape);
     world().display = ctx.screen;
-    ctx.font = lasting_font();
-    const auto width = static_cast<u16>(shape.width), height = static_cast<u16>(shape.height);
-    ctx.screen_width = width, ctx.screen_height = height;
-    ctx.screen_rect = {0, 0, width, height};
-    ctx.texts_loaded = 1;
     ctx.scroll_step = 10;
     ctx.comfort = comfort;
     return made;

@@ -4,6 +4,8 @@
 #include <cstring>
 #include <sys/mman.h>
 
+#include "world.h"
+
 namespace fuzz {
 namespace {
 
@@ -60,6 +62,15 @@ SDL_Surface *Stage::make_surface(const SurfaceShape &shape) const {
     if (shape.fault == SurfaceShape::Fault::no_pixels) surface->pixels = nullptr;
     if (shape.fault == SurfaceShape::Fault::short_rows) surface->pitch /= 2;
     return surface;
+}
+
+void Stage::set_up(vel_context &ctx, const SurfaceShape &shape) const {
+    const auto width = static_cast<u16>(shape.width), height = static_cast<u16>(shape.height);
+    ctx.screen = make_surface(shape);
+    ctx.font = lasting_font();
+    ctx.screen_width = width, ctx.screen_height = height;
+    ctx.screen_rect = {0, 0, width, height};
+    ctx.texts_loaded = 1;
 }
 
 } // namespace fuzz

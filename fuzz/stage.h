@@ -5,6 +5,7 @@
 #include <SDL.h>
 
 #include "input.h"
+#include "velumo.h"
 
 namespace fuzz {
 
@@ -24,6 +25,8 @@ public:
 
     // SDL_FreeSurface leaves the pixels alone. They are forgotten when the next one is made.
     SDL_Surface *make_surface(const SurfaceShape &shape) const;
+    // Gives a context such a surface as its screen, and what else a form needs.
+    void set_up(vel_context &ctx, const SurfaceShape &shape) const;
 
 private:
     u8 *begin_, *end_;

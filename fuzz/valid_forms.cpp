@@ -188,15 +188,11 @@ void run(const FormBytes &files, const Stage &stage, u32 step, Digest &digest) {
     world().form = files.form;
     world().text = files.text;
     vel_context ctx{};
-    ctx.screen = stage.make_surface({columns, rows, depths[step % std::size(depths)], true});
+    stage.set_up(ctx, {columns, rows, depths[step % std::size(depths)], true});
     world().display = ctx.screen;
-    ctx.font = lasting_font();
-    ctx.screen_width = columns, ctx.screen_height = rows;
-    ctx.screen_rect = {0, 0, columns, rows};
     ctx.background_colour = {255, 255, 255};
     ctx.mark_colour_a = {0, 128, 0};
     ctx.scroll_step = 5;
-    ctx.texts_loaded = 1;
     ctx.comfort = step % 2 == 0 ? VEL_COMFORT_ALL : 0;
     if (vel_load_forms(&ctx, 0, 0, form_path, text_path) != VEL_OK) {
         std::puts("FAULT: a valid form was not loaded");
