@@ -92,6 +92,15 @@ private:
                          "; see velform --help");
     }
 
+    // What a form is drawn on.
+    template <class Options> static void add_display(CLI::App &command, Options &options) {
+        command.add_option("--size", options.size, "Size of the display")->capture_default_str();
+        command.add_option("--font", options.font, "Default font, TrueType")->capture_default_str();
+        command.add_option("--font-size", options.font_size, "Points of the default font")
+            ->check(CLI::Range(1, 1000))
+            ->capture_default_str();
+    }
+
     // For what prints findings.
     void add_colour(CLI::App &command, bool &has_colours) {
         command.add_option("--color", colour_, "Whether findings have colours")
@@ -139,11 +148,7 @@ private:
             ->capture_default_str();
         command->add_option("-C,--directory", check_.directory,
                             "Folder of fonts and pictures [that of each file]");
-        command->add_option("--size", check_.size, "Size of the display")->capture_default_str();
-        command->add_option("--font", check_.font, "Default font, TrueType")->capture_default_str();
-        command->add_option("--font-size", check_.font_size, "Points of the default font")
-            ->check(CLI::Range(1, 1000))
-            ->capture_default_str();
+        add_display(*command, check_);
         add_colour(*command, check_.has_colours);
         command->callback(
             [this] { action_ = [this] { return velform::check(check_, out_, std::cerr); }; });
@@ -194,13 +199,8 @@ private:
         add_parts_of_render(*command);
         command->add_option("--header", render_.header,
                             "C header with the names [the form's name with .h]");
-        command->add_option("--size", render_.size, "Size of the display")->capture_default_str();
+        add_display(*command, render_);
         command->add_option("--background", render_.background, "Colour of the bare display")
-            ->capture_default_str();
-        command->add_option("--font", render_.font, "Default font, TrueType")
-            ->capture_default_str();
-        command->add_option("--font-size", render_.font_size, "Points of the default font")
-            ->check(CLI::Range(1, 1000))
             ->capture_default_str();
         command->add_flag(
             "--any-picture", render_.any_picture,

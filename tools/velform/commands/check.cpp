@@ -57,10 +57,6 @@ private:
     const Descriptor before_;
 };
 
-const unsigned char *data_of(const std::string &bytes) {
-    return reinterpret_cast<const unsigned char *>(bytes.data());
-}
-
 // What is found in one file.
 struct Found {
     std::string path;
@@ -117,12 +113,11 @@ private:
 
     void check_loaded(const CheckedForm &form, Size size) const {
         Stage stage({size, {}, options_.font, options_.font_size});
-        const std::string &records = form.form().form_bytes(), &texts = form.form().text_bytes();
         const fs::path folder = options_.directory.empty() ? fs::path(path_).parent_path()
                                                            : fs::path(options_.directory);
         const WorkingFolder working(folder);
         const SilentErrors silent;
-        stage.load({data_of(records), records.size(), data_of(texts), texts.size(), nullptr, 0});
+        stage.load(form_data(form.form().form_bytes(), form.form().text_bytes()));
         check_files(form, stage.ctx());
         check_words(form, stage.ctx());
     }

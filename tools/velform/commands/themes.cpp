@@ -44,16 +44,12 @@ public:
         options.font_size = font_size;
         options.takes_events = true;
         Stage stage(options);
-        stage.load({bytes_of(form_), form_.size(), bytes_of(text_), text_.size(), nullptr, 0});
+        stage.load(form_data(form_, text_));
         stage.ctx().cursor_object = 0; // the focus is where a state says so
         return drawn_with_states(stage.ctx(), states);
     }
 
 private:
-    static const unsigned char *bytes_of(const std::string &string) {
-        return reinterpret_cast<const unsigned char *>(string.data());
-    }
-
     const std::string theme_;
     std::string form_, text_;
     std::optional<HeaderNames> names_;

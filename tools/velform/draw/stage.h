@@ -27,6 +27,14 @@ struct StageOptions {
     bool takes_events = false;
 };
 
+inline const unsigned char *bytes_of(const std::string &string) {
+    return reinterpret_cast<const unsigned char *>(string.data());
+}
+// A form without pictures and fonts, which lasts as long as what its files hold.
+inline vel_form_data form_data(const std::string &form, const std::string &text) {
+    return {bytes_of(form), form.size(), bytes_of(text), text.size(), nullptr, 0};
+}
+
 class Stage {
 public:
     // Throws FileProblem.

@@ -15,10 +15,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const unsigned char *bytes_of(const std::string &string) {
-    return reinterpret_cast<const unsigned char *>(string.data());
-}
-
 std::string next_to(const std::string &form, const char *suffix) {
     return fs::path(form).replace_extension(suffix).string();
 }
@@ -83,8 +79,9 @@ void LoadableForm::point_to_data() {
     for (const EmbeddedFile &file : embedded_) {
         files_.push_back({file.path.c_str(), bytes_of(file.bytes), file.bytes.size()});
     }
-    data_ = {bytes_of(form_), form_.size(),  bytes_of(text_),
-             text_.size(),    files_.data(), files_.size()};
+    data_ = form_data(form_, text_);
+    data_.files = files_.data();
+    data_.file_count = files_.size();
 }
 
 const HeaderNames &LoadableForm::names() {
