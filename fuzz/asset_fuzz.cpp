@@ -40,11 +40,6 @@ std::vector<u8> form_with_both() {
 
 } // namespace
 
-extern "C" int LLVMFuzzerInitialize(int *, char ***) {
-    set_up_world();
-    return 0;
-}
-
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size) {
     static const Stage stage;
     static const std::vector<u8> form = form_with_both();

@@ -92,8 +92,6 @@ FormBytes files_of(fuzz::Bytes bytes) {
 
 } // namespace
 
-extern "C" int LLVMFuzzerInitialize(int *, char ***) { return 0; }
-
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size) {
     const FormBytes files = files_of({data, size});
     if (files.form.size() + files.text.size() > most_bytes) return 0;

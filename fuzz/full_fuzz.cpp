@@ -24,11 +24,6 @@ void set_up_context(vel_context &ctx) {
 
 } // namespace
 
-extern "C" int LLVMFuzzerInitialize(int *, char ***) {
-    set_up_world();
-    return 0;
-}
-
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size) {
     static const Stage stage;
     Input input({data, size});

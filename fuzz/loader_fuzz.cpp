@@ -55,11 +55,6 @@ void check(const Tables &tables) {
 
 } // namespace
 
-extern "C" int LLVMFuzzerInitialize(int *, char ***) {
-    fuzz::set_up_world();
-    return 0;
-}
-
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size) {
     fuzz::Input input({data, size});
     const u32 spare = input.byte() % 4;

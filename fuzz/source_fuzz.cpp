@@ -39,11 +39,6 @@ void load(const std::string &form, const std::string &text) {
 
 } // namespace
 
-extern "C" int LLVMFuzzerInitialize(int *, char ***) {
-    fuzz::set_up_world();
-    return 0;
-}
-
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size) {
     Diagnostics diagnostics;
     const std::string text(reinterpret_cast<const char *>(data), size);

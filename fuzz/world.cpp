@@ -73,6 +73,12 @@ using fuzz::Call;
 using fuzz::counted;
 using fuzz::world;
 
+// All targets have it from here.
+extern "C" int LLVMFuzzerInitialize(int *, char ***) {
+    fuzz::set_up_world();
+    return 0;
+}
+
 // The sanitizer's own checks cost more than the library's work.
 extern "C" const char *__asan_default_options() {
     return "malloc_context_size=2:quarantine_size_mb=4:max_malloc_fill_size=0:check_printf=0:"

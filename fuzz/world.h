@@ -36,7 +36,7 @@ inline bool fails(Call call) {
     return world().fails != nullptr && world().fails(call) != Failure::none;
 }
 
-// SDL, the fonts and files that all runs share. For LLVMFuzzerInitialize.
+// SDL, the fonts and files that all runs share. The targets call it by themselves.
 void set_up_world();
 
 // A font that stays open whatever closes it, and the bytes of its file.

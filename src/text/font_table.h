@@ -48,7 +48,8 @@ public:
     u32 width(const char *text);
     // The same, quick for a text that begins as the one of the last call.
     u32 growing_width(const char *text);
-    // See measure.h. The next width asked for is mostly that of the line with what fits.
+    // See measure.h. The line is shorter than its buffer; the next width asked for is mostly that
+    // of it with what fits.
     FittingWords fitting_words(const char *line, std::string_view text, u32 line_width);
     u32 fitting_characters(const char *line, std::string_view text, u32 line_width);
 
@@ -88,7 +89,7 @@ private:
     bool is_exact_ = true;
     std::array<Glyph, 256> glyphs_{};
     std::array<std::unique_ptr<KerningRow>, 256> kerning_{};
-    char grown_[VEL_LINE_SIZE] = {}; // the text of the last growing_width()
+    char grown_[VEL_LINE_SIZE] = {}; // the line of the last call, with what fitted
     u32 grown_length_ = 0;
     Extent grown_line_;
 };

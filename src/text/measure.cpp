@@ -17,16 +17,14 @@ u32 measured(const vel_context &ctx, TTF_Font *font, const char *text) try {
     return width_asked_of(font, text);
 }
 
-template <auto fitting_in>
-auto fitting(const vel_context &ctx, TTF_Font *font, const char *line, std::string_view text,
-             u32 line_width) {
-    using Fitting = decltype((std::declval<FontTable &>().*fitting_in)(line, text, line_width));
-    try {
-        FontTable *table = font == nullptr ? nullptr : table_of(ctx, font);
-        return table == nullptr ? Fitting() : (table->*fitting_in)(line, text, line_width);
-    } catch (const std::bad_alloc &) {
-        return Fitting();
-    }
+template <class Fitting>
+Fitting fitting(Fitting (FontTable::*find)(const char *, std::string_view, u32),
+                const vel_context &ctx, TTF_Font *font, const char *line, std::string_view text,
+                u32 line_width) try {
+    FontTable *table = font == nullptr ? nullptr : table_of(ctx, font);
+    return table == nullptr ? Fitting() : (table->*find)(line, text, line_width);
+} catch (const std::bad_alloc &) {
+    return Fitting();
 }
 
 } // namespace
@@ -56,12 +54,12 @@ u32 growing_width(const vel_context &ctx, TTF_Font *font, const char *text) {
 
 FittingWords fitting_words(const vel_context &ctx, TTF_Font *font, const char *line,
                            std::string_view text, u32 line_width) {
-    return fitting<&FontTable::fitting_words>(ctx, font, line, text, line_width);
+    return fitting(&FontTable::fitting_words, ctx, font, line, text, line_width);
 }
 
 u32 fitting_characters(const vel_context &ctx, TTF_Font *font, const char *line,
                        std::string_view text, u32 line_width) {
-    return fitting<&FontTable::fitting_characters>(ctx, font, line, text, line_width);
+    return fitting(&FontTable::fitting_characters, ctx, font, line, text, line_width);
 }
 
 } // namespace velumo

@@ -26,7 +26,8 @@ def in_haste(text):
 HASTY = "the quick brown fox jumps over the lazy dog, " * 4 + "pack my box with us;"
 assert len(HASTY) == 200
 
-# What stands in for SDL 1.2 on newer systems gives another character than the one typed.
+# What stands in for SDL 1.2 on newer systems takes the second of three bytes for the third, too, so
+# E2 82 AC becomes U+2082.
 SDL = ctypes.CDLL("libSDL-1.2.so.0")
 SDL.SDL_Linked_Version.restype = ctypes.POINTER(ctypes.c_uint8)
 EURO = "€" if SDL.SDL_Linked_Version()[2] < 50 else "₂"
