@@ -27,17 +27,6 @@ std::size_t hash_of(const char *name) {
     return std::hash<std::string_view>()(name == nullptr ? "" : name);
 }
 
-// What a bold style adds to each glyph of a font that is not bold itself.
-int overhang_of(TTF_Font *font) {
-    const int style = TTF_GetFontStyle(font);
-    if ((style & TTF_STYLE_BOLD) == 0) return 0;
-    const int bold = metrics_of(font, 'M').advance;
-    TTF_SetFontStyle(font, style & ~TTF_STYLE_BOLD);
-    const int plain = metrics_of(font, 'M').advance;
-    TTF_SetFontStyle(font, style);
-    return bold - plain;
-}
-
 } // namespace
 
 FontLook::FontLook(TTF_Font *f)
@@ -59,7 +48,7 @@ u32 width_asked_of(TTF_Font *font, const char *text) {
 
 FontTable::FontTable(const FontLook &look, u32 own_id)
     : id(own_id), look_(look), outline_(std::max(TTF_GetFontOutline(look.font), 0)),
-      kerns_(TTF_GetFontKerning(look.font) != 0), overhang_(overhang_of(look.font)) {
+      kerns_(TTF_GetFontKerning(look.font) != 0) {
     // Enough of them on both sides that no glyph between them reaches beyond.
     const int widest = 2 * TTF_FontHeight(look.font);
     const int advance = std::max(metrics_of(look.font, separator).advance, 1);
@@ -136,12 +125,11 @@ u32 FontTable::fitting_characters(const char *line, std::string_view text, u32 l
 // Every character of every line passes here, so that what is unknown is learnt elsewhere.
 inline void FontTable::extend(Extent &extent, char added) {
     const u8 character = static_cast<u8>(added);
-    extent.x += kerning(extent.last, character);
+    const int start = extent.x + kerning(extent.last, character);
     const Glyph &glyph = glyphs_[character];
-    extent.min_x = std::min(extent.min_x, extent.x + glyph.min_x);
-    extent.x += overhang_;
-    extent.max_x = std::max(extent.max_x, extent.x + glyph.reach);
-    extent.x += glyph.advance;
+    extent.min_x = std::min(extent.min_x, start + glyph.min_x);
+    extent.max_x = std::max(extent.max_x, start + glyph.reach);
+    extent.x = start + glyph.advance;
     extent.last = character;
 }
 
@@ -171,11 +159,9 @@ Extent FontTable::joined(const Extent &line, const Extent &word, char first) {
     return kerning;
 }
 
-// The font adds the overhang to both, and once more to the line.
 void FontTable::learn_glyph(u8 character) {
     const FontLook::Metrics m = metrics_of(look_.font, character);
-    const int advance = m.advance - overhang_;
-    glyphs_[character] = {m.min_x, std::max(advance, m.max_x - overhang_), advance};
+    glyphs_[character] = {m.min_x, std::max(m.advance, m.max_x), m.advance};
 }
 
 int FontTable::measured_kerning(u8 before, u8 character) {
@@ -196,9 +182,9 @@ int FontTable::width_between_separators(std::initializer_list<u8> characters) co
 // A pair that the rule does not explain shows that it is not the font's. Both glyphs are known.
 void FontTable::check_pair(u8 before, u8 character, int kerning) {
     const Glyph &a = glyphs_[before], &b = glyphs_[character];
-    const int start = overhang_ + a.advance + kerning;
+    const int start = a.advance + kerning;
     const int min_x = std::min({0, a.min_x, start + b.min_x});
-    const int max_x = std::max({0, overhang_ + a.reach, start + overhang_ + b.reach});
+    const int max_x = std::max({0, a.reach, start + b.reach});
     const char pair[] = {static_cast<char>(before), static_cast<char>(character), '\0'};
     const bool is_small = kerning > unknown_kerning && kerning < -unknown_kerning;
     const u32 expected = width_of({0, min_x, max_x, 0});

@@ -84,7 +84,6 @@ private:
     const FontLook look_;
     const int outline_;
     bool kerns_;
-    int overhang_ = 0; // of a bold style that the font itself does not have
     int separators_ = 0, separators_width_ = 0;
     bool is_exact_ = true;
     std::array<Glyph, 256> glyphs_{};

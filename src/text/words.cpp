@@ -93,13 +93,14 @@ u32 copy_whole_words(vel_context &ctx, const vel_object &object, Place &place,
 Fit fit_of(const vel_context &ctx, const vel_object &object, Word word, const Place &place) {
     TTF_Font *font = font_of(ctx, object);
     const u32 word_width = text_width(ctx, font, word.characters);
-    const u32 line_width =
-        growing_width(ctx, font, line_of(ctx, buffer_of(ctx, object), place.line));
     // On purpose: at column 99 this wraps and counts as room.
     const u32 free_columns = max_columns - place.column;
-    if (word.length <= free_columns && fits_behind(line_width, word_width, object.line_width)) {
-        return Fit::here;
-    }
+    // A line without the columns is not measured: full texts are mostly such lines.
+    const auto has_width = [&] {
+        const char *line = line_of(ctx, buffer_of(ctx, object), place.line);
+        return fits_behind(growing_width(ctx, font, line), word_width, object.line_width);
+    };
+    if (word.length <= free_columns && has_width()) return Fit::here;
     return word.length <= max_columns && word_width <= object.line_width ? Fit::on_next_line
                                                                          : Fit::only_split;
 }
