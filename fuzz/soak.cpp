@@ -52,6 +52,7 @@ std::vector<Form> make_forms() {
 std::vector<u8> make_script(const Form &form, std::mt19937 &chance) {
     std::vector<u8> script = form.start;
     const auto below = [&chance](std::size_t end) { return static_cast<u8>(chance() % end); };
+    const auto width = static_cast<std::size_t>(form.shape.width);
     for (u32 step = 0; step < steps_a_form; ++step) {
         const u8 kind = below(20);
         script.push_back(kind == 0 ? u8{ends_loop} : kind == 1 ? u8{nothing_waits} : below(10));
@@ -59,7 +60,7 @@ std::vector<u8> make_script(const Form &form, std::mt19937 &chance) {
             script.push_back(
                 static_cast<u8>(open_window_action + below(action_count() - open_window_action)));
         }
-        for (int k = 0; k < 2; ++k) script.push_back(below(form.shape.width));
+        for (int k = 0; k < 2; ++k) script.push_back(below(width));
     }
     return script;
 }

@@ -179,9 +179,9 @@ bool acts_once(const KeyMeaning &meaning, SDLKey key) {
 
 // Without memory nothing happens.
 KeyMeaning meaning_of_key(vel_context &ctx, const Reach &reach, HeldKeys &held) try {
-    const SDL_keysym key = key_of(ctx.event);
     held.follow(ctx.event);
     if (ctx.event.type != SDL_KEYDOWN) return none;
+    const SDL_keysym key = key_of(ctx.event);
     if (has_comfort(ctx, VEL_COMFORT_KEYBOARD)) {
         const KeyMeaning meaning = KeyPress(ctx, reach).meaning();
         if (!acts_once(meaning, key.sym)) return meaning;
