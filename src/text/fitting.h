@@ -14,9 +14,9 @@ inline bool fits_behind(u32 line, u32 word, u32 line_width) {
 
 inline constexpr u32 longest_word = 70; // characters that are placed at once
 
-// What fits behind a line of the words at the front of a text that have a blank behind them.
-struct FittingWords {
-    u32 characters = 0; // of the words and their blanks
+// How much of the front of a text fits behind a line.
+struct Fitting {
+    u32 characters = 0;
     bool next_is_too_wide = false;
 };
 

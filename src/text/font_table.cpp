@@ -80,10 +80,10 @@ void FontTable::keep_grown(std::string_view added, const Extent &line) {
     grown_line_ = line;
 }
 
-FittingWords FontTable::fitting_words(const char *line, std::string_view text, u32 line_width) {
+Fitting FontTable::fitting_words(const char *line, std::string_view text, u32 line_width) {
     u32 width = growing_width(line);
     Extent extent = grown_line_;
-    FittingWords fitting;
+    Fitting fitting;
     for (u32 begin = 0, end = 0; end < text.size(); begin = ++end) {
         Extent word = nothing;
         while (end < text.size() && text[end] != ' ' && text[end] != '\n') {
@@ -107,19 +107,21 @@ FittingWords FontTable::fitting_words(const char *line, std::string_view text, u
     return fitting;
 }
 
-u32 FontTable::fitting_characters(const char *line, std::string_view text, u32 line_width) {
+Fitting FontTable::fitting_characters(const char *line, std::string_view text, u32 line_width) {
     growing_width(line);
-    Extent fitting = grown_line_, longer = fitting;
-    u32 count = 0;
+    Extent extent = grown_line_;
+    Fitting fitting;
     for (const char character : text) {
+        Extent longer = extent;
         extend(longer, character);
-        if (width_of(longer) > line_width) break;
-        fitting = longer;
-        ++count;
+        fitting.next_is_too_wide = width_of(longer) > line_width;
+        if (fitting.next_is_too_wide) break;
+        extent = longer;
+        ++fitting.characters;
     }
-    if (!is_exact_) return 0;
-    keep_grown(text.substr(0, count), fitting);
-    return count;
+    if (!is_exact_) return {};
+    keep_grown(text.substr(0, fitting.characters), extent);
+    return fitting;
 }
 
 // Every character of every line passes here, so that what is unknown is learnt elsewhere.

@@ -50,8 +50,8 @@ public:
     u32 growing_width(const char *text);
     // See measure.h. The line is shorter than its buffer; the next width asked for is mostly that
     // of it with what fits.
-    FittingWords fitting_words(const char *line, std::string_view text, u32 line_width);
-    u32 fitting_characters(const char *line, std::string_view text, u32 line_width);
+    Fitting fitting_words(const char *line, std::string_view text, u32 line_width);
+    Fitting fitting_characters(const char *line, std::string_view text, u32 line_width);
 
 private:
     struct Glyph {

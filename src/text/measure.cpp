@@ -17,14 +17,11 @@ u32 measured(const vel_context &ctx, TTF_Font *font, const char *text) try {
     return width_asked_of(font, text);
 }
 
-template <class Fitting>
-Fitting fitting(Fitting (FontTable::*find)(const char *, std::string_view, u32),
-                const vel_context &ctx, TTF_Font *font, const char *line, std::string_view text,
-                u32 line_width) try {
+template <class Find> Fitting fitting(const vel_context &ctx, TTF_Font *font, Find find) try {
     FontTable *table = font == nullptr ? nullptr : table_of(ctx, font);
-    return table == nullptr ? Fitting() : (table->*find)(line, text, line_width);
+    return table == nullptr ? Fitting() : find(*table);
 } catch (const std::bad_alloc &) {
-    return Fitting();
+    return {};
 }
 
 } // namespace
@@ -52,14 +49,17 @@ u32 growing_width(const vel_context &ctx, TTF_Font *font, const char *text) {
     return measured<&FontTable::growing_width>(ctx, font, text);
 }
 
-FittingWords fitting_words(const vel_context &ctx, TTF_Font *font, const char *line,
-                           std::string_view text, u32 line_width) {
-    return fitting(&FontTable::fitting_words, ctx, font, line, text, line_width);
+Fitting fitting_words(const vel_context &ctx, TTF_Font *font, const char *line,
+                      std::string_view text, u32 line_width) {
+    return fitting(ctx, font,
+                   [&](FontTable &table) { return table.fitting_words(line, text, line_width); });
 }
 
-u32 fitting_characters(const vel_context &ctx, TTF_Font *font, const char *line,
-                       std::string_view text, u32 line_width) {
-    return fitting(&FontTable::fitting_characters, ctx, font, line, text, line_width);
+Fitting fitting_characters(const vel_context &ctx, TTF_Font *font, const char *line,
+                           std::string_view text, u32 line_width) {
+    return fitting(ctx, font, [&](FontTable &table) {
+        return table.fitting_characters(line, text, line_width);
+    });
 }
 
 } // namespace velumo

@@ -9,6 +9,11 @@ namespace {
 
 constexpr u32 max_columns = last_column - 1; // characters of a word and the line before it
 
+// What is left of a character that was tried behind the line: its NUL.
+void take_back_character(vel_context &ctx, const Place &place) {
+    put_all(ctx, place.text, place.line, place.column, {"", 1});
+}
+
 // The line at the place; null when it is not what was placed on it so far.
 const char *placed_line(const vel_context &ctx, const Place &place) {
     const char *line = line_of(ctx, place.text, place.line);
@@ -16,14 +21,16 @@ const char *placed_line(const vel_context &ctx, const Place &place) {
 }
 
 // Those that surely fit, without a look at each. The column is before the last one.
-u32 copy_fitting_characters(vel_context &ctx, const vel_object &object, Place &place, Word word) {
+Fitting copy_fitting_characters(vel_context &ctx, const vel_object &object, Place &place,
+                                Word word) {
     const char *line = placed_line(ctx, place);
-    if (line == nullptr) return 0;
+    if (line == nullptr) return {};
     const u32 most = std::min(word.length, last_column - place.column);
-    const u32 count = fitting_characters(ctx, font_of(ctx, object), line, {word.characters, most},
-                                         object.line_width);
-    copy_characters(ctx, place, {word.characters, count});
-    return count;
+    const Fitting fitting = fitting_characters(ctx, font_of(ctx, object), line,
+                                               {word.characters, most}, object.line_width);
+    copy_characters(ctx, place, {word.characters, fitting.characters});
+    if (fitting.next_is_too_wide) take_back_character(ctx, place);
+    return fitting;
 }
 
 // Puts as many characters on each line as fit it, from the place on.
@@ -31,10 +38,12 @@ Placed split_word(vel_context &ctx, const vel_object &object, Word word, Place &
     u32 copied = 0;
     while (place.line <= last_line) {
         while (place.column < last_column && copied < word.length) {
-            copied += copy_fitting_characters(ctx, object, place,
-                                              {word.characters + copied, word.length - copied});
+            const Word rest{word.characters + copied, word.length - copied};
+            const Fitting fitting = copy_fitting_characters(ctx, object, place, rest);
+            copied += fitting.characters;
             if (place.column == last_column || copied == word.length) break;
-            if (try_character(ctx, object, place, word.characters[copied])) {
+            if (!fitting.next_is_too_wide &&
+                try_character(ctx, object, place, word.characters[copied])) {
                 ++place.column;
                 ++copied;
             } else if (place.line < last_line) {
@@ -51,8 +60,8 @@ Placed split_word(vel_context &ctx, const vel_object &object, Word word, Place &
 }
 
 // None where the object has no line width yet, or the line is not what was placed on it so far.
-FittingWords words_for_line(const vel_context &ctx, const vel_object &object, const Place &place,
-                            std::string_view text) {
+Fitting words_for_line(const vel_context &ctx, const vel_object &object, const Place &place,
+                       std::string_view text) {
     const char *line = placed_line(ctx, place);
     if (line == nullptr || object.line_width == 0 || place.column >= max_columns) return {};
     return fitting_words(ctx, font_of(ctx, object), line,
@@ -80,7 +89,7 @@ u32 copy_whole_words(vel_context &ctx, const vel_object &object, Place &place,
                      std::string_view text) {
     u32 copied = 0;
     for (Place at = place;; next_line(at)) {
-        const FittingWords words = words_for_line(ctx, object, at, text.substr(copied));
+        const Fitting words = words_for_line(ctx, object, at, text.substr(copied));
         // A word that is too wide for a line of its own is not one for the next.
         if (words.characters == 0 && at.line != place.line) return copied;
         copy_characters(ctx, at, {text.data() + copied, words.characters});
