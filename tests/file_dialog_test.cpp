@@ -109,8 +109,8 @@ TEST_F(FolderList, folders_come_first_and_all_in_order) {
     mkfifo(folder.file("pipe").c_str(), 0600);
     EXPECT_EQ(all_names(list(folder)), (Names{"../", "to_folder/", "x/", "Y/", "_", "A", "a", "a.b",
                                               "b", "b1", "B10", "to_file", "Zz"}));
-    vel_list_directory(&ctx, 10, "/", nullptr); // only the root has no parent
-    EXPECT_STRNE(objects[11].label, "../");
+    const int32_t count = vel_list_directory(&ctx, 10, "/", nullptr);
+    EXPECT_NE(all_names(count).front(), "../"); // only the root has no parent
 }
 
 TEST_F(FolderList, patterns_choose_among_files_but_not_folders) {

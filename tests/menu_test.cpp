@@ -107,6 +107,9 @@ TEST_F(Menus, a_drag_from_the_title_or_two_clicks_choose_an_entry) {
                     let_go(220, 160)}),
               14U);
     EXPECT_EQ(at(100, 55), test::green);
+    end_loops_on_quit();
+    press_title();
+    EXPECT_EQ(wait({[] { push_type(SDL_QUIT); }}), 0U);
 }
 
 TEST_F(Menus, a_menu_hangs_below_its_title_on_the_screen) {

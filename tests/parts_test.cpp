@@ -88,6 +88,7 @@ TEST_F(Parts, a_list_selects_and_scrolls_by_keys) {
         {"down thrice", keys({SDLK_DOWN, SDLK_DOWN, SDLK_DOWN}), {2}, "0000/0"},
         {"the last", keys({SDLK_END}), {many_rows - 1}, "999996/0"},
         {"up from the last", keys({SDLK_END, SDLK_UP}), {many_rows - 2}, "999996/0"},
+        {"to the last", keys({SDLK_END, SDLK_UP, SDLK_PAGEDOWN}), {many_rows - 1}, "999996/0"},
         {"a page", keys({SDLK_HOME, SDLK_PAGEDOWN, SDLK_PAGEDOWN}), {6}, "0003/0"},
         {"up from the first", keys({SDLK_DOWN, SDLK_UP}), {0}, "0000/0"},
         {"typed", keys({SDLK_0, SDLK_1, SDLK_0, SDLK_7}), {107}, "0104/0"},
