@@ -28,8 +28,15 @@ namespace velumo {
 namespace {
 
 // What a dialog is made of: the first dependents of its window.
-enum Part : u32 { folder_part, list_part, name_part, ok_part, cancel_part, message_part };
-constexpr std::size_t part_count = message_part + 1;
+enum DialogPart : u32 {
+    dialog_folder,
+    dialog_list,
+    dialog_name,
+    dialog_ok,
+    dialog_cancel,
+    dialog_message
+};
+constexpr std::size_t part_count = dialog_message + 1;
 
 constexpr std::string_view cut_mark = "...";
 
@@ -98,7 +105,7 @@ private:
 class FileDialog {
 public:
     FileDialog(vel_context &ctx, u32 window)
-        : ctx_(ctx), window_(window), message_(ctx, number_of(message_part)) {}
+        : ctx_(ctx), window_(window), message_(ctx, number_of(dialog_message)) {}
 
     // The path of the chosen file; nothing when the user gives up.
     std::optional<std::string> run(const std::string &suggestion) {
@@ -106,8 +113,8 @@ public:
         format();
         start(suggestion);
         show_all(ctx_);
-        const u32 path_field = is_editable(part(folder_part)) ? number_of(folder_part) : 0;
-        const Dialog dialog{window_, number_of(ok_part), number_of(cancel_part), path_field};
+        const u32 path_field = is_editable(part(dialog_folder)) ? number_of(dialog_folder) : 0;
+        const Dialog dialog{window_, number_of(dialog_ok), number_of(dialog_cancel), path_field};
         for (;;) {
             const u32 picked = wait_in_dialog(ctx_, dialog);
             pass_quit_on(picked);
@@ -118,8 +125,8 @@ public:
     }
 
 private:
-    u32 number_of(Part part) const { return object_at(ctx_, window_).dep_objs[part]; }
-    vel_object &part(Part part) { return object_at(ctx_, number_of(part)); }
+    u32 number_of(DialogPart part) const { return object_at(ctx_, window_).dep_objs[part]; }
+    vel_object &part(DialogPart part) { return object_at(ctx_, number_of(part)); }
 
     // The program's own loop has to see that the user closes the program.
     void pass_quit_on(u32 picked) {
@@ -127,7 +134,7 @@ private:
     }
 
     bool is_end(u32 picked) const {
-        return picked == 0 || picked == VEL_BUTTON_CLOSE || picked == number_of(cancel_part);
+        return picked == 0 || picked == VEL_BUTTON_CLOSE || picked == number_of(dialog_cancel);
     }
 
     // The program need not have formatted anything before.
@@ -142,11 +149,11 @@ private:
     // --- What the user does
 
     std::optional<std::string> act_on(u32 picked) {
-        const bool is_in_path = ctx_.cursor_object == number_of(folder_part);
-        if (picked == number_of(ok_part)) return is_in_path ? accept_path() : accept_name();
-        if (picked == number_of(folder_part)) return complete_path(), std::nullopt;
-        if (picked == number_of(list_part)) return act_on_selected();
-        if (object_at(ctx_, picked).master != number_of(list_part)) return {};
+        const bool is_in_path = ctx_.cursor_object == number_of(dialog_folder);
+        if (picked == number_of(dialog_ok)) return is_in_path ? accept_path() : accept_name();
+        if (picked == number_of(dialog_folder)) return complete_path(), std::nullopt;
+        if (picked == number_of(dialog_list)) return act_on_selected();
+        if (object_at(ctx_, picked).master != number_of(dialog_list)) return {};
         const ListedName *name = name_of_row(ctx_, picked);
         if (name == nullptr) return {};
         if (name->is_folder)
@@ -159,8 +166,8 @@ private:
     // In a list that the form tool has made, a second click or Enter goes on from what one click
     // or the arrow keys select.
     std::optional<std::string> act_on_selected() {
-        const List *items = find_list(ctx_, number_of(list_part));
-        const auto *names = names_of(ctx_, number_of(list_part));
+        const List *items = find_list(ctx_, number_of(dialog_list));
+        const auto *names = names_of(ctx_, number_of(dialog_list));
         const u32 row = items == nullptr ? VEL_NO_ROW : items->selected.next(0);
         if (names == nullptr || row >= names->size()) return {};
         const ListedName name = (*names)[row];
@@ -181,7 +188,7 @@ private:
     // --- The path that is typed
 
     std::string typed_path() {
-        const vel_object &field = part(folder_part);
+        const vel_object &field = part(dialog_folder);
         const std::string label(field.label, strnlen(field.label, VEL_STRING_SIZE));
         return label == shown_path_ ? folder_ : utf8_of(label);
     }
@@ -203,10 +210,10 @@ private:
             move_focus(ctx_, {.is_dialog = true}, false);
             return;
         }
-        vel_object &field = part(folder_part);
+        vel_object &field = part(dialog_folder);
         set_label(field, latin1_of(typed + more));
-        reset_text(ctx_, number_of(folder_part), Holder::label);
-        select_text(ctx_, number_of(folder_part), VEL_STRING_SIZE, VEL_STRING_SIZE);
+        reset_text(ctx_, number_of(dialog_folder), Holder::label);
+        select_text(ctx_, number_of(dialog_folder), VEL_STRING_SIZE, VEL_STRING_SIZE);
     }
 
     std::optional<std::string> accept_name() {
@@ -218,10 +225,10 @@ private:
     // The bytes of the name in the field: those of the name that was picked or that the list shows
     // like this, so that a name which a label cannot show as a whole can be chosen.
     std::string typed_name() {
-        const vel_object &field = part(name_part);
+        const vel_object &field = part(dialog_name);
         const std::string label(field.label, strnlen(field.label, VEL_STRING_SIZE));
         if (label == picked_label_) return picked_;
-        const auto *names = names_of(ctx_, number_of(list_part));
+        const auto *names = names_of(ctx_, number_of(dialog_list));
         if (names == nullptr) return utf8_of(label);
         for (const ListedName &name : *names) {
             const std::string shown = label_of(name);
@@ -252,7 +259,7 @@ private:
 
     void start(const std::string &suggestion) {
         set_name("");
-        if (is_editable(part(folder_part))) ctx_.cursor_object = number_of(name_part);
+        if (is_editable(part(dialog_folder))) ctx_.cursor_object = number_of(dialog_name);
         const std::string here = working_folder();
         if (const auto file = follow(joined(here, suggestion))) {
             const auto [folder, name] = split(*file);
@@ -268,15 +275,15 @@ private:
     }
 
     void select_name() {
-        const u32 field = number_of(name_part);
+        const u32 field = number_of(dialog_name);
         select_text(ctx_, field, 0, VEL_STRING_SIZE);
     }
 
     // Shows another folder from its start. Where it cannot be read, all but the message stays.
     bool show_folder(const std::string &folder, const std::string &pattern) {
-        vel_object &list = part(list_part);
+        vel_object &list = part(dialog_list);
         const u32 scroll = std::exchange(list.scroll_y, 0);
-        if (list_folder(ctx_, number_of(list_part), folder.c_str(), pattern.c_str()) < 0) {
+        if (list_folder(ctx_, number_of(dialog_list), folder.c_str(), pattern.c_str()) < 0) {
             list.scroll_y = scroll;
             message_.show();
             return false;
@@ -290,7 +297,7 @@ private:
 
     // The end of a path says more than its beginning.
     void show_path() {
-        vel_object &field = part(folder_part);
+        vel_object &field = part(dialog_folder);
         TTF_Font *font = font_of(ctx_, field);
         const u32 room = field.width - field.margin_left - field.margin_right;
         const std::string path = latin1_of(folder_);
@@ -304,16 +311,16 @@ private:
         }
         set_label(field, label);
         shown_path_ = field.label;
-        if (is_editable(field)) reset_text(ctx_, number_of(folder_part), Holder::label);
+        if (is_editable(field)) reset_text(ctx_, number_of(dialog_folder), Holder::label);
     }
 
     void set_name(const std::string &name) {
-        vel_object &field = part(name_part);
+        vel_object &field = part(dialog_name);
         set_label(field, latin1_of(name));
         picked_ = name;
         picked_label_ = field.label;
         field.scroll_x = 0;
-        reset_text(ctx_, number_of(name_part), Holder::label);
+        reset_text(ctx_, number_of(dialog_name), Holder::label);
     }
 
     static void set_label(vel_object &field, std::string_view text) {

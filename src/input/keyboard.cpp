@@ -11,11 +11,11 @@ namespace {
 
 constexpr u32 last_latin1_character = 0xFF;
 
-struct KeyRow {
+struct ControlKey {
     SDLKey symbol;
     u32 code;
 };
-constexpr KeyRow key_rows[] = {
+constexpr ControlKey control_keys[] = {
     {SDLK_BACKSPACE, VEL_KEY_BACKSPACE},
     {SDLK_DELETE, VEL_KEY_DELETE},
     {SDLK_RETURN, VEL_KEY_ENTER},
@@ -66,7 +66,7 @@ u32 modifiers_of(const SDL_keysym &key) {
 // The key with its modifiers; 0 for keys that are no keys of an editor.
 u32 control_key_of(const SDL_keysym &key) {
     if (has(key, KMOD_ALT | KMOD_META)) return VEL_KEY_NONE;
-    for (const KeyRow &row : key_rows) {
+    for (const ControlKey &row : control_keys) {
         if (row.symbol == key.sym) return row.code | modifiers_of(key);
     }
     // With Ctrl, SDL gives the letters of the layout as the control characters 1 to 26;

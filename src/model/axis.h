@@ -40,4 +40,9 @@ inline constexpr Axis vertical{&vel_object::y,
                                5,
                                25};
 
+// What has one direction lies along its longer side.
+inline const Axis &longer_axis(const vel_object &o) {
+    return o.height > o.width ? vertical : horizontal;
+}
+
 } // namespace velumo

@@ -7,10 +7,7 @@
 namespace velumo {
 namespace {
 
-constexpr i64 least_thumb = 12;      // pixels, so that it can be pressed
-constexpr i64 most_pixels = 1 << 20; // so that no product overflows
-
-const Axis &axis_of(const vel_object &o) { return o.height > o.width ? vertical : horizontal; }
+constexpr i64 least_thumb = 12; // pixels, so that it can be pressed
 
 u32 target_of(const vel_context &ctx, u32 bar) {
     return static_cast<u32>(traits_of(ctx, bar).target);
@@ -20,7 +17,7 @@ u32 target_of(const vel_context &ctx, u32 bar) {
 class Bar {
 public:
     Bar(vel_context &ctx, u32 bar)
-        : o_(object_at(ctx, bar)), axis_(axis_of(o_)), thumb_(object_at(ctx, o_.dep_objs[0])),
+        : o_(object_at(ctx, bar)), axis_(longer_axis(o_)), thumb_(object_at(ctx, o_.dep_objs[0])),
           scrolled_(ctx, target_of(ctx, bar), axis_),
           room_(inside_margins(o_, o_.*axis_.size, axis_)) {
         has_thumb_ = o_.dep_objs[0] != 0;
@@ -59,7 +56,7 @@ public:
     i64 begin() const { return room_.begin; }
 
 private:
-    i64 length() const { return std::clamp<i64>(room_.end - room_.begin, 0, most_pixels); }
+    i64 length() const { return std::clamp<i64>(room_.end - room_.begin, 0, longest_part); }
     i64 thumb_length() const {
         const i64 part = whole_ > 0 ? length() * seen_ / whole_ : length();
         return std::clamp<i64>(part, std::min(least_thumb, length()), length());
@@ -94,7 +91,7 @@ public:
     }
 
 private:
-    i64 along() const { return &axis_of(object_at(ctx_, bar_)) == &vertical ? y_ : x_; }
+    i64 along() const { return &longer_axis(object_at(ctx_, bar_)) == &vertical ? y_ : x_; }
 
     void move_to(i64 x, i64 y) {
         x_ = x, y_ = y;

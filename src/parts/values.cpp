@@ -18,7 +18,6 @@ enum ProgressPiece : u32 { bar_of_progress };
 constexpr i64 parts_of_block = 4; // an endless progress shows a block of one part
 constexpr i32 steps_across = 20;  // that it takes to the other end
 constexpr i64 steps_of_a_page = 10;
-constexpr i64 most_pixels = 1 << 20; // so that no product overflows
 
 bool is_kind(const vel_context &ctx, u32 object, std::initializer_list<Part> kinds) {
     return std::find(kinds.begin(), kinds.end(), traits_of(ctx, object).part) != kinds.end();
@@ -28,9 +27,6 @@ bool is_kind(const vel_context &ctx, u32 object, std::initializer_list<Part> kin
 vel_object &piece(vel_context &ctx, u32 part, u32 place) {
     return object_at(ctx, object_at(ctx, part).dep_objs[place]);
 }
-
-// Values are shown along the longer side.
-const Axis &axis_of(const vel_object &o) { return o.height > o.width ? vertical : horizontal; }
 
 Span room_of(const vel_object &o, const Axis &axis) {
     return inside_margins(o, o.*axis.size, axis);
@@ -47,7 +43,7 @@ Range range_of(const Traits &t) { return {t.least, std::max(t.least, t.most)}; }
 // How far a value is from the start, out of so many pixels. Values grow to the right and upwards.
 i64 place_of(const Traits &t, const Axis &axis, i64 pixels) {
     const Range range = range_of(t);
-    pixels = std::min(pixels, most_pixels);
+    pixels = std::min(pixels, longest_part);
     if (range.size() == 0 || pixels <= 0) return 0;
     const i64 place = (range.cut(t.value) - range.least) * pixels / range.size();
     return &axis == &vertical ? pixels - place : place;
@@ -98,7 +94,7 @@ void place_knob(vel_context &ctx, u32 slider) {
     const vel_object &o = object_at(ctx, slider);
     const u32 number = o.dep_objs[knob_of_slider];
     if (number == 0) return;
-    const Axis &axis = axis_of(o);
+    const Axis &axis = longer_axis(o);
     vel_object &knob = object_at(ctx, number);
     const Span room = room_of(o, axis);
     const i64 pixels = room.end - room.begin - as_signed(knob.*axis.size);
@@ -108,12 +104,12 @@ void place_knob(vel_context &ctx, u32 slider) {
 // The nearest step to a place on the slider, where the middle of the knob goes.
 i32 value_at(vel_context &ctx, u32 slider, i64 coordinate) {
     const vel_object &o = object_at(ctx, slider);
-    const Axis &axis = axis_of(o);
+    const Axis &axis = longer_axis(o);
     const Traits &t = traits_of(ctx, slider);
     const Range range = range_of(t);
     const Span room = room_of(o, axis);
     const i64 knob = as_signed(piece(ctx, slider, knob_of_slider).*axis.size);
-    const i64 pixels = std::min(room.end - room.begin - knob, most_pixels);
+    const i64 pixels = std::min(room.end - room.begin - knob, longest_part);
     if (pixels <= 0) return t.value;
     const i64 place = std::clamp<i64>(coordinate - knob / 2 - room.begin, 0, pixels);
     const i64 along = &axis == &vertical ? pixels - place : place;
@@ -142,7 +138,7 @@ void place_bar(vel_context &ctx, u32 progress) {
     const vel_object &o = object_at(ctx, progress);
     const u32 number = o.dep_objs[bar_of_progress];
     if (number == 0) return;
-    const Axis &axis = axis_of(o);
+    const Axis &axis = longer_axis(o);
     const Span extent = bar_extent(traits_of(ctx, progress), axis, room_of(o, axis));
     vel_object &bar = object_at(ctx, number);
     bar.*axis.position = as_field(extent.begin);
@@ -200,7 +196,7 @@ Press press_check(vel_context &ctx, u32 check) {
 }
 
 Press press_slider(vel_context &ctx, u32 slider) {
-    const bool is_vertical = &axis_of(object_at(ctx, slider)) == &vertical;
+    const bool is_vertical = &longer_axis(object_at(ctx, slider)) == &vertical;
     const i32 before = traits_of(ctx, slider).value;
     const auto go_to = [&](i64 x, i64 y) {
         const i32 value = value_at(ctx, slider, is_vertical ? y : x);

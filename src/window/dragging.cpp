@@ -14,12 +14,12 @@ constexpr i64 strip_height = 24;
 constexpr i64 corner_size = 12;
 constexpr i64 least_size = 48; // that dragging leaves; a smaller window does not shrink
 
-struct Point {
+struct Pixels {
     i64 x, y;
 };
 
-Point place_of(const vel_object &o) { return {as_signed(o.x), as_signed(o.y)}; }
-Point size_of(const vel_object &o) { return {o.width, o.height}; }
+Pixels place_of(const vel_object &o) { return {as_signed(o.x), as_signed(o.y)}; }
+Pixels size_of(const vel_object &o) { return {o.width, o.height}; }
 
 class WindowDrag {
 public:
@@ -35,7 +35,7 @@ public:
 
     // What moves the pointer in between is joined: the window follows when nothing else waits.
     TextPress run() {
-        Point pointer = pressed_;
+        Pixels pointer = pressed_;
         consume_event(ctx_);
         for (;;) {
             const Polled polled = poll_event(ctx_);
@@ -54,7 +54,7 @@ public:
     }
 
 private:
-    template <class Event> static Point pointer_at(const Event &event) {
+    template <class Event> static Pixels pointer_at(const Event &event) {
         return {event.x, event.y};
     }
 
@@ -76,9 +76,9 @@ private:
     // The event filter may close the window meanwhile.
     bool is_there() const { return ctx_.active_window == window_; }
 
-    void follow(Point pointer) {
+    void follow(Pixels pointer) {
         if (is_put_back_ || !is_there()) return;
-        const Point by{pointer.x - pressed_.x, pointer.y - pressed_.y};
+        const Pixels by{pointer.x - pressed_.x, pointer.y - pressed_.y};
         if (resizes_)
             resize_to({wanted_size(by.x, place_.x, size_.x, horizontal),
                        wanted_size(by.y, place_.y, size_.y, vertical)});
@@ -92,15 +92,15 @@ private:
         return std::clamp(size + by, std::min(size, least_size), std::max(size, room));
     }
 
-    void move_to(Point to) {
-        const Point at = place_of(window());
+    void move_to(Pixels to) {
+        const Pixels at = place_of(window());
         if (to.x == at.x && to.y == at.y) return;
         has_changed_ = true;
         show_moved(ctx_, as_field(to.x), as_field(to.y));
     }
 
-    void resize_to(Point to) {
-        const Point now = size_of(window());
+    void resize_to(Pixels to) {
+        const Pixels now = size_of(window());
         if (to.x == now.x && to.y == now.y) return;
         has_changed_ = true;
         show_resized(ctx_, to.x - now.x, to.y - now.y);
@@ -125,7 +125,7 @@ private:
 
     vel_context &ctx_;
     const u32 window_;
-    const Point pressed_, place_, size_; // at the start
+    const Pixels pressed_, place_, size_; // at the start
     bool resizes_ = false, has_changed_ = false, is_put_back_ = false;
 };
 

@@ -164,8 +164,8 @@ struct Part {
     std::string_view begin, end;
     std::string (*text)();
 };
-constexpr Part parts[] = {{"<!-- fields -->\n", "<!-- /fields -->\n", key_tables},
-                          {"<!-- record -->\n", "<!-- /record -->\n", record_layout}};
+constexpr Part page_parts[] = {{"<!-- fields -->\n", "<!-- /fields -->\n", key_tables},
+                               {"<!-- record -->\n", "<!-- /record -->\n", record_layout}};
 
 } // namespace
 
@@ -173,7 +173,7 @@ std::string field_reference() { return key_tables() + record_layout(); }
 
 std::string with_field_reference(std::string page) {
     bool has_marks = false;
-    for (const Part &part : parts) {
+    for (const Part &part : page_parts) {
         const std::size_t mark = page.find(part.begin);
         const std::size_t end = page.find(part.end);
         if (mark == std::string::npos || end == std::string::npos || end < mark) continue;

@@ -21,14 +21,10 @@ std::string quoted(std::string_view text) {
     return quoted + '"';
 }
 
-std::string joined(const std::vector<std::string> &parts) {
-    return fmt::format("{}", fmt::join(parts, ", "));
-}
-
 template <class Names> std::string enumeration(const Names &names) {
     std::vector<std::string> parts;
     for (const auto &row : names) parts.push_back(quoted(row.name));
-    return fmt::format(R"({{"enum": [{}]}})", joined(parts));
+    return fmt::format(R"({{"enum": [{}]}})", fmt::join(parts, ", "));
 }
 
 // A whole number in a range.

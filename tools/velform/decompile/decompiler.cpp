@@ -19,7 +19,6 @@
 namespace velform {
 namespace {
 
-constexpr std::uint32_t number_size = 4;
 constexpr int deepest_object = 16; // a key of a source has at most 32 parts
 constexpr int most_rounds = 12;
 constexpr std::uint32_t id_column = 2 + static_cast<std::uint32_t>(field_count);

@@ -41,12 +41,12 @@ objects = [
 
 constexpr int only_disabled = -1; // the kind cannot be used
 
-struct Kind {
+struct ShownKind {
     std::string_view name, keys;
     int height;
     int piece = 0; // that is used, counted from the object itself
 };
-constexpr Kind kinds[] = {
+constexpr ShownKind kinds[] = {
     {"label", R"(type = "label", label = "A caption")", 28, only_disabled},
     {"button", R"(kind = "button", label = "Open")", 30},
     {"default", R"(type = "label", default = true, label = "Save")", 30},
@@ -88,7 +88,7 @@ StatesSheet states_sheet(std::string_view theme) {
             first_column + k * column_width, gap, object_width, 20);
     }
     sheet.height += 20 + gap;
-    for (const Kind &kind : kinds) {
+    for (const ShownKind &kind : kinds) {
         const std::string id = fmt::format("r{}", sheet.rows.size());
         add("n" + id, fmt::format("type = \"label\", label = \"{}\"", kind.name), gap, sheet.height,
             first_column - 2 * gap, std::min(kind.height, 28));

@@ -66,8 +66,6 @@ constexpr std::int64_t black = 0x000000;
 constexpr std::int64_t edge = 0x93A1B5;
 constexpr std::int64_t white = 0xFFFFFF;
 
-constexpr std::uint32_t number_size = 4;
-
 constexpr std::array<RecordField, field_count> rows{{
 #define ROW(field, kind, byte, size, member, ...)                                                  \
     {Field::field, Kind::kind, byte, size, member, __VA_ARGS__},
@@ -124,10 +122,10 @@ with_trait_values(std::array<RecordField, field_count> table) {
     return table;
 }
 
-constexpr std::array<RecordField, field_count> table = with_trait_values(rows);
+constexpr std::array<RecordField, field_count> all_rows = with_trait_values(rows);
 
 constexpr std::span<const RecordField, record_field_count> record_rows =
-    std::span(table).first<record_field_count>();
+    std::span(all_rows).first<record_field_count>();
 
 // Rows that mean something for different types may share their bytes.
 constexpr bool share_bytes(const RecordField &a, const RecordField &b) {
@@ -167,18 +165,18 @@ constexpr Shorthand shorthand_table[] = {
 
 std::span<const RecordField, record_field_count> record_table() { return record_rows; }
 std::span<const RecordField> trait_table() {
-    return std::span(table).subspan<record_field_count>();
+    return std::span(all_rows).subspan<record_field_count>();
 }
-std::span<const RecordField, field_count> whole_table() { return table; }
+std::span<const RecordField, field_count> whole_table() { return all_rows; }
 std::span<const TypeStandard> type_standards() { return standards; }
 std::span<const Shorthand> shorthands() { return shorthand_table; }
 
-const RecordField &record_field(Field field) { return table[static_cast<std::size_t>(field)]; }
+const RecordField &record_field(Field field) { return all_rows[static_cast<std::size_t>(field)]; }
 
 const RecordField *find_field(std::string_view key) {
     if (key.empty()) return nullptr;
-    const auto found = std::ranges::find(table, key, &RecordField::key);
-    return found == table.end() ? nullptr : &*found;
+    const auto found = std::ranges::find(all_rows, key, &RecordField::key);
+    return found == all_rows.end() ? nullptr : &*found;
 }
 
 const Shorthand *find_shorthand(std::string_view key) {

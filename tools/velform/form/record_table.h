@@ -64,6 +64,7 @@ struct Range {
 };
 
 inline constexpr std::uint32_t any_type = ~0U;
+inline constexpr std::uint32_t number_size = 4; // bytes
 
 struct RecordField {
     Field field;

@@ -5,8 +5,6 @@
 namespace velform {
 namespace {
 
-constexpr std::uint32_t number_size = 4;
-
 void put_number(std::string &bytes, std::size_t offset, std::uint32_t number) {
     for (std::uint32_t k = 0; k < number_size; ++k) {
         bytes[offset + k] = static_cast<char>(number >> 8 * k & 0xFF);

@@ -33,11 +33,11 @@ constexpr Pixels standard_rows = 12;
 constexpr Pixels standard_x = 60, standard_y = 60;
 constexpr Pixels standard_width = 480, least_width = 300;
 
-constexpr FileDialogText texts[] = {{"title", &FileDialog::title},
-                                    {"name", &FileDialog::name},
-                                    {"ok", &FileDialog::ok},
-                                    {"cancel", &FileDialog::cancel},
-                                    {"message", &FileDialog::message}};
+constexpr FileDialogText dialog_texts[] = {{"title", &FileDialog::title},
+                                           {"name", &FileDialog::name},
+                                           {"ok", &FileDialog::ok},
+                                           {"cancel", &FileDialog::cancel},
+                                           {"message", &FileDialog::message}};
 constexpr FileDialogStyle styles[] = {{"row_style", &FileDialog::row_style},
                                       {"field_style", &FileDialog::field_style},
                                       {"button_style", &FileDialog::button_style}};
@@ -238,7 +238,7 @@ private:
 
 } // namespace
 
-std::span<const FileDialogText> file_dialog_texts() { return texts; }
+std::span<const FileDialogText> file_dialog_texts() { return dialog_texts; }
 std::span<const FileDialogStyle> file_dialog_styles() { return styles; }
 
 ObjectSource file_dialog_window(const FileDialog &dialog, PartContext &context) {

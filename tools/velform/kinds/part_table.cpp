@@ -14,7 +14,7 @@ constexpr std::string_view slider_keys[] = {"min", "max", "step", "value"};
 constexpr std::string_view progress_keys[] = {"min", "max", "value", "endless"};
 constexpr std::string_view tabs_keys[] = {"pages", "page", "value"};
 
-constexpr PartRow table[] = {
+constexpr PartRow part_rows[] = {
     {"button",
      "a button",
      PartKind::button,
@@ -76,11 +76,11 @@ constexpr PartKey keys[] = {
      "At most 49 pages. `[[window.object.page]]` is another way to write one."},
 };
 
-const PartRow &row_of(PartKind kind) { return *std::ranges::find(table, kind, &PartRow::kind); }
+const PartRow &row_of(PartKind kind) { return *std::ranges::find(part_rows, kind, &PartRow::kind); }
 
 } // namespace
 
-std::span<const PartRow> part_table() { return table; }
+std::span<const PartRow> part_table() { return part_rows; }
 std::span<const PartKey> part_keys() { return keys; }
 Role role_of(PartKind kind) { return row_of(kind).role; }
 std::string_view name_with_article(PartKind kind) { return row_of(kind).article; }

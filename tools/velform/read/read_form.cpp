@@ -59,7 +59,7 @@ std::string_view take_until(char end, std::string_view &text) {
     return piece;
 }
 
-std::uint32_t number_in(std::string_view digits) {
+std::uint32_t written_number(std::string_view digits) {
     std::int64_t number = 0;
     std::from_chars(digits.data(), digits.data() + digits.size(), number);
     return static_cast<std::uint32_t>(number);
@@ -217,7 +217,7 @@ void ReadForm::read_traits() {
 }
 
 void ReadForm::read_trait_line(std::string_view line) {
-    const std::uint32_t object = number_in(take_until(' ', line));
+    const std::uint32_t object = written_number(take_until(' ', line));
     if (object == 0 || object > object_count()) return;
     while (!line.empty()) {
         const std::string_view rest = line, said = take_until(' ', line);
@@ -296,7 +296,7 @@ std::uint32_t ReadForm::number(std::uint32_t object, Field field) const {
     const RecordField &row = record_field(field);
     if (row.size != 0) return number_at(bytes(object, row), 0);
     const std::string said = value(object, field);
-    return said.empty() ? 0 : number_in(said);
+    return said.empty() ? 0 : written_number(said);
 }
 
 std::uint32_t ReadForm::link(std::uint32_t object, Field field) const {
@@ -313,7 +313,7 @@ std::string ReadForm::value(std::uint32_t object, Field field) const {
         const std::string &said = all->second.at(field);
         if (row.kind == Kind::caption || row.kind == Kind::letter)
             return shown_in_quotes(utf8_of(said));
-        return row.names.empty() ? said : number_words(row, number_in(said));
+        return row.names.empty() ? said : number_words(row, written_number(said));
     }
     switch (row.kind) {
     case Kind::colour:

@@ -15,7 +15,7 @@ constexpr std::string_view first_line = "# velform lock, version 1.";
 constexpr std::string_view advice =
     "# The numbers of the form's objects and texts, which velform keeps. Commit this file.\n"
     "# To give back the numbers of an object that is gone, delete its line.\n";
-constexpr std::string_view spare_key = "spare ";
+constexpr std::string_view spare_prefix = "spare ";
 constexpr std::string_view equals = " = ", up_to = " to ", text_word = ", text ", gone = ", gone";
 constexpr std::string_view merge_marks[] = {"<<<<<<<", "|||||||", "=======", ">>>>>>>"};
 constexpr std::size_t longest_shown_key = 60;
@@ -112,7 +112,7 @@ private:
         const auto first = take_number("an object", VEL_FRAME_BUTTONS + 1);
         if (!first) return false;
         auto last = first;
-        if (key.starts_with(spare_key) && take(up_to)) last = take_number("an object", *first);
+        if (key.starts_with(spare_prefix) && take(up_to)) last = take_number("an object", *first);
         if (!last) return false;
         numbers.object = *first;
         numbers.count = *last - *first + 1;
@@ -154,7 +154,7 @@ private:
 
 } // namespace
 
-std::string key_of_spare(std::string_view name) { return fmt::format("{}{}", spare_key, name); }
+std::string key_of_spare(std::string_view name) { return fmt::format("{}{}", spare_prefix, name); }
 
 Lock read_lock(std::string_view bytes, Diagnostics &diagnostics) {
     return LockReader(bytes, diagnostics).read();

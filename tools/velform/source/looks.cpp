@@ -23,7 +23,7 @@ constexpr auto none = static_cast<Colour Theme::*>(nullptr);
 
 // A line of the default font has 15 pixels at 12 points, and 17 at 14: fields leave room for both,
 // and within two pixels of an edge there is nothing, because the ring of the focus is there.
-constexpr Looks table[] = {
+constexpr Looks all_looks[] = {
     {Role::window, &Theme::window, &Theme::ink, &Theme::line, 0, 0, 0, 0, 400, 300, centred},
     {Role::caption, of_master, &Theme::ink, none, 0, 0, 0, 0, 120, 28, at_left},
     {Role::button, &Theme::button, &Theme::button_ink, &Theme::edge, 0, 0, 0, 0, 104, 30, centred},
@@ -84,8 +84,8 @@ Colour colour_in(const Theme &theme, Colour Theme::*colour) {
 Settings looks_of(const Theme &theme, Role role) {
     Settings settings;
     if (is_of_a_type(role) && !theme.dresses_types) return settings;
-    const auto found = std::ranges::find(table, role, &Looks::role);
-    if (found == std::end(table)) return settings;
+    const auto found = std::ranges::find(all_looks, role, &Looks::role);
+    if (found == std::end(all_looks)) return settings;
     const Looks &looks = *found;
     set(settings, Field::fill, colour_in(theme, looks.fill));
     set(settings, Field::text_colour, colour_in(theme, looks.ink));

@@ -13,7 +13,6 @@
 namespace velform {
 namespace {
 
-constexpr std::uint32_t number_size = 4;
 constexpr Range any_word{std::numeric_limits<std::int32_t>::min(),
                          std::numeric_limits<std::uint32_t>::max()};
 constexpr std::string_view list_name = "dep_objs";
