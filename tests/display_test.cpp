@@ -99,7 +99,8 @@ struct WholeWindow {
                                         {236U, 1U},
                                         {284U, 8U}})
             set(9, at, value);
-        const std::string said = "velumo traits 1\n8 part=10 anchor=15\n9 anchor=3\n";
+        const std::string said =
+            "velumo traits 1\n8 part=10 anchor=15\n9 anchor=3 tip=an anchor=15\n";
         text.replace(8, said.size(), said);
         data.form = reinterpret_cast<const unsigned char *>(form.data()),
         data.form_size = form.size();

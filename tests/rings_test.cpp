@@ -10,12 +10,17 @@ class Rings : public test::Form {
 protected:
     // A window, and below it objects that come back to the first of them.
     void make_ring(std::uint32_t length) {
-        for (std::uint32_t k = 8; k < 12; ++k) objects[k] = {};
+        for (std::uint32_t k = 8; k < 14; ++k) objects[k] = {};
         make_window(8, 20, 30, 200, 100);
         for (std::uint32_t k = 9; k < 9 + length; ++k) {
             vel_object &o = make(k, VEL_TYPE_LABEL, 30, 40, 100, 50);
             o.master = k == 9 ? 8 + length : k - 1;
             o.dep_objs[0] = k == 8 + length ? 9 : k + 1;
+            o.clip_mode = VEL_CLIP_FRAME;
+        }
+        for (const std::uint32_t k : {12U, 13U}) { // come into the ring from outside
+            vel_object &o = make(k, VEL_TYPE_LABEL, 30, 40, 100, 50);
+            o.master = k == 12 ? 9 : 12;
             o.clip_mode = VEL_CLIP_FRAME;
         }
         set_fill(objects[8 + length], test::blue);
@@ -29,8 +34,8 @@ protected:
         vel_draw_dep_objs(&ctx, 9);
         vel_draw_and_screenup_selected_window(&ctx);
         vel_p_cutted_w_dependent(&ctx, 9);
-        vel_p_cutted_h_dependent(&ctx, 9);
-        vel_search_master(&ctx, 9);
+        vel_p_cutted_h_dependent(&ctx, 13);
+        vel_search_master(&ctx, 13);
         vel_test_dep_objs(&ctx, 8, 60, 60);
         vel_in_object(&ctx, 9, 60, 60);
         vel_initiate_cursor_win(&ctx, 8);
