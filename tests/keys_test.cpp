@@ -48,8 +48,8 @@ TEST_F(Keys, give_what_a_german_keyboard_shows) {
 
 TEST_F(Keys, numeric_fields_print_digit_keys_only) {
     objects[8].type = VEL_TYPE_NUMBER;
-    for (const uint32_t symbol : {'0', '9'}) EXPECT_EQ(press(symbol), std::pair(symbol, 1U));
-    for (const uint32_t symbol : {'/', ':', 'a', '\b'})
+    for (const uint32_t symbol : {U'0', U'9'}) EXPECT_EQ(press(symbol), std::pair(symbol, 1U));
+    for (const uint32_t symbol : {U'/', U':', U'a', U'\b'})
         EXPECT_EQ(press(symbol), std::pair(symbol, 0U));
     EXPECT_EQ(press('1', shift), std::pair('!' + 0U, 1U));
 }

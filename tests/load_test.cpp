@@ -54,7 +54,7 @@ TEST(Load, every_field_is_read_from_its_place_and_reserved_words_are_not) {
         files.set(2, at, value);
         if (reserved.count(at) == 0) set_number(object, at, value);
     }
-    for (const std::size_t end : {95, 171, 771}) object[end] = '\0';
+    for (const std::size_t end : {95U, 171U, 771U}) object[end] = '\0';
     ASSERT_EQ(files.load(), VEL_OK);
     const auto *loaded = reinterpret_cast<const char *>(&files.ctx.objects[2]);
     std::string fields(loaded, offsetof(vel_object, font_path) + 68);

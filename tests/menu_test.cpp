@@ -118,7 +118,7 @@ TEST_F(Menus, a_menu_hangs_below_its_title_on_the_screen) {
          {Case(90, 90, 100), Case(259, 259, 5), Case(261, 260, 0), Case(-10, 0, 300),
           Case(90, 90, -200)}) {
         objects[13].x = test::u32(title);
-        for (const uint32_t k : {8, 9, 10, 11}) objects[k].x = test::u32(before);
+        for (const uint32_t k : {8U, 9U, 10U, 11U}) objects[k].x = test::u32(before);
         press_title(std::max(title + 1, 1));
         wait({let_go(220, 30), let_go(220, 160)});
         EXPECT_EQ(std::tuple(objects[8].x, objects[8].y, objects[10].x, objects[10].y),

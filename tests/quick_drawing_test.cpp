@@ -169,7 +169,7 @@ void break_texts(vel_context &ctx, Random random) {
     TTF_SetFontOutline(ctx.font, random.one_in(2) ? 3 : 0);
     ctx.umlaut_conversion = random.one_in(4);
     for (std::uint32_t k = 11; k <= 13; ++k) ctx.objects[k].type = VEL_TYPE_CHAIN;
-    for (std::uint32_t k : {9, 12, 13}) {
+    for (std::uint32_t k : {9U, 12U, 13U}) {
         ctx.objects[k].line_width = random.below(random.one_in(2) ? 50 : 1000);
         ctx.objects[k].text_index = k % last_text + 1;
     }

@@ -136,7 +136,7 @@ TEST_F(Windows, cursors_are_placed_at_the_margins_once) {
     make_field(19, 40, 80, 9, 9, 13).cursor_y = 1; // placed before
     make(20, VEL_TYPE_ENTRY, 60, 80, 9, 9, 8);     // not editable
     objects[8].editable = 1;
-    for (const uint32_t k : {8, 18, 19, 20}) {
+    for (const uint32_t k : {8U, 18U, 19U, 20U}) {
         set_margins(objects[k], 4);
         objects[k].cursor_line = 7;
     }

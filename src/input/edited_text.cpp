@@ -5,13 +5,6 @@
 #include "text/format.h"
 
 namespace velumo {
-namespace {
-
-constexpr u32 max_field_characters = 64;
-constexpr u32 max_text_characters = VEL_TEXT_SIZE - 1;
-
-} // namespace
-
 EditedText::EditedText(vel_context &ctx, Characters characters)
     : ctx_(ctx), o_(object_at(ctx, ctx.cursor_object)), characters_(characters) {
     o_.text_length = characters_.length();

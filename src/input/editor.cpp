@@ -12,8 +12,6 @@
 namespace velumo {
 namespace {
 
-constexpr u32 last_character_code = 255;
-
 // The keys: each moves the cursor or changes the text, and then settles what the object shows.
 class Editor {
 public:

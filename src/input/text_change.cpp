@@ -10,9 +10,6 @@
 namespace velumo {
 namespace {
 
-constexpr u32 max_field_characters = 64;
-constexpr u32 max_text_characters = VEL_TEXT_SIZE - 1;
-
 bool is_control(u8 character) {
     return character < 0x20 || (character >= 0x7F && character < 0xA0);
 }

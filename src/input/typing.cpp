@@ -18,7 +18,6 @@ using Reach = TextCursor::Reach;
 
 constexpr u32 shift = VEL_KEY_SHIFT;
 constexpr u32 control = VEL_KEY_CONTROL;
-constexpr u32 last_character_code = 255;
 
 class Typing {
 public:

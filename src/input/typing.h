@@ -5,6 +5,9 @@
 
 namespace velumo {
 
+// Larger key codes are no characters.
+inline constexpr u32 last_character_code = 255;
+
 // Whether typing in an object has a use for a key, with its modifiers. The others are left to the
 // window: Tab, Escape, and in a field Enter and the keys that go up and down.
 bool is_typing_key(const vel_context &ctx, u32 object, u32 key);

@@ -9,7 +9,7 @@ namespace {
 
 // Of the size, or of a small size at least, as the sizes of bitmap fonts are mere indexes. A line
 // of the largest font is then at most 16,000 pixels high.
-constexpr int highest = 4, widest = 8;
+constexpr int ems_high = 4, ems_wide = 8;
 constexpr u32 small_size = 64;
 
 // The instructions of a damaged font may run for long. A sound one takes a hundredth of it.
@@ -29,7 +29,7 @@ private:
         int before = 0;   // pixels left of its start, in the top row
     };
 
-    bool is_height(int value) const { return value >= 0 && value <= highest * em_; }
+    bool is_height(int value) const { return value >= 0 && value <= ems_high * em_; }
 
     bool has_sound_lines() const {
         return is_height(TTF_FontAscent(font_)) && TTF_FontHeight(font_) > 0 &&
@@ -61,7 +61,7 @@ private:
         shown_[static_cast<std::size_t>(glyph) & 0xFFFF] = {advance, before};
         least_advance_ = std::min(least_advance_, advance);
         most_before_ = std::max(most_before_, before);
-        const int width = widest * em_, height = highest * em_;
+        const int width = ems_wide * em_, height = ems_high * em_;
         return min_x >= -width && min_x <= max_x && max_x <= width && min_y >= -height &&
                min_y <= max_y && max_y <= height && advance >= 0 && advance <= width;
     }
@@ -127,7 +127,7 @@ private:
     const int em_;
     const Bytes file_;
     std::vector<Shown> shown_; // by glyph
-    int least_advance_ = widest * static_cast<int>(max_font_size), most_before_ = 0;
+    int least_advance_ = ems_wide * static_cast<int>(max_font_size), most_before_ = 0;
 };
 
 } // namespace

@@ -50,6 +50,10 @@ inline bool has_paragraphs(const vel_object &o) { return type_of(o).text == Text
 inline bool is_field(const vel_object &o) { return has_caption(o) && type_of(o).takes_cursor; }
 inline bool is_editable(const vel_object &o) { return o.editable == 1 && type_of(o).takes_cursor; }
 
+// Beyond these, nothing is typed into a field and a text.
+inline constexpr u32 max_field_characters = 64;
+inline constexpr u32 max_text_characters = VEL_TEXT_SIZE - 1;
+
 enum class BorderLines { none, frame, shadow };
 
 struct BorderStyle {

@@ -10,7 +10,7 @@ namespace {
 // It flashes after a key that was refused, until a loop rests or the next key comes.
 vel_colour cursor_colour(const vel_context &ctx, const vel_object &o) {
     const bool flashes = ctx.state != nullptr && ctx.state->refusal.flash_ends.count() != 0;
-    return flashes ? ctx.mark_colour : colour_of(o.text_r, o.text_g, o.text_b);
+    return flashes ? ctx.mark_colour : text_colour(o);
 }
 
 } // namespace

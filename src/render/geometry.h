@@ -13,6 +13,8 @@ struct Span {
     bool holds(i64 coordinate) const { return begin <= coordinate && coordinate < end; }
 };
 
+inline Span tighter(Span a, Span b) { return {std::max(a.begin, b.begin), std::min(a.end, b.end)}; }
+
 // What lies strictly between two numbers of 32 bits, as the interface gives limits.
 inline Span between(u32 before, u32 after) {
     return {i64{as_signed(before)} + 1, as_signed(after)};

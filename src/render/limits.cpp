@@ -25,8 +25,6 @@ Limits climbed_limits(const vel_context &ctx, u32 number) {
             nested_limits(ctx, number, root, vertical)};
 }
 
-Span tighter(Span a, Span b) { return {std::max(a.begin, b.begin), std::min(a.end, b.end)}; }
-
 } // namespace
 
 Limits dependent_limits(const vel_context &ctx, u32 number) {

@@ -40,8 +40,6 @@ Span own_limits(const vel_object &master, u32 clip_mode, const Axis &axis) {
     }
 }
 
-Span tighter(Span a, Span b) { return {std::max(a.begin, b.begin), std::min(a.end, b.end)}; }
-
 // What a master on the way sets together with its own master.
 Span limits_of_master(const vel_context &ctx, const vel_object &m, u32 clip_mode,
                       const Axis &axis) {

@@ -24,8 +24,6 @@ Size top_level_size(const vel_context &ctx, u32 number, const vel_object &object
     return {cut_size(ctx, object, horizontal), cut_size(ctx, object, vertical)};
 }
 
-vel_colour fill_colour(const vel_object &o) { return colour_of(o.fill_r, o.fill_g, o.fill_b); }
-
 Patch patch_of(const Piece &x, const Piece &y) {
     return {x.at, y.at, x.from, y.from, x.length, y.length};
 }
@@ -139,10 +137,6 @@ private:
         draw_box(ctx_, {start, top, end - start, bottom - top}, selection_colour(object_));
     }
 
-    vel_colour text_colour() const {
-        return colour_of(object_.text_r, object_.text_g, object_.text_b);
-    }
-
     bool show_dots(const ShownLine &shown, u32 left, Span rows) {
         const i64 room = shown.dot_room();
         const i64 radius = room / 3;
@@ -163,14 +157,15 @@ private:
             const Span columns{std::max(x - reach, limits_.x.begin),
                                std::min(x + reach + 1, limits_.x.end)};
             if (columns.begin >= columns.end) continue;
-            draw_box(ctx_, {columns.begin, y + row, columns.end - columns.begin, 1}, text_colour());
+            draw_box(ctx_, {columns.begin, y + row, columns.end - columns.begin, 1},
+                     text_colour(object_));
         }
     }
 
     bool show(const char *text, const Piece &x, const Piece &y) {
         if (x.cut == Piece::Cut::hidden || y.cut == Piece::Cut::hidden) return false;
         if (x.length == 0 || (y.cut == Piece::Cut::both && y.length == 0)) return false;
-        draw_text(ctx_, {font_, text, text_colour()}, patch_of(x, y));
+        draw_text(ctx_, {font_, text, text_colour(object_)}, patch_of(x, y));
         return true;
     }
 

@@ -31,9 +31,6 @@ vel_colour mixed(vel_colour a, vel_colour b, int parts_of_b) {
 
 int brightness(vel_colour c) { return (299 * c.r + 587 * c.g + 114 * c.b) / 1000; }
 
-vel_colour fill_colour(const vel_object &o) { return colour_of(o.fill_r, o.fill_g, o.fill_b); }
-vel_colour text_colour(const vel_object &o) { return colour_of(o.text_r, o.text_g, o.text_b); }
-
 // What is mixed into a body, and how much of it.
 struct Tint {
     vel_colour colour;

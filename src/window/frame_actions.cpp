@@ -64,11 +64,11 @@ void move_to(vel_context &ctx, u32 x, u32 y) {
     follow_move(ctx, ctx.active_window, by);
 }
 
-struct Steps {
+struct KeySteps {
     i64 x, y;
 };
 
-Steps steps_of(const SDL_keysym &key) {
+KeySteps steps_of(const SDL_keysym &key) {
     const i64 step = (key.mod & KMOD_SHIFT) != 0 ? small_key_step : key_step;
     switch (key.sym) {
     case SDLK_LEFT:
@@ -90,7 +90,7 @@ u32 place_after(const vel_context &ctx, const vel_object &o, i64 step, const Axi
 
 void move_by_key(vel_context &ctx, const SDL_keysym &key) {
     const vel_object &o = object_at(ctx, ctx.active_window);
-    const Steps steps = steps_of(key);
+    const KeySteps steps = steps_of(key);
     if (steps.x == 0 && steps.y == 0) return;
     show_moved(ctx, place_after(ctx, o, steps.x, horizontal),
                place_after(ctx, o, steps.y, vertical));

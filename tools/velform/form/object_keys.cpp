@@ -19,7 +19,7 @@ constexpr std::string_view role_names[] = {
     "tab",   "page",   "drop_down",  "drop_down_list"};
 static_assert(std::size(role_names) == static_cast<std::size_t>(Role::drop_down_list) + 1);
 
-std::string_view kind_of(const FormObject &object) {
+std::string_view kind_in_key(const FormObject &object) {
     const std::string_view role = role_names[static_cast<std::size_t>(object.source->role)];
     return role.empty() ? type_name(object.type()) : role;
 }
@@ -39,7 +39,7 @@ std::string ObjectKeys::called_after(const FormObject &object) {
     const auto owner = owners_.find(object.source->alias);
     std::string around = object.master == 0 ? "" : keys_[object.master - 1];
     if (!object.source->alias.empty() && owner != owners_.end()) around = owner->second;
-    const std::string like = fmt::format("{}/{}", around, kind_of(object));
+    const std::string like = fmt::format("{}/{}", around, kind_in_key(object));
     return fmt::format("{}.{}", like, ++likes_[like]);
 }
 

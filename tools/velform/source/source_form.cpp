@@ -33,8 +33,8 @@ SourceForm::SourceForm(std::string path, const std::string &bytes, bool makes_lo
 
 void SourceForm::read_lock_file(bool makes_lock) {
     const std::string path = lock_path_of(path_);
-    std::error_code none;
-    const bool is_there = !path.empty() && std::filesystem::exists(path, none);
+    std::error_code ignored;
+    const bool is_there = !path.empty() && std::filesystem::exists(path, ignored);
     if (!is_there && !makes_lock) return;
     lock_path_ = path;
     if (!is_there) return;
