@@ -1,8 +1,7 @@
 // Loads, formats, draws and closes a small form with every value of every byte, cut at every byte,
 // and with every pair of boundary values in two fields of a record.
-// usage: exhaust [RECORD [STEP]]    a record of the form alone, from 0, and every so many values;
-// by
-//                                   default everything
+// usage: exhaust [RECORD [STEP]]
+//        a record of the form alone, from 0, and one of so many values; by default everything
 #include <algorithm>
 #include <csignal>
 #include <cstdio>

@@ -5,6 +5,7 @@
 #include "text/format.h"
 
 namespace velumo {
+
 EditedText::EditedText(vel_context &ctx, Characters characters)
     : ctx_(ctx), o_(object_at(ctx, ctx.cursor_object)), characters_(characters) {
     o_.text_length = characters_.length();

@@ -162,13 +162,16 @@ Extent FontTable::joined(const Extent &line, const Extent &word, char first) {
 }
 
 void FontTable::learn_glyph(u8 character) {
+    int &width = between_separators_[character];
+    if (width != 0) return;
+    width = width_between_separators({character});
     const FontLook::Metrics m = metrics_of(look_.font, character);
     glyphs_[character] = {m.min_x, std::max(m.advance, m.max_x), m.advance};
 }
 
 int FontTable::measured_kerning(u8 before, u8 character) {
-    return width_between_separators({before, character}) - width_between_separators({before}) -
-           width_between_separators({character}) + separators_width_;
+    return width_between_separators({before, character}) - between_separators_[before] -
+           between_separators_[character] + separators_width_;
 }
 
 int FontTable::width_between_separators(std::initializer_list<u8> characters) const {

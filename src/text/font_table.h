@@ -87,6 +87,7 @@ private:
     int separators_ = 0, separators_width_ = 0;
     bool is_exact_ = true;
     std::array<Glyph, 256> glyphs_{};
+    std::array<int, 256> between_separators_{}; // widths of what is known
     std::array<std::unique_ptr<KerningRow>, 256> kerning_{};
     char grown_[VEL_LINE_SIZE] = {}; // the line of the last call, with what fitted
     u32 grown_length_ = 0;
