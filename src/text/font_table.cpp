@@ -81,12 +81,16 @@ void FontTable::keep_grown(std::string_view added, const Extent &line) {
 }
 
 Fitting FontTable::fitting_words(const char *line, std::string_view text, u32 line_width) {
+    // Without a word for this line, nothing need be measured.
+    const auto is_end = [](char character) { return character == ' ' || character == '\n'; };
+    const auto first_end = std::find_if(text.begin(), text.end(), is_end);
+    if (first_end == text.end() || *first_end == '\n') return {};
     u32 width = growing_width(line);
     Extent extent = grown_line_;
     Fitting fitting;
     for (u32 begin = 0, end = 0; end < text.size(); begin = ++end) {
         Extent word = nothing;
-        while (end < text.size() && text[end] != ' ' && text[end] != '\n') {
+        while (end < text.size() && !is_end(text[end])) {
             extend(word, text[end++]);
         }
         if (end == text.size() || text[end] == '\n' || end - begin > longest_word) break;
