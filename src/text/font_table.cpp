@@ -27,6 +27,13 @@ std::size_t hash_of(const char *name) {
     return std::hash<std::string_view>()(name == nullptr ? "" : name);
 }
 
+// The words at the front of a text that have a blank behind them, and their blanks.
+std::string_view ended_words(std::string_view text) {
+    const std::string_view line = text.substr(0, text.find('\n'));
+    const auto *blank = static_cast<const char *>(memrchr(line.data(), ' ', line.size()));
+    return blank == nullptr ? std::string_view() : line.substr(0, blank + 1 - line.data());
+}
+
 } // namespace
 
 FontLook::FontLook(TTF_Font *f)
@@ -81,24 +88,21 @@ void FontTable::keep_grown(std::string_view added, const Extent &line) {
 }
 
 Fitting FontTable::fitting_words(const char *line, std::string_view text, u32 line_width) {
-    // Without a word for this line, nothing need be measured.
-    const auto is_end = [](char character) { return character == ' ' || character == '\n'; };
-    const auto first_end = std::find_if(text.begin(), text.end(), is_end);
-    if (first_end == text.end() || *first_end == '\n') return {};
+    const std::string_view words = ended_words(text);
+    // Without one for this line, nothing need be measured.
+    if (words.empty()) return {};
     u32 width = growing_width(line);
     Extent extent = grown_line_;
     Fitting fitting;
-    for (u32 begin = 0, end = 0; end < text.size(); begin = ++end) {
+    for (u32 begin = 0, end = 0; end < words.size(); begin = ++end) {
         Extent word = nothing;
-        while (end < text.size() && !is_end(text[end])) {
-            extend(word, text[end++]);
-        }
-        if (end == text.size() || text[end] == '\n' || end - begin > longest_word) break;
+        while (words[end] != ' ') extend(word, words[end++]);
+        if (end - begin > longest_word) break;
         Extent longer = extent;
         if (end != begin) {
             fitting.next_is_too_wide = !fits_behind(width, width_of(word), line_width);
             if (fitting.next_is_too_wide) break;
-            longer = joined(extent, word, text[begin]);
+            longer = joined(extent, word, words[begin]);
         }
         extend(longer, ' ');
         width = width_of(longer);
@@ -131,46 +135,79 @@ Fitting FontTable::fitting_characters(const char *line, std::string_view text, u
 // Every character of every line passes here, so that what is unknown is learnt elsewhere.
 inline void FontTable::extend(Extent &extent, char added) {
     const u8 character = static_cast<u8>(added);
-    const int start = extent.x + kerning(extent.last, character);
+    extent.x += step(extent.last, character);
     const Glyph &glyph = glyphs_[character];
-    extent.min_x = std::min(extent.min_x, start + glyph.min_x);
-    extent.max_x = std::max(extent.max_x, start + glyph.reach);
-    extent.x = start + glyph.advance;
+    extent.min_x = std::min(extent.min_x, extent.x + glyph.begin);
+    extent.max_x = std::max(extent.max_x, extent.x + glyph.end);
     extent.last = character;
 }
 
-Extent FontTable::extended(Extent extent, std::string_view characters) {
-    for (const char character : characters) extend(extent, character);
-    return extent;
+Extent FontTable::extended(const Extent &extent, std::string_view characters) {
+    Extent longer = extent;
+    if (extend_by_known(longer, characters)) return longer;
+    longer = extent;
+    for (const char character : characters) extend(longer, character);
+    return longer;
+}
+
+// False where a step is not known, or may go back. As none does, only the first characters can
+// begin before the line, and only the last can end behind it.
+inline bool FontTable::extend_by_known(Extent &extent, std::string_view characters) {
+    const auto end = characters.end();
+    auto next = characters.begin();
+    while (next != end && extent.x + first_begin_ < extent.min_x) extend(extent, *next++);
+    if (steps_back_) return false;
+    const u8 first = extent.last;
+    for (auto at = next; at != end; ++at) {
+        const u8 character = static_cast<u8>(*at);
+        const int step = known_step(extent.last, character);
+        if (step == unknown_step) return false;
+        extent.x += step;
+        extent.last = character;
+    }
+    int x = extent.x;
+    for (auto at = end; at != next && x + last_end_ > extent.max_x;) {
+        const u8 character = static_cast<u8>(*--at);
+        extent.max_x = std::max(extent.max_x, x + glyphs_[character].end);
+        x -= known_step(at == next ? first : static_cast<u8>(at[-1]), character);
+    }
+    return true;
 }
 
 // A line with a word behind it that begins with the character first.
-Extent FontTable::joined(const Extent &line, const Extent &word, char first) {
-    const int start = line.x + kerning(line.last, static_cast<u8>(first));
+inline Extent FontTable::joined(const Extent &line, const Extent &word, char first) {
+    const u8 character = static_cast<u8>(first);
+    const int start = line.x + step(line.last, character) - step('\0', character);
     return {start + word.x, std::min(line.min_x, start + word.min_x),
             std::max(line.max_x, start + word.max_x), word.last};
 }
 
-// Returns the kerning of a character after another, or after NUL at the start of a line.
-[[gnu::noinline]] int FontTable::learn_pair(u8 before, u8 character) {
-    std::unique_ptr<KerningRow> &row = kerning_[before];
+// After NUL, the start of a line, a step is the advance of the character alone.
+[[gnu::noinline]] int FontTable::learn_step(u8 before, u8 character) {
+    std::unique_ptr<Steps> &row = steps_[before];
     if (row == nullptr) {
-        row = std::make_unique<KerningRow>();
-        row->fill(unknown_kerning);
+        row = std::make_unique<Steps>();
+        row->fill(unknown_step);
     }
-    learn_glyph(character);
-    const int kerning = kerns_ && before != 0 ? measured_kerning(before, character) : 0;
-    if (before != 0) check_pair(before, character, kerning);
-    (*row)[character] = static_cast<std::int16_t>(kerning);
-    return kerning;
+    int step = before == '\0' ? learn_glyph(character) : this->step('\0', character);
+    if (before != '\0' && kerns_) step += measured_kerning(before, character);
+    const bool is_small = step > unknown_step && step < -unknown_step;
+    if (!is_small) step = 0;
+    (*row)[character] = static_cast<std::int16_t>(step);
+    if (step < 0) steps_back_ = true;
+    if (!is_small || !explains_pair(before, character)) is_exact_ = false;
+    return step;
 }
 
-void FontTable::learn_glyph(u8 character) {
-    int &width = between_separators_[character];
-    if (width != 0) return;
-    width = width_between_separators({character});
+// Returns its advance.
+int FontTable::learn_glyph(u8 character) {
     const FontLook::Metrics m = metrics_of(look_.font, character);
-    glyphs_[character] = {m.min_x, std::max(m.advance, m.max_x), m.advance};
+    const Glyph glyph{m.min_x - m.advance, std::max(m.max_x - m.advance, 0)};
+    glyphs_[character] = glyph;
+    first_begin_ = std::min(first_begin_, glyph.begin);
+    last_end_ = std::max(last_end_, glyph.end);
+    between_separators_[character] = width_between_separators({character});
+    return m.advance;
 }
 
 int FontTable::measured_kerning(u8 before, u8 character) {
@@ -188,16 +225,10 @@ int FontTable::width_between_separators(std::initializer_list<u8> characters) co
     return width;
 }
 
-// A pair that the rule does not explain shows that it is not the font's. Both glyphs are known.
-void FontTable::check_pair(u8 before, u8 character, int kerning) {
-    const Glyph &a = glyphs_[before], &b = glyphs_[character];
-    const int start = a.advance + kerning;
-    const int min_x = std::min({0, a.min_x, start + b.min_x});
-    const int max_x = std::max({0, a.reach, start + b.reach});
+// A pair that the rule does not explain shows that it is not the font's.
+bool FontTable::explains_pair(u8 before, u8 character) {
     const char pair[] = {static_cast<char>(before), static_cast<char>(character), '\0'};
-    const bool is_small = kerning > unknown_kerning && kerning < -unknown_kerning;
-    const u32 expected = width_of({0, min_x, max_x, 0});
-    if (!is_small || expected != width_asked_of(look_.font, pair)) is_exact_ = false;
+    return before == '\0' || width_of(extended({}, pair)) == width_asked_of(look_.font, pair);
 }
 
 } // namespace velumo

@@ -54,41 +54,47 @@ public:
     Fitting fitting_characters(const char *line, std::string_view text, u32 line_width);
 
 private:
+    // Where its pixels begin and end, counted from where the next character starts.
     struct Glyph {
-        int min_x = 0;
-        int reach = 0; // the larger of the advance and the last pixel
-        int advance = 0;
+        int begin = 0, end = 0;
     };
-    using KerningRow = std::array<std::int16_t, 256>;
-    static constexpr std::int16_t unknown_kerning = -0x8000;
+    using Steps = std::array<std::int16_t, 256>;
+    static constexpr std::int16_t unknown_step = -0x8000;
 
-    int kerning(u8 before, u8 character) {
-        const KerningRow *row = kerning_[before].get();
-        const int known = row == nullptr ? unknown_kerning : (*row)[character];
-        return known != unknown_kerning ? known : learn_pair(before, character);
+    // From the start of what follows one character to the start of what follows the next.
+    int step(u8 before, u8 character) {
+        const int known = known_step(before, character);
+        return known != unknown_step ? known : learn_step(before, character);
     }
-    int learn_pair(u8 before, u8 character);
-    void learn_glyph(u8 character);
+    int known_step(u8 before, u8 character) const {
+        const Steps *row = steps_[before].get();
+        return row == nullptr ? unknown_step : (*row)[character];
+    }
+    int learn_step(u8 before, u8 character);
+    int learn_glyph(u8 character);
     int measured_kerning(u8 before, u8 character);
     int width_between_separators(std::initializer_list<u8> characters) const;
     void extend(Extent &extent, char character);
-    Extent extended(Extent extent, std::string_view characters);
+    Extent extended(const Extent &extent, std::string_view characters);
+    bool extend_by_known(Extent &extent, std::string_view characters);
     Extent joined(const Extent &line, const Extent &word, char first);
     u32 width_of(const Extent &extent) const {
         const int pixels = std::max(extent.max_x, 0) - std::min(extent.min_x, 0);
         return static_cast<u32>(pixels + 2 * outline_);
     }
     void keep_grown(std::string_view added, const Extent &line);
-    void check_pair(u8 before, u8 character, int kerning);
+    bool explains_pair(u8 before, u8 character);
 
     const FontLook look_;
     const int outline_;
     bool kerns_;
     int separators_ = 0, separators_width_ = 0;
     bool is_exact_ = true;
+    bool steps_back_ = false; // somewhere
     std::array<Glyph, 256> glyphs_{};
+    int first_begin_ = 0, last_end_ = 0;        // of all
     std::array<int, 256> between_separators_{}; // widths of what is known
-    std::array<std::unique_ptr<KerningRow>, 256> kerning_{};
+    std::array<std::unique_ptr<Steps>, 256> steps_{};
     char grown_[VEL_LINE_SIZE] = {}; // the line of the last call, with what fitted
     u32 grown_length_ = 0;
     Extent grown_line_;

@@ -93,10 +93,9 @@ private:
     // The characters at the front that go into the word one after the other, without any of them
     // placing it.
     u32 start_of_word(std::string_view text) const {
-        const u32 end = static_cast<u32>(std::min<std::size_t>(text.size(), word_.room()));
-        u32 count = 0;
-        while (count < end && text[count] != ' ' && text[count] != '\n') ++count;
-        return count;
+        const std::string_view front = text.substr(0, word_.room());
+        const std::string_view line = front.substr(0, front.find('\n'));
+        return static_cast<u32>(std::min(line.find(' '), line.size()));
     }
 
     void append_to_word(std::string_view characters) {

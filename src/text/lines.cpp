@@ -46,8 +46,10 @@ u32 buffer_of(const vel_context &ctx, const vel_object &object) {
 
 const char *line_of(const vel_context &ctx, u32 text, u32 line) {
     const Block block = block_from(ctx, text, line, 0);
+    if (block.size == 0) return "";
     // A program may have filled the buffers with what has no end.
-    const bool has_end = block.size != 0 && std::memchr(block.start, '\0', block.size) != nullptr;
+    const bool has_end = block.start[block.size - 1] == '\0' ||
+                         std::memchr(block.start, '\0', block.size) != nullptr;
     return has_end ? block.start : "";
 }
 
