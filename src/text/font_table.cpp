@@ -31,7 +31,7 @@ std::size_t hash_of(const char *name) {
 std::string_view ended_words(std::string_view text) {
     const std::string_view line = text.substr(0, text.find('\n'));
     const auto *blank = static_cast<const char *>(memrchr(line.data(), ' ', line.size()));
-    return blank == nullptr ? std::string_view() : line.substr(0, blank + 1 - line.data());
+    return blank == nullptr ? std::string_view() : std::string_view(line.data(), blank + 1);
 }
 
 } // namespace
