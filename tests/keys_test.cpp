@@ -44,6 +44,14 @@ TEST_F(Keys, give_what_a_german_keyboard_shows) {
               Held(shift | alt, alone), Held(shift | KMOD_CAPS, alone)})
             EXPECT_EQ(press(symbol, modifiers), std::pair(code, printable)) << modifiers;
     }
+    // Each alone, with Shift and with Alt.
+    for (const std::string_view key :
+         {"   ", "\xFC\xDC\xFC", "\xE4\xC4\xE4", "1!1", "2\"2", "4$4", "5%5", "6&6", "7/{", "8([",
+          "9)]", "0=}", "+*~", "#'#", ",;,", ".:.", "-_-"}) {
+        const auto code = [key](std::size_t k) { return static_cast<uint8_t>(key[k]); };
+        for (const auto &[modifiers, k] : {std::pair(plain, 0U), {shift, 1U}, {alt, 2U}})
+            EXPECT_EQ(press(code(0), modifiers), std::pair(uint32_t{code(k)}, 1U)) << key;
+    }
 }
 
 TEST_F(Keys, numeric_fields_print_digit_keys_only) {

@@ -450,6 +450,28 @@ TEST(Assets, pictures_that_sdl_image_takes_and_cannot_hold_are_refused) {
     }
 }
 
+// A header of twelve bytes, and runs of pixels, which end with 0001 or read on behind the file.
+TEST(Assets, pictures_of_runs_have_an_end_and_those_of_old_headers_their_sides) {
+    Files files(1);
+    files.load();
+    const auto of_runs = [](const char *hex) {
+        const std::string picture = bmp_of(8, 1, 2, std::string(8, 'c'));
+        return picture.substr(0, picture.size() - 8) + bytes_of(hex);
+    };
+    const std::string old = "BM" + bytes_of("0000000000000000200000000c000000020001000100010000"
+                                            "0000ffffff40");
+    const std::tuple<const char *, std::string, uint32_t> cases[] = {
+        {"a run and the end", of_runs("02010001"), 9},
+        {"runs alone", of_runs("0201020102010201"), 4},
+        {"an end within pixels", of_runs("000300010000"), 4},
+        {"an end within a jump", of_runs("00020001"), 4},
+        {"an old header", old, 9},
+        {"its pixel is missing", old.substr(0, 32), 4}};
+    for (const auto &[name, picture, type] : cases) {
+        EXPECT_EQ(type_loaded(files, "p", picture), type) << name;
+    }
+}
+
 // Of one bit a pixel. SDL counts the bytes of a row, of up to four a pixel, in 16 bits.
 TEST(Assets, pictures_that_are_too_wide_or_high_for_sdl_are_refused) {
     Files files(1);

@@ -171,7 +171,8 @@ TEST_F(States, the_wheel_scrolls_what_is_under_the_pointer) {
     turn(true, 3, 40, 110);
     EXPECT_EQ(std::tuple(text.y, scroll(objects[8])), std::tuple(100U, 0));
     text.height = 95; // ends 15 pixels below the window
-    turn(true, 1, 100, 150);
+    make(17, VEL_TYPE_LABEL, 35, 145, 20, 20, 14);
+    turn(true, 1, 40, 150); // through both of its masters
     EXPECT_EQ(std::tuple(text.y, text.cursor_y, scroll(objects[8])), std::tuple(90U, 90U, -10));
     turn(false, 1, 100, 150), turn(true, 5, 100, 150);
     SDL_SetModState(KMOD_LSHIFT);
