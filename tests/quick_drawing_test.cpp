@@ -313,7 +313,22 @@ TEST_F(QuickForm, many_fonts_in_one_picture_are_each_their_own) {
 
 // --- Widths
 
-TEST(QuickDrawing, strings_are_as_wide_as_the_font_says) {
+// How much of the front of a text fits a line, word by word, each with its blank.
+std::size_t fitting(TTF_Font *font, const std::string &text, int line_width) {
+    const auto wide = [font](const std::string &s) {
+        return static_cast<int>(velumo::width_asked_of(font, s.c_str()));
+    };
+    std::string line;
+    for (std::size_t end = 0; (end = text.find(' ', line.size())) != std::string::npos;) {
+        const std::string word = text.substr(line.size(), end - line.size());
+        if (!word.empty() && wide(word) > line_width - wide(line)) break;
+        if (wide(line + word + ' ') > line_width) break;
+        line += word + ' ';
+    }
+    return line.size();
+}
+
+TEST(QuickDrawing, strings_are_as_wide_and_fit_as_the_font_says) {
     struct {
         const char *font;
         int size, style, outline;
@@ -336,6 +351,16 @@ TEST(QuickDrawing, strings_are_as_wide_as_the_font_says) {
             const std::string longer = text + "Ta";
             ASSERT_EQ(table.growing_width(text.c_str()), table.width(text.c_str()));
             ASSERT_EQ(table.growing_width(longer.c_str()), table.width(longer.c_str()));
+            if (k % 10 != 0) continue;
+            for (char &character : text) {
+                if (character == '\n' || random.one_in(5)) character = ' ';
+            }
+            // As wide as some of the text, and a little more or less.
+            const std::string some = text.substr(0, random.below(30));
+            const std::uint32_t line_width = table.width(some.c_str()) + random.below(3);
+            ASSERT_EQ(table.fitting_words("", text, line_width).characters,
+                      fitting(font, text, static_cast<int>(line_width)))
+                << c.font << " " << k;
         }
         EXPECT_TRUE(table.is_exact()) << c.font;
         TTF_CloseFont(font);

@@ -92,9 +92,13 @@ Fitting FontTable::fitting_words(const char *line, std::string_view text, u32 li
     // Without one for this line, nothing need be measured.
     if (words.empty()) return {};
     u32 width = growing_width(line);
+    Fitting fitting{sure_words(grown_line_, words, line_width)};
     Extent extent = grown_line_;
-    Fitting fitting;
-    for (u32 begin = 0, end = 0; end < words.size(); begin = ++end) {
+    if (fitting.characters != 0) {
+        extent = extended(extent, words.substr(0, fitting.characters));
+        width = width_of(extent);
+    }
+    for (u32 begin = fitting.characters, end = begin; end < words.size(); begin = ++end) {
         Extent word = nothing;
         while (words[end] != ' ') extend(word, words[end++]);
         if (end - begin > longest_word) break;
@@ -113,6 +117,28 @@ Fitting FontTable::fitting_words(const char *line, std::string_view text, u32 li
     if (!is_exact_) return {};
     keep_grown(text.substr(0, fitting.characters), extent);
     return fitting;
+}
+
+// How many characters of the words at the front surely fit, by their steps alone.
+u32 FontTable::sure_words(const Extent &line, std::string_view words, u32 line_width) const {
+    // A line and a word on its own both have pixels beside their steps, and a word that kerns with
+    // the line is longer on its own.
+    const int beside = 2 * (last_end_ - first_begin_ + 2 * outline_) + widest_;
+    const i64 last_x = i64{as_signed(line_width)} - beside;
+    u32 sure = 0;
+    int x = line.x;
+    u8 last = line.last;
+    for (u32 k = 0; k < words.size() && !steps_back_; ++k) {
+        const u8 character = static_cast<u8>(words[k]);
+        const int step = known_step(last, character);
+        if (step == unknown_step) break;
+        x += step;
+        last = character;
+        if (character != ' ') continue;
+        if (x > last_x || k - sure > longest_word) break;
+        sure = k + 1;
+    }
+    return sure;
 }
 
 Fitting FontTable::fitting_characters(const char *line, std::string_view text, u32 line_width) {
@@ -206,6 +232,7 @@ int FontTable::learn_glyph(u8 character) {
     glyphs_[character] = glyph;
     first_begin_ = std::min(first_begin_, glyph.begin);
     last_end_ = std::max(last_end_, glyph.end);
+    widest_ = std::max(widest_, m.advance);
     between_separators_[character] = width_between_separators({character});
     return m.advance;
 }

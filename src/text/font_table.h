@@ -82,6 +82,7 @@ private:
         const int pixels = std::max(extent.max_x, 0) - std::min(extent.min_x, 0);
         return static_cast<u32>(pixels + 2 * outline_);
     }
+    u32 sure_words(const Extent &line, std::string_view words, u32 line_width) const;
     void keep_grown(std::string_view added, const Extent &line);
     bool explains_pair(u8 before, u8 character);
 
@@ -92,8 +93,8 @@ private:
     bool is_exact_ = true;
     bool steps_back_ = false; // somewhere
     std::array<Glyph, 256> glyphs_{};
-    int first_begin_ = 0, last_end_ = 0;        // of all
-    std::array<int, 256> between_separators_{}; // widths of what is known
+    int first_begin_ = 0, last_end_ = 0, widest_ = 0; // of all
+    std::array<int, 256> between_separators_{};       // widths of what is known
     std::array<std::unique_ptr<Steps>, 256> steps_{};
     char grown_[VEL_LINE_SIZE] = {}; // the line of the last call, with what fitted
     u32 grown_length_ = 0;
