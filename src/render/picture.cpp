@@ -11,8 +11,9 @@ namespace {
 constexpr std::size_t default_cache_size = std::size_t{4} << 20; // bytes
 // A longer picture is painted in pieces, so that its operations do not fill the memory.
 constexpr std::size_t max_ops = 8192;
-// No form paints so much; one that is made for it must not take minutes.
-constexpr u32 most_ops = 1U << 21;
+// The lines of a text and what is around them, for each object that a file has room for. One that
+// is made to paint more must not take minutes.
+constexpr u32 most_ops = VEL_MAX_RECORDS * (VEL_TEXT_LINES + 24);
 constexpr int max_side = 32767; // of a surface, so that parts of boxes fit SDL_Rect
 
 // As the screen may with a picture that it is a part of. What SDL keeps encoded has no pixels.
