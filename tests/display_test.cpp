@@ -221,6 +221,8 @@ TEST_F(Resizing, the_form_follows_the_size_of_the_display) {
     make(12, VEL_TYPE_LABEL, 280, 160, 30, 30);
     make(13, VEL_TYPE_LABEL, 2, 2, 30, 30);
     anchor(12, 10);
+    make_window(14, 250, 40, 60, 40);
+    anchor(14, 2);
     EXPECT_EQ(vel_resize(&ctx, 0, 90), VEL_ERROR_ARGUMENT);
     ASSERT_EQ(vel_resize(&ctx, 100, 50), VEL_OK);
     EXPECT_EQ(std::tuple(ctx.screen->w, ctx.screen->h, ctx.screen_rect.w, ctx.screen_rect.h),
@@ -228,8 +230,8 @@ TEST_F(Resizing, the_form_follows_the_size_of_the_display) {
     // The window stays where 20 pixels of it can be seen, but below its frame buttons.
     EXPECT_EQ(std::tuple(rect_of(objects[8]), rect_of(objects[9])),
               std::tuple("40,30 160x110", "50,50 30x20"));
-    EXPECT_EQ(std::tuple(rect_of(objects[12]), rect_of(objects[13])),
-              std::tuple("60,10 30x30", "2,2 30x30"));
+    EXPECT_EQ(std::tuple(rect_of(objects[12]), rect_of(objects[13]), rect_of(objects[14])),
+              std::tuple("60,10 30x30", "2,2 30x30", "30,30 60x40"));
     EXPECT_EQ(objects[1].y, objects[8].y - 24);
     EXPECT_EQ(test::pixel_of(ctx.screen, 0, 49), ctx.background_colour);
 }

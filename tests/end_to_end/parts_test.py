@@ -1,7 +1,5 @@
 """Each part, used with the pointer and then with the keyboard alone."""
 
-import time
-
 from session import Session, arguments
 
 
@@ -10,6 +8,14 @@ class Parts(Session):
         """Waits for the parts to say so; what is not named is as it was."""
         self.state.update(wanted)
         self.expect(" ".join(f"{name} {value}" for name, value in self.state.items()))
+
+    def cover(self, place, action, back):
+        """Does what changes a pixel, and then what changes it back."""
+        bare = self.display.pixel(*place)
+        action()
+        self.wait(lambda: self.display.pixel(*place) != bare, f"{place} stays as it is")
+        back()
+        self.wait(lambda: self.display.pixel(*place) == bare, f"{place} is not as it was")
 
     def drag(self, start, end):
         self.point(*start, "mousedown")
@@ -25,15 +31,15 @@ def use_pointer(parts):
         parts.click(name)
         parts.says(radio=radio)
 
-    parts.step("The tip of the check box shows after a rest, and goes.")
-    parts.point(*parts.centre("check"))
-    parts.see_change(lambda: time.sleep(0.7))
-    parts.see_change(lambda: parts.point(*parts.centre("slider")))
+    parts.step("The tip of the check box shows below the pointer after a rest, and goes.")
+    x, y = parts.centre("check")
+    parts.cover((x + 110, y + 21), lambda: parts.point(x, y),
+                lambda: parts.point(*parts.centre("slider")))  # fmt: skip
 
     parts.step("A choice opens; its second row is right below the first.")
-    parts.see_change(lambda: parts.click("size"))
     x, y, _, height = parts.rect("size")
-    parts.click_at(x + 30, y + height + 3 + 22 + 11)
+    parts.cover((x + 100, y + height + 10), lambda: parts.click("size"),
+                lambda: parts.click_at(x + 30, y + height + 3 + 22 + 11))  # fmt: skip
     parts.says(choice=1)
 
     parts.step("A slider is dragged to its end.")
@@ -47,14 +53,14 @@ def use_pointer(parts):
         parts.says(list=row)
     x, y, width, height = parts.rect("list")
     parts.click_at(x + 60, y + 12, "sorted 0 0")
-    parts.see_change(lambda: parts.click_at(x + 60, y + 12, "sorted 0 1"))
-    parts.see_change(lambda: parts.drag((x + width - 8, y + 8), (x + width - 8, y + height + 9)))
+    parts.see_change(lambda: parts.click_at(x + 60, y + 12, "sorted 0 1"), "list")
+    parts.drag((x + width - 8, y + 8), (x + width - 8, y + height + 9))
     parts.click_at(*parts.row("list", 0))
     parts.says(list=993)  # seven rows are in sight
 
     parts.step("A text is scrolled by its bar, a tab shows its page.")
     x, y, width, height = parts.rect("bar")
-    parts.see_change(lambda: parts.drag((x + 7, y + 8), (x + 7, y + height)))
+    parts.see_change(lambda: parts.drag((x + 7, y + 8), (x + 7, y + height)), "note")
     x, y, _, _ = parts.rect("tabs")
     parts.click_at(x + 100, y + 14)
     parts.says(page=1)

@@ -57,7 +57,11 @@ class Display:
         return pixels
 
     def pixel(self, x, y):
-        return self.shown(top=0)[4 * (y * WIDTH + x):][:3]
+        return self.part(x, y, 1, 1)[:3]
+
+    def part(self, x, y, width, height):
+        screen = self.shown(top=0)
+        return b"".join(screen[4 * (row * WIDTH + x):][:4 * width] for row in range(y, y + height))
 
     def close(self):
         self._server.terminate()
@@ -213,11 +217,14 @@ class Session:
                 raise AssertionError(fault)
             time.sleep(0.005)
 
-    def see_change(self, action):
-        """Does something and waits until the screen is no longer as it was."""
-        before = self.display.shown()
+    def see_change(self, action, name=None):
+        """Does something and waits until the screen, or an object, no longer looks as it did."""
+        def looks():
+            return self.display.part(*self.rect(name)) if name else self.display.shown()
+
+        before = looks()
         action()
-        self.wait(lambda: self.display.shown() != before, "the screen stays as it is")
+        self.wait(lambda: looks() != before, f"{name or 'the screen'} stays as it is")
 
     def expect(self, *wanted):
         """Waits for lines of the program, in this order; there may be others between them."""
