@@ -355,7 +355,7 @@ TEST(QuickDrawing, strings_are_as_wide_and_fit_as_the_font_says) {
             for (char &character : text) {
                 if (character == '\n' || random.one_in(5)) character = ' ';
             }
-            // As wide as some of the text, and a little more or less.
+            // As wide as some of the text, or a little wider.
             const std::string some = text.substr(0, random.below(30));
             const std::uint32_t line_width = table.width(some.c_str()) + random.below(3);
             ASSERT_EQ(table.fitting_words("", text, line_width).characters,

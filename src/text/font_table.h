@@ -54,7 +54,8 @@ public:
     Fitting fitting_characters(const char *line, std::string_view text, u32 line_width);
 
 private:
-    // Where its pixels begin and end, counted from where the next character starts.
+    // Where its pixels begin, and how far they reach beyond where the next character starts, from
+    // which both are counted.
     struct Glyph {
         int begin = 0, end = 0;
     };
