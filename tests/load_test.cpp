@@ -366,6 +366,36 @@ TEST(Assets, other_pictures_are_loaded_unless_they_are_excluded) {
     EXPECT_EQ(type_loaded(files, "p", jpeg), 9U);
 }
 
+// One picture of two colours, which is decoded once.
+TEST(Assets, objects_of_one_picture_each_have_their_own_pixels) {
+    Files files(2);
+    const std::string path = files.folder.write("p.png", png);
+    for (const uint32_t number : {1U, 2U}) set_assets(files, number, path);
+    files.load();
+    const SDL_Surface &a = *files.ctx.objects[1].image, &b = *files.ctx.objects[2].image;
+    const SDL_PixelFormat &f = *a.format, &g = *b.format;
+    EXPECT_EQ(std::tuple(a.flags, a.pitch, f.BitsPerPixel, f.colorkey, f.alpha),
+              std::tuple(b.flags, b.pitch, g.BitsPerPixel, g.colorkey, g.alpha));
+    EXPECT_EQ(std::memcmp(f.palette->colors, g.palette->colors, 2 * sizeof(SDL_Color)), 0);
+    EXPECT_EQ(std::memcmp(a.pixels, b.pixels, 3), 0);
+    static_cast<Uint8 *>(a.pixels)[0] ^= 1;
+    EXPECT_NE(std::memcmp(a.pixels, b.pixels, 3), 0);
+}
+
+// Four files of 64 MiB that hold nothing leave no room for a fifth.
+TEST(Assets, what_one_call_reads_has_an_end) {
+    Files files(5);
+    for (const uint32_t number : {1U, 2U, 3U, 4U}) {
+        const std::string path = files.folder.write(std::to_string(number), png);
+        std::filesystem::resize_file(path, std::size_t{1} << 26);
+        set_assets(files, number, path);
+    }
+    set_assets(files, 5, files.folder.write("p", png));
+    files.load();
+    EXPECT_EQ(files.ctx.objects[5].type, 4U);
+    EXPECT_EQ(vel_load_object_images(&files.ctx, 2), 1);
+}
+
 vel_form_file file_of(const char *path, const std::string &bytes) {
     return {path, reinterpret_cast<const unsigned char *>(bytes.data()), bytes.size()};
 }

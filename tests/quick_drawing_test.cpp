@@ -311,6 +311,22 @@ TEST_F(QuickForm, many_fonts_in_one_picture_are_each_their_own) {
     for (TTF_Font *font : fonts) TTF_CloseFont(font);
 }
 
+// Each picture is as large as the screen, and a small box comes last.
+TEST_F(QuickForm, thousands_of_pictures_over_each_other_are_not_all_painted) {
+    SDL_Surface *picture = make_surface(320, 200);
+    for (const std::size_t count : {100U, 400U}) {
+        std::vector<vel_object> many(8);
+        many.resize(8 + count, make(8, VEL_TYPE_PICTURE, 0, 0, 320, 200));
+        for (vel_object &o : many) o.image = picture;
+        many.back() = make(8, VEL_TYPE_LABEL, 50, 60, 10, 10);
+        ctx.objects = many.data();
+        ctx.object_count = static_cast<std::uint32_t>(many.size() - 1);
+        vel_draw_all_objects(&ctx, 0, 0);
+        EXPECT_EQ(box_of(red), count == 100 ? "50,60 10x10" : "") << count;
+    }
+    SDL_FreeSurface(picture);
+}
+
 // --- Widths
 
 // How much of the front of a text fits a line, word by word, each with its blank.

@@ -52,11 +52,11 @@ bool File::read(unsigned char *to, std::size_t size) const {
     return true;
 }
 
-FileContent read_file(const char *path, Access access) {
+FileContent read_file(const char *path, Access access, std::size_t most) {
     const File file(path, access);
     const auto size = file.size();
     if (!size) return {.memory = nullptr, .size = 0, .error = FileError::open};
-    if (is_guarded && *size > max_file_size) {
+    if (is_guarded && *size > most) {
         return {.memory = nullptr, .size = 0, .error = FileError::memory};
     }
     FileContent content;

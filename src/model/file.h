@@ -42,8 +42,8 @@ struct FileContent {
     Bytes bytes() const { return {lent != nullptr ? lent : memory.get(), size}; }
 };
 
-// With a NUL after its last byte. A file above max_file_size does not fit into memory.
-FileContent read_file(const char *path, Access access);
+// With a NUL after its last byte. A file of more than so many bytes does not fit into memory.
+FileContent read_file(const char *path, Access access, std::size_t most = max_file_size);
 
 // Says in SDL's error text why a file was not read, as SDL itself would.
 void set_file_error(const char *path, FileError error);

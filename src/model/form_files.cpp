@@ -14,16 +14,18 @@ const vel_form_file *file_in_program(const vel_context &ctx, const char *path) {
     return found == files.end() ? nullptr : &*found;
 }
 
-FileContent read_form_file(const vel_context &ctx, const char *path) {
-    const vel_form_file *file = file_in_program(ctx, path);
-    if (file == nullptr) return read_file(path, Access::read_only);
+FileContent FormFiles::read(const char *path) {
+    const std::size_t most = std::min(max_file_size, room_);
     FileContent content;
-    if (file->size > max_file_size) {
+    if (const vel_form_file *file = file_in_program(ctx_, path); file == nullptr) {
+        content = read_file(path, Access::read_only, most);
+    } else if (file->size > most) {
         content.error = FileError::memory;
     } else {
         content.lent = file->bytes;
         content.size = file->size;
     }
+    room_ -= content.size;
     return content;
 }
 

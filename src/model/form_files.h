@@ -12,6 +12,18 @@ inline bool is_in_program(const vel_context &ctx, const char *path) {
     return file_in_program(ctx, path) != nullptr;
 }
 
-FileContent read_form_file(const vel_context &ctx, const char *path);
+// The pictures, or the fonts, that one call reads. A form could name a large file in a thousand
+// ways.
+class FormFiles {
+public:
+    explicit FormFiles(const vel_context &ctx) : ctx_(ctx) {}
+
+    // What those before it leave no room for does not fit into memory.
+    FileContent read(const char *path);
+
+private:
+    const vel_context &ctx_;
+    std::size_t room_ = std::size_t{1} << 28; // bytes
+};
 
 } // namespace velumo

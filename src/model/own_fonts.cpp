@@ -3,7 +3,6 @@
 #include <cstring>
 
 #include "model/font_gate.h"
-#include "model/form_files.h"
 #include "model/guard.h"
 
 namespace velumo {
@@ -130,11 +129,11 @@ std::string name_of(const vel_context &ctx, const char *path) {
 }
 
 // The file of a font that is open, or read now. Null with SDL's error text.
-SharedFile file_of(OwnFonts &fonts, const std::string &name, const char *path) {
+SharedFile file_of(OwnFonts &fonts, FormFiles &files, const std::string &name, const char *path) {
     if (const auto known = fonts.files.find(name); known != fonts.files.end()) {
         if (SharedFile file = known->second.lock()) return file;
     }
-    FileContent content = read_form_file(*fonts.ctx, path);
+    FileContent content = files.read(path);
     if (content.error != FileError::none) {
         set_file_error(path, content.error);
         return nullptr;
@@ -203,7 +202,7 @@ TTF_Font *FontOpening::open_first(OwnFonts &fonts, const char *path, const FontN
         SDL_SetError("%s: too many fonts", path);
         return nullptr;
     }
-    const SharedFile file = file_of(fonts, name.first, path);
+    const SharedFile file = file_of(fonts, files_, name.first, path);
     if (file == nullptr) return nullptr;
     cost_ += side * side;
     return open_checked(fonts, file, path, name);

@@ -2,9 +2,9 @@
 
 #include <SDL_image.h>
 #include <cstring>
+#include <new>
 #include <strings.h>
 
-#include "model/form_files.h"
 #include "model/guard.h"
 #include "model/picture_gate.h"
 
@@ -51,14 +51,31 @@ SDL_Surface *PictureLoading::load(const char *path) {
     return File(path, Access::read_only).size() ? IMG_Load(path) : nullptr;
 }
 
-SDL_Surface *PictureLoading::load_checked(const char *path) {
-    const FileContent content = read_form_file(ctx_, path);
+// Each object has pixels of its own, which the program may change. Without memory there are none.
+SDL_Surface *PictureLoading::load_checked(const char *path) try {
+    const auto [known, is_new] = known_.try_emplace(path, nullptr);
+    if (is_new) return known->second = load_first(path);
+    SDL_Surface *first = known->second;
+    if (first == nullptr || !have_room_for(i64{first->w} * first->h)) return nullptr;
+    SDL_Surface *copy = SDL_ConvertSurface(first, first->format, first->flags);
+    if (copy != nullptr) pixels_ += i64{copy->w} * copy->h;
+    return copy;
+} catch (const std::bad_alloc &) {
+    return nullptr;
+}
+
+bool PictureLoading::have_room_for(i64 pixels) const {
+    return pixels_ + pixels <= most_pixels_in_all;
+}
+
+SDL_Surface *PictureLoading::load_first(const char *path) {
+    const FileContent content = files_.read(path);
     if (content.error != FileError::none || content.size == 0) return nullptr;
     const PictureFormat format = format_of(content.bytes(), path);
     if (format == PictureFormat::other && ctx_.strict_pictures != 0) return nullptr;
     const i64 pixels = pixels_of_whole(format, content.bytes());
     if (format != PictureFormat::other && pixels == 0) return nullptr;
-    if (pixels_ + pixels > most_pixels_in_all) return nullptr;
+    if (!have_room_for(pixels)) return nullptr;
     const Stream stream(SDL_RWFromConstMem(content.bytes().data(), static_cast<int>(content.size)));
     if (stream == nullptr) return nullptr;
     SDL_Surface *picture = decode(format, stream.get(), path);

@@ -181,7 +181,7 @@ private:
 
 void paint_text(vel_context &ctx, u32 number, vel_object &o, Size size) {
     TTF_Font *font = font_of(ctx, o);
-    if (font == nullptr || !has_text(ctx, o)) return;
+    if (font == nullptr || !has_text(ctx, o) || !may_go_on(ctx)) return;
     const Limits limits = o.master == 0 ? Limits{inside_margins(o, size.width, horizontal),
                                                  inside_margins(o, size.height, vertical)}
                                         : text_limits(ctx, number);

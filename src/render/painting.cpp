@@ -75,6 +75,11 @@ void begin_object(vel_context &ctx) {
     if (Picture *picture = gathering_picture(ctx)) picture->begin_object();
 }
 
+bool may_go_on(const vel_context &ctx) {
+    const Picture *picture = gathering_picture(ctx);
+    return picture == nullptr || picture->may_go_on();
+}
+
 void paint(vel_context &ctx, const PaintOp &op) {
     if (ctx.screen == nullptr) return;
     Picture *picture = gathering_picture(ctx);

@@ -42,6 +42,9 @@ private:
 // What follows is painted by one object.
 void begin_object(vel_context &ctx);
 
+// False when the picture that is being made has become so large that what follows is not painted.
+bool may_go_on(const vel_context &ctx);
+
 // Paints with the picture that is being made, or at once.
 void paint(vel_context &ctx, const PaintOp &op);
 

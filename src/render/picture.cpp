@@ -40,7 +40,7 @@ void Picture::open(const vel_context &ctx, bool compares_texts) {
     compares_texts_ = compares_texts;
     steps_.emplace(ctx);
     ops_left_ = most_ops;
-    lines_.begin_picture();
+    work_.begin(ctx.screen);
     lines_.set_limit(ctx.text_cache_size == 0 ? default_cache_size : ctx.text_cache_size);
     is_whole_ = true;
 }
@@ -67,7 +67,7 @@ void Picture::make_room(vel_context &ctx) {
 
 void Picture::append(const SDL_Surface &screen, const PaintOp &op) {
     const Area on_screen = common(op.area, area_of(screen));
-    if (on_screen.is_empty() || (ops_left_ == 0 && is_guarded)) return;
+    if (on_screen.is_empty() || !may_go_on()) return;
     --ops_left_;
     ops_.push_back(op);
     if (begins_group_ || groups_.empty()) {
@@ -103,9 +103,13 @@ bool Picture::paint_changes_of_window(vel_context &ctx) {
     return true;
 }
 
+bool Picture::may_go_on() const { return (ops_left_ != 0 || !is_guarded) && work_.is_left(); }
+
 void Picture::paint_op(SDL_Surface &screen, PaintOp op, const Area &part) {
+    if (!work_.is_left()) return;
+    work_.spend(work_of(op.kind, common(part, area_of(screen)).size()));
     if (op.kind == PaintOp::Kind::text) {
-        op.image = lines_.surface_for(screen, key_of(op), op.font);
+        op.image = lines_.surface_for(screen, key_of(op), op.font, work_);
     }
     paint_part(screen, op, part);
 }
@@ -174,7 +178,7 @@ void Picture::remember_window(const vel_context &ctx) {
 
 void Picture::end(vel_context &ctx) {
     if (last_text_.font != nullptr) {
-        lines_.hand_over(key_of(last_text_), last_text_.font, ctx.text_surface);
+        lines_.hand_over(key_of(last_text_), last_text_.font, ctx.text_surface, work_);
     }
     last_text_ = {};
     ops_.clear();

@@ -7,6 +7,7 @@
 #include "model/walk.h"
 #include "render/text_cache.h"
 #include "render/visibility.h"
+#include "render/work.h"
 
 namespace velumo {
 
@@ -20,6 +21,9 @@ public:
     void open(const vel_context &ctx, bool compares_texts);
     // True when the outermost is closed.
     bool close() { return --depth_ == 0; }
+
+    // False when it has become so large that what comes later is not painted.
+    bool may_go_on() const;
 
     // What follows is of one object.
     void begin_object() { begins_group_ = true; }
@@ -63,6 +67,7 @@ private:
     u32 depth_ = 0; // of Painting
     std::optional<Steps> steps_;
     u32 ops_left_ = 0;               // that the picture may still have
+    Work work_;                      // that it may still cost
     std::vector<PaintOp> ops_;       // in the order of painting
     std::vector<PaintGroup> groups_; // what each object paints
     bool begins_group_ = false;

@@ -58,9 +58,6 @@ bool is_encoding_exact_on(const SDL_PixelFormat &format) {
 
 constexpr int longest_side = 16000; // pixels
 constexpr i64 largest_line = i64{1} << 24;
-// About a nanosecond a pixel, and what each line takes besides. A picture has some hundred lines.
-constexpr i64 work_of_a_line = 20000;
-constexpr i64 work_of_a_picture = 200'000'000;
 
 bool may_be_rendered(TTF_Font *font, const char *text) {
     int width = 0, height = 0;
@@ -89,8 +86,6 @@ TextCache::~TextCache() {
     for (const RenderedLine &line : rendered_) SDL_FreeSurface(line.surface);
 }
 
-void TextCache::begin_picture() { work_left_ = work_of_a_picture; }
-
 RenderedLine &TextCache::line_of(const LineKey &key, TTF_Font *font) {
     const auto found = places_.find(key);
     if (found != places_.end()) {
@@ -118,25 +113,27 @@ RenderedLine *TextCache::line_if_memory(const LineKey &key, TTF_Font *font) try 
     return nullptr;
 }
 
-SDL_Surface *TextCache::surface_for(const SDL_Surface &screen, const LineKey &key, TTF_Font *font) {
+SDL_Surface *TextCache::surface_for(const SDL_Surface &screen, const LineKey &key, TTF_Font *font,
+                                    Work &work) {
     RenderedLine *found = line_if_memory(key, font);
     if (found == nullptr) return nullptr;
     RenderedLine &line = *found;
-    if (line.surface == nullptr) render(line);
+    if (line.surface == nullptr) render(line, work);
     if (line.surface == nullptr) return nullptr;
     rendered_.splice(rendered_.begin(), rendered_, line.place);
     if (++line.draws > draws_before_encoding) encode(line, screen);
     return line.surface;
 }
 
-void TextCache::hand_over(const LineKey &key, TTF_Font *font, SDL_Surface *&text_surface) {
+void TextCache::hand_over(const LineKey &key, TTF_Font *font, SDL_Surface *&text_surface,
+                          Work &work) {
     RenderedLine *found = line_if_memory(key, font);
     if (found == nullptr) return;
     RenderedLine &line = *found;
     if (line.surface != nullptr && line.surface == text_surface) return;
     // The program sees the pixels as the font rendered them.
     if (is_run_length_encoded(line)) drop_surface(line);
-    if (line.surface == nullptr) render(line);
+    if (line.surface == nullptr) render(line, work);
     if (line.surface != nullptr) ++line.surface->refcount;
     SDL_FreeSurface(text_surface);
     text_surface = line.surface;
@@ -161,12 +158,12 @@ void TextCache::encode(RenderedLine &line, const SDL_Surface &screen) {
     }
 }
 
-void TextCache::render(RenderedLine &line) {
-    if (work_left_ <= 0 && is_guarded) return;
+void TextCache::render(RenderedLine &line, Work &work) {
+    if (!work.is_left()) return;
     line.surface = render_line(line.font, line.text.c_str(), line.key.colour);
-    work_left_ -= work_of_a_line;
-    if (line.surface == nullptr) return;
-    work_left_ -= i64{line.surface->w} * line.surface->h;
+    const SDL_Surface *surface = line.surface;
+    work.spend(work_of_rendering(surface == nullptr ? 0 : i64{surface->w} * surface->h));
+    if (surface == nullptr) return;
     rendered_.splice(rendered_.begin(), waiting_, line.place);
     line.draws = 0;
     bytes_ += bytes_of(*line.surface);

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <unordered_map>
 
-#include "render/paint_op.h"
+#include "render/work.h"
 
 namespace velumo {
 
@@ -39,15 +39,15 @@ public:
     TextCache(const TextCache &) = delete;
     TextCache &operator=(const TextCache &) = delete;
 
-    // Lines of one picture are rendered as long as that does not take too long.
-    void begin_picture();
     // The text is not rendered yet. Throws std::bad_alloc.
     RenderedLine &line_of(const LineKey &key, TTF_Font *font);
 
-    // To be drawn on the screen; null when the font cannot render it, and without memory for it.
-    SDL_Surface *surface_for(const SDL_Surface &screen, const LineKey &key, TTF_Font *font);
+    // To be drawn on the screen; null when the font cannot render it, without memory for it, and
+    // when no work is left for rendering it.
+    SDL_Surface *surface_for(const SDL_Surface &screen, const LineKey &key, TTF_Font *font,
+                             Work &work);
     // Hands the surface of a line to the program, which may free it.
-    void hand_over(const LineKey &key, TTF_Font *font, SDL_Surface *&text_surface);
+    void hand_over(const LineKey &key, TTF_Font *font, SDL_Surface *&text_surface, Work &work);
 
     // Forgets the lines that were not used for longest, as far as they do not fit. Until then a
     // line that was given stays; its surface may not.
@@ -63,14 +63,13 @@ private:
     RenderedLine *line_if_memory(const LineKey &key, TTF_Font *font);
     bool is_run_length_encoded(const RenderedLine &line) const;
     void encode(RenderedLine &line, const SDL_Surface &screen);
-    void render(RenderedLine &line);
+    void render(RenderedLine &line, Work &work);
     void drop_surface(RenderedLine &line);
 
     Lines waiting_;  // without a surface, the one asked for last in front
     Lines rendered_; // the one painted last in front
     std::unordered_map<LineKey, Lines::iterator, KeyHash> places_;
     std::size_t bytes_ = 0, limit_ = 0;
-    i64 work_left_ = 0; // of the present picture
     u32 last_number_ = 0;
     Uint32 checked_masks_[3] = {}; // of the screens that encoded lines were compared for
     bool is_encoding_exact_ = false;
