@@ -9,18 +9,15 @@ namespace velumo {
 namespace {
 
 constexpr char sampled[] = {'M', 'W', 'g', 'i', '0', '@'};
-// It has no glyph, so it kerns with nothing.
-constexpr Uint16 separator = 0xFFFF;
-constexpr int max_separators = 64;
+constexpr int most_pixels = 0x3FFF; // of a glyph, so that a step has 16 bits
 // No pixels yet, of which the start of a line counts as one.
 constexpr Extent nothing{0, INT_MAX / 2, INT_MIN / 2, 0};
 // Its pairs kern, its letters overhang: a font that adds up in another way shows it here.
 constexpr const char *probe = "AVATo Wafer, fjord \"jgQy./LT'Y\xE4\xDF";
 
-FontLook::Metrics metrics_of(TTF_Font *font, Uint16 character) {
-    FontLook::Metrics m{};
-    TTF_GlyphMetrics(font, character, &m.min_x, &m.max_x, &m.min_y, &m.max_y, &m.advance);
-    return m;
+bool find_metrics(TTF_Font *font, Uint16 character, FontLook::Metrics &m) {
+    return TTF_GlyphMetrics(font, character, &m.min_x, &m.max_x, &m.min_y, &m.max_y, &m.advance) ==
+           0;
 }
 
 std::size_t hash_of(const char *name) {
@@ -43,7 +40,7 @@ FontLook::FontLook(TTF_Font *f)
       names(hash_of(TTF_FontFaceFamilyName(f)) * 31 + hash_of(TTF_FontFaceStyleName(f))),
       samples{} {
     for (std::size_t k = 0; k < samples.size(); ++k) {
-        samples[k] = metrics_of(f, static_cast<Uint16>(sampled[k]));
+        find_metrics(f, static_cast<Uint16>(sampled[k]), samples[k]);
     }
 }
 
@@ -56,11 +53,6 @@ u32 width_asked_of(TTF_Font *font, const char *text) {
 FontTable::FontTable(const FontLook &look, u32 own_id)
     : id(own_id), look_(look), outline_(std::max(TTF_GetFontOutline(look.font), 0)),
       kerns_(TTF_GetFontKerning(look.font) != 0) {
-    // Enough of them on both sides that no glyph between them reaches beyond.
-    const int widest = 2 * TTF_FontHeight(look.font);
-    const int advance = std::max(metrics_of(look.font, separator).advance, 1);
-    separators_ = std::clamp(2 * widest / advance + 1, 2, max_separators);
-    separators_width_ = width_between_separators({});
     if (width(probe) != width_asked_of(look.font, probe)) is_exact_ = false;
 }
 
@@ -210,52 +202,58 @@ inline Extent FontTable::joined(const Extent &line, const Extent &word, char fir
 
 // After NUL, the start of a line, a step is the advance of the character alone.
 [[gnu::noinline]] int FontTable::learn_step(u8 before, u8 character) {
+    const bool is_first = before == '\0';
+    const int advance = is_first ? learn_glyph(character) : step('\0', character);
+    const int kerning = is_first ? 0 : kerning_of(before, character);
+    row_of(before)[character] = static_cast<std::int16_t>(advance + kerning);
+    if (advance + kerning < 0) steps_back_ = true;
+    if ((is_first || kerning != 0) && !explains_pair(before, character)) is_exact_ = false;
+    return advance + kerning;
+}
+
+// Returns its advance.
+int FontTable::learn_glyph(u8 character) {
+    FontLook::Metrics m{};
+    // A string with a character that has none has no width.
+    if (!find_metrics(look_.font, character, m)) is_exact_ = false;
+    const int advance = sound(m.advance);
+    const Glyph glyph{sound(m.min_x) - advance, std::max(sound(m.max_x) - advance, 0)};
+    glyphs_[character] = glyph;
+    indices_[character] = TTF_GlyphIsProvided(look_.font, character);
+    first_begin_ = std::min(first_begin_, glyph.begin);
+    last_end_ = std::max(last_end_, glyph.end);
+    widest_ = std::max(widest_, advance);
+    return advance;
+}
+
+// What is so large that it cannot be added up shows that the font is another.
+int FontTable::sound(int pixels) {
+    if (std::abs(pixels) <= most_pixels) return pixels;
+    is_exact_ = false;
+    return 0;
+}
+
+// The one before is known. What has no glyph kerns with nothing.
+int FontTable::kerning_of(u8 before, u8 character) {
+    const int left = indices_[before], right = indices_[character];
+    if (!kerns_ || left == 0 || right == 0) return 0;
+    return sound(TTF_GetFontKerningSize(look_.font, left, right));
+}
+
+FontTable::Steps &FontTable::row_of(u8 before) {
     std::unique_ptr<Steps> &row = steps_[before];
     if (row == nullptr) {
         row = std::make_unique<Steps>();
         row->fill(unknown_step);
     }
-    int step = before == '\0' ? learn_glyph(character) : this->step('\0', character);
-    if (before != '\0' && kerns_) step += measured_kerning(before, character);
-    const bool is_small = step > unknown_step && step < -unknown_step;
-    if (!is_small) step = 0;
-    (*row)[character] = static_cast<std::int16_t>(step);
-    if (step < 0) steps_back_ = true;
-    if (!is_small || !explains_pair(before, character)) is_exact_ = false;
-    return step;
+    return *row;
 }
 
-// Returns its advance.
-int FontTable::learn_glyph(u8 character) {
-    const FontLook::Metrics m = metrics_of(look_.font, character);
-    const Glyph glyph{m.min_x - m.advance, std::max(m.max_x - m.advance, 0)};
-    glyphs_[character] = glyph;
-    first_begin_ = std::min(first_begin_, glyph.begin);
-    last_end_ = std::max(last_end_, glyph.end);
-    widest_ = std::max(widest_, m.advance);
-    between_separators_[character] = width_between_separators({character});
-    return m.advance;
-}
-
-int FontTable::measured_kerning(u8 before, u8 character) {
-    return width_between_separators({before, character}) - between_separators_[before] -
-           between_separators_[character] + separators_width_;
-}
-
-int FontTable::width_between_separators(std::initializer_list<u8> characters) const {
-    Uint16 text[2 * max_separators + 3] = {};
-    Uint16 *end = std::fill_n(text, separators_, separator);
-    end = std::copy(characters.begin(), characters.end(), end);
-    std::fill_n(end, separators_, separator);
-    int width = 0;
-    TTF_SizeUNICODE(look_.font, text, &width, nullptr);
-    return width;
-}
-
-// A pair that the rule does not explain shows that it is not the font's.
+// A character or a pair that the rule does not explain shows that it is not the font's.
 bool FontTable::explains_pair(u8 before, u8 character) {
     const char pair[] = {static_cast<char>(before), static_cast<char>(character), '\0'};
-    return before == '\0' || width_of(extended({}, pair)) == width_asked_of(look_.font, pair);
+    const char *shown = before == '\0' ? pair + 1 : pair;
+    return width_of(extended({}, shown)) == width_asked_of(look_.font, shown);
 }
 
 } // namespace velumo

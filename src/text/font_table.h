@@ -73,8 +73,9 @@ private:
     }
     int learn_step(u8 before, u8 character);
     int learn_glyph(u8 character);
-    int measured_kerning(u8 before, u8 character);
-    int width_between_separators(std::initializer_list<u8> characters) const;
+    int kerning_of(u8 before, u8 character);
+    Steps &row_of(u8 before);
+    int sound(int pixels);
     void extend(Extent &extent, char character);
     Extent extended(const Extent &extent, std::string_view characters);
     bool extend_by_known(Extent &extent, std::string_view characters);
@@ -90,12 +91,11 @@ private:
     const FontLook look_;
     const int outline_;
     bool kerns_;
-    int separators_ = 0, separators_width_ = 0;
     bool is_exact_ = true;
     bool steps_back_ = false; // somewhere
     std::array<Glyph, 256> glyphs_{};
     int first_begin_ = 0, last_end_ = 0, widest_ = 0; // of all
-    std::array<int, 256> between_separators_{};       // widths of what is known
+    std::array<int, 256> indices_{};                  // of the glyphs in the font, 0 for none
     std::array<std::unique_ptr<Steps>, 256> steps_{};
     char grown_[VEL_LINE_SIZE] = {}; // the line of the last call, with what fitted
     u32 grown_length_ = 0;
