@@ -611,8 +611,8 @@ VEL_API int32_t vel_load_object_images(vel_context *ctx, uint32_t first) VEL_NOT
  * regular files of at most 64 MiB are read. A font is refused in the same way if its size is above
  * 2000, if a line or a character is out of proportion to its size, as in a damaged file, if the
  * file is compressed or a web font, or if one call would open too many: 256 of up to 125 points, or
- * fewer of larger ones, from files of 256 MiB at most. What the program opens itself, as the
- * context's font, is not checked.
+ * fewer of larger ones and for more than 1,953 objects, from files of 256 MiB at most. What the
+ * program opens itself, as the context's font, is not checked.
  *
  * \param first number of the first object; 0 means 1
  * \returns 1 if the last font tried was opened, -1 if not; 0 if there was none

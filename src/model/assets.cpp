@@ -72,11 +72,13 @@ i32 load_images(vel_context &ctx, u32 first) {
 }
 
 i32 load_fonts(vel_context &ctx, u32 first, FontMessages messages) {
-    FontOpening opening(ctx);
+    const auto has_own = [](const vel_object &o) { return o.font_choice == 1; };
+    u32 objects = 0;
+    load_each(ctx, first, has_own, [&objects](const vel_object &) { return ++objects != 0; });
+    FontOpening opening(ctx, objects);
     FontReport report(messages);
-    return load_each(
-        ctx, first, [](const vel_object &o) { return o.font_choice == 1; },
-        [&](vel_object &o) { return load_font(o, opening, report); });
+    return load_each(ctx, first, has_own,
+                     [&](vel_object &o) { return load_font(o, opening, report); });
 }
 
 void release_assets(vel_context &ctx) {

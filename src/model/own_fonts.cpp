@@ -8,10 +8,11 @@
 namespace velumo {
 namespace {
 
-// What the fonts that one call opens cost together, each by the square of its size: as much as a
-// single one of the largest size, or 256 of a usual one.
+// What the fonts that one call opens cost together: as much as a single one of the largest size, or
+// 256 of a usual one. Each costs the square of its size, or what measuring texts in it may take: a
+// font more slows down all texts, as the caches hold what is known of a few.
 constexpr u32 most_cost = max_font_size * max_font_size;
-constexpr u32 usual_size = 125;
+constexpr u32 usual_size = 125, cost_of_an_object = 8;
 
 using SharedFile = std::shared_ptr<const FileContent>;
 
@@ -198,13 +199,14 @@ TTF_Font *FontOpening::open_first(OwnFonts &fonts, const char *path, const FontN
         return nullptr;
     }
     const u32 side = std::max(size, usual_size);
-    if (cost_ + side * side > most_cost) {
+    const u32 cost = std::max(side * side, cost_of_an_object * objects_);
+    if (cost_ + cost > most_cost) {
         SDL_SetError("%s: too many fonts", path);
         return nullptr;
     }
     const SharedFile file = file_of(fonts, files_, name.first, path);
     if (file == nullptr) return nullptr;
-    cost_ += side * side;
+    cost_ += cost;
     return open_checked(fonts, file, path, name);
 }
 
