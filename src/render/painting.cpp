@@ -90,7 +90,7 @@ void paint(vel_context &ctx, const PaintOp &op) {
     paint_now(ctx, op);
 }
 
-void paint_text(vel_context &ctx, const TextLine &line, PaintOp place) {
+void paint_text(vel_context &ctx, const TextLine &line, const PaintOp &place) {
     if (ctx.screen == nullptr) return;
     Picture *picture = gathering_picture(ctx);
     const FontTable *table = picture == nullptr ? nullptr : table_of(ctx, line.font);

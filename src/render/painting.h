@@ -49,6 +49,6 @@ bool may_go_on(const vel_context &ctx);
 void paint(vel_context &ctx, const PaintOp &op);
 
 // The operation says where, and which part of the line. The line painted last is text_surface.
-void paint_text(vel_context &ctx, const TextLine &line, PaintOp place);
+void paint_text(vel_context &ctx, const TextLine &line, const PaintOp &place);
 
 } // namespace velumo

@@ -50,15 +50,16 @@ void Picture::add(vel_context &ctx, const PaintOp &op) {
     append(*ctx.screen, op);
 }
 
-void Picture::add_text(vel_context &ctx, const TextLine &line, u32 font_id, PaintOp place) {
+void Picture::add_text(vel_context &ctx, const TextLine &line, u32 font_id, const PaintOp &place) {
     make_room(ctx);
-    place.font = line.font;
-    place.font_id = font_id;
-    place.text = line.text;
-    place.colour = line.colour;
-    if (compares_texts_) place.line_number = lines_.line_of(key_of(place), line.font).number;
-    append(*ctx.screen, place);
-    last_text_ = place;
+    PaintOp text = place;
+    text.font = line.font;
+    text.font_id = font_id;
+    text.text = line.text;
+    text.colour = line.colour;
+    if (compares_texts_) text.line_number = lines_.line_of(key_of(text), line.font).number;
+    append(*ctx.screen, text);
+    last_text_ = text;
 }
 
 void Picture::make_room(vel_context &ctx) {

@@ -29,7 +29,7 @@ public:
     void begin_object() { begins_group_ = true; }
     // Both throw std::bad_alloc, and then add nothing.
     void add(vel_context &ctx, const PaintOp &op);
-    void add_text(vel_context &ctx, const TextLine &line, u32 font_id, PaintOp place);
+    void add_text(vel_context &ctx, const TextLine &line, u32 font_id, const PaintOp &place);
 
     // Paints what was gathered.
     void paint(vel_context &ctx);

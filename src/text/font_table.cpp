@@ -33,6 +33,12 @@ std::string_view ended_words(std::string_view text) {
 
 } // namespace
 
+constinit const FontTable::Steps FontTable::nothing_known = [] {
+    Steps steps{};
+    steps.fill(unknown_step);
+    return steps;
+}();
+
 FontLook::FontLook(TTF_Font *f)
     : font(f), settings{TTF_GetFontStyle(f),   TTF_GetFontOutline(f), TTF_GetFontHinting(f),
                         TTF_GetFontKerning(f), TTF_FontHeight(f),     TTF_FontAscent(f),
@@ -53,6 +59,7 @@ u32 width_asked_of(TTF_Font *font, const char *text) {
 FontTable::FontTable(const FontLook &look, u32 own_id)
     : id(own_id), look_(look), outline_(std::max(TTF_GetFontOutline(look.font), 0)),
       kerns_(TTF_GetFontKerning(look.font) != 0) {
+    rows_.fill(&nothing_known);
     if (width(probe) != width_asked_of(look.font, probe)) is_exact_ = false;
 }
 
@@ -66,9 +73,11 @@ u32 FontTable::growing_width(const char *text) {
         grown_length_ = 0;
         grown_line_ = {};
     }
-    const std::string_view added = text + grown_length_;
-    const Extent line = extended(grown_line_, added);
-    keep_grown(added, line);
+    Extent line = grown_line_;
+    if (const std::string_view added = text + grown_length_; !added.empty()) {
+        line = extended(line, added);
+        keep_grown(added, line);
+    }
     return is_exact_ ? width_of(line) : width_asked_of(look_.font, text);
 }
 
@@ -116,19 +125,12 @@ u32 FontTable::sure_words(const Extent &line, std::string_view words, u32 line_w
     // A line and a word on its own both have pixels beside their steps, and a word that kerns with
     // the line is longer on its own.
     const int beside = 2 * (last_end_ - first_begin_ + 2 * outline_) + widest_;
-    const i64 last_x = i64{as_signed(line_width)} - beside;
+    Extent steps{line.x, INT_MIN, INT_MAX, line.last};
+    const u32 followed = follow(steps, words, as_signed(line_width), beside);
     u32 sure = 0;
-    int x = line.x;
-    u8 last = line.last;
-    for (u32 k = 0; k < words.size() && !steps_back_; ++k) {
-        const u8 character = static_cast<u8>(words[k]);
-        const int step = known_step(last, character);
-        if (step == unknown_step) break;
-        x += step;
-        last = character;
-        if (character != ' ') continue;
-        if (x > last_x || k - sure > longest_word) break;
-        sure = k + 1;
+    for (std::size_t blank; (blank = words.find(' ', sure)) < followed;) {
+        if (blank - sure > longest_word) break;
+        sure = static_cast<u32>(blank + 1);
     }
     return sure;
 }
@@ -137,13 +139,15 @@ Fitting FontTable::fitting_characters(const char *line, std::string_view text, u
     growing_width(line);
     Extent extent = grown_line_;
     Fitting fitting;
-    for (const char character : text) {
+    while (fitting.characters < text.size()) {
         Extent longer = extent;
-        extend(longer, character);
+        extend(longer, text[fitting.characters]);
         fitting.next_is_too_wide = width_of(longer) > line_width;
         if (fitting.next_is_too_wide) break;
         extent = longer;
         ++fitting.characters;
+        const int beside = last_end_ - std::min(extent.min_x, 0) + 2 * outline_;
+        fitting.characters += follow(extent, text.substr(fitting.characters), line_width, beside);
     }
     if (!is_exact_) return {};
     keep_grown(text.substr(0, fitting.characters), extent);
@@ -162,34 +166,40 @@ inline void FontTable::extend(Extent &extent, char added) {
 
 Extent FontTable::extended(const Extent &extent, std::string_view characters) {
     Extent longer = extent;
-    if (extend_by_known(longer, characters)) return longer;
-    longer = extent;
-    for (const char character : characters) extend(longer, character);
+    while (!characters.empty()) {
+        extend(longer, characters.front());
+        characters.remove_prefix(1);
+        characters.remove_prefix(follow(longer, characters, INT_MAX, 0));
+    }
     return longer;
 }
 
-// False where a step is not known, or may go back. As none does, only the first characters can
-// begin before the line, and only the last can end behind it.
-inline bool FontTable::extend_by_known(Extent &extent, std::string_view characters) {
-    const auto end = characters.end();
-    auto next = characters.begin();
-    while (next != end && extent.x + first_begin_ < extent.min_x) extend(extent, *next++);
-    if (steps_back_) return false;
+// Goes on by known steps, as long as there is room for what follows and the pixels beside it, and
+// returns by how many characters. As no step goes back, only the first characters of a line can
+// begin before it, with which others deal, and only the last can end behind it.
+inline u32 FontTable::follow(Extent &extent, std::string_view characters, i64 room,
+                             int beside) const {
+    if (steps_back_ || extent.x + first_begin_ < extent.min_x) return 0;
+    const int last_x = static_cast<int>(std::clamp<i64>(room - beside, INT_MIN, INT_MAX));
     const u8 first = extent.last;
-    for (auto at = next; at != end; ++at) {
-        const u8 character = static_cast<u8>(*at);
-        const int step = known_step(extent.last, character);
-        if (step == unknown_step) return false;
-        extent.x += step;
-        extent.last = character;
-    }
+    std::size_t last = first;
     int x = extent.x;
-    for (auto at = end; at != next && x + last_end_ > extent.max_x;) {
-        const u8 character = static_cast<u8>(*--at);
-        extent.max_x = std::max(extent.max_x, x + glyphs_[character].end);
-        x -= known_step(at == next ? first : static_cast<u8>(at[-1]), character);
+    std::size_t count = 0;
+    for (; count < characters.size(); ++count) {
+        const std::size_t character = static_cast<u8>(characters[count]);
+        const int step = known_step(last, character);
+        if (step == unknown_step || x + step > last_x) break;
+        x += step;
+        last = character;
     }
-    return true;
+    extent.x = x;
+    extent.last = static_cast<u8>(last);
+    for (std::size_t k = count; k != 0 && x + last_end_ > extent.max_x;) {
+        const u8 character = static_cast<u8>(characters[--k]);
+        extent.max_x = std::max(extent.max_x, x + glyphs_[character].end);
+        x -= known_step(k == 0 ? first : static_cast<u8>(characters[k - 1]), character);
+    }
+    return static_cast<u32>(count);
 }
 
 // A line with a word behind it that begins with the character first.
@@ -244,7 +254,8 @@ FontTable::Steps &FontTable::row_of(u8 before) {
     std::unique_ptr<Steps> &row = steps_[before];
     if (row == nullptr) {
         row = std::make_unique<Steps>();
-        row->fill(unknown_step);
+        *row = nothing_known;
+        rows_[before] = row.get();
     }
     return *row;
 }

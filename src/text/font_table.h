@@ -61,15 +61,16 @@ private:
     };
     using Steps = std::array<std::int16_t, 256>;
     static constexpr std::int16_t unknown_step = -0x8000;
+    static const Steps nothing_known;
 
     // From the start of what follows one character to the start of what follows the next.
     int step(u8 before, u8 character) {
         const int known = known_step(before, character);
         return known != unknown_step ? known : learn_step(before, character);
     }
-    int known_step(u8 before, u8 character) const {
-        const Steps *row = steps_[before].get();
-        return row == nullptr ? unknown_step : (*row)[character];
+    // In numbers as wide as addresses, in which the compiler need not keep bytes apart.
+    int known_step(std::size_t before, std::size_t character) const {
+        return (*rows_[before])[character];
     }
     int learn_step(u8 before, u8 character);
     int learn_glyph(u8 character);
@@ -78,7 +79,7 @@ private:
     int sound(int pixels);
     void extend(Extent &extent, char character);
     Extent extended(const Extent &extent, std::string_view characters);
-    bool extend_by_known(Extent &extent, std::string_view characters);
+    u32 follow(Extent &extent, std::string_view characters, i64 room, int beside) const;
     Extent joined(const Extent &line, const Extent &word, char first);
     u32 width_of(const Extent &extent) const {
         const int pixels = std::max(extent.max_x, 0) - std::min(extent.min_x, 0);
@@ -96,6 +97,7 @@ private:
     std::array<Glyph, 256> glyphs_{};
     int first_begin_ = 0, last_end_ = 0, widest_ = 0; // of all
     std::array<int, 256> indices_{};                  // of the glyphs in the font, 0 for none
+    std::array<const Steps *, 256> rows_; // each of the steps below, or of nothing known
     std::array<std::unique_ptr<Steps>, 256> steps_{};
     char grown_[VEL_LINE_SIZE] = {}; // the line of the last call, with what fitted
     u32 grown_length_ = 0;

@@ -71,9 +71,11 @@ public:
                 take('\0');
                 return;
             }
-            u32 count = place_words(text);
+            const u32 start = start_of_word(text);
+            const bool has_blank_behind = start < text.size() && text[start] == ' ';
+            u32 count = has_blank_behind ? place_words(text) : 0;
             if (count == 0) {
-                count = std::max(start_of_word(text), 1U);
+                count = std::max(start, 1U);
                 count == 1 ? take(text[0]) : append_to_word(text.substr(0, count));
             }
             text.remove_prefix(count);
