@@ -311,18 +311,23 @@ TEST_F(QuickForm, many_fonts_in_one_picture_are_each_their_own) {
     for (TTF_Font *font : fonts) TTF_CloseFont(font);
 }
 
-// Each picture is as large as the screen, and a small box comes last.
-TEST_F(QuickForm, thousands_of_pictures_over_each_other_are_not_all_painted) {
+// Each picture is as large as the screen. A small box comes after them, and a window.
+TEST_F(QuickForm, hundreds_of_pictures_over_each_other_are_not_all_painted) {
     SDL_Surface *picture = make_surface(320, 200);
-    for (const std::size_t count : {100U, 400U}) {
-        std::vector<vel_object> many(8);
-        many.resize(8 + count, make(8, VEL_TYPE_PICTURE, 0, 0, 320, 200));
+    make_window(8, 100, 60, 50, 40).hidden = 0;
+    open(8);
+    for (const std::size_t count : {50U, 400U}) {
+        std::vector<vel_object> many(objects, objects + 9);
+        many.resize(9 + count, make(9, VEL_TYPE_PICTURE, 0, 0, 320, 200));
         for (vel_object &o : many) o.image = picture;
-        many.back() = make(8, VEL_TYPE_LABEL, 50, 60, 10, 10);
+        many.back() = make(9, VEL_TYPE_LABEL, 50, 60, 10, 10);
+        set_fill(many.back(), blue);
         ctx.objects = many.data();
         ctx.object_count = static_cast<std::uint32_t>(many.size() - 1);
+        clear();
         vel_draw_all_objects(&ctx, 0, 0);
-        EXPECT_EQ(box_of(red), count == 100 ? "50,60 10x10" : "") << count;
+        EXPECT_EQ(box_of(blue), count == 50 ? "50,60 10x10" : "") << count;
+        EXPECT_EQ(pixel_of(ctx.screen, 140, 90), red) << count;
     }
     SDL_FreeSurface(picture);
 }

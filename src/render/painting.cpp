@@ -71,6 +71,10 @@ std::optional<std::span<const Area>> Painting::finish() {
     return {};
 }
 
+void begin_window(const vel_context &ctx) {
+    if (Picture *picture = gathering_picture(ctx)) picture->begin_window();
+}
+
 void begin_object(vel_context &ctx) {
     if (Picture *picture = gathering_picture(ctx)) picture->begin_object();
 }

@@ -39,6 +39,8 @@ private:
     bool is_gathering_ = false;
 };
 
+// What follows is the active window, which shows whatever is under it.
+void begin_window(const vel_context &ctx);
 // What follows is painted by one object.
 void begin_object(vel_context &ctx);
 

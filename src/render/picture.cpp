@@ -104,7 +104,9 @@ bool Picture::paint_changes_of_window(vel_context &ctx) {
     return true;
 }
 
-bool Picture::may_go_on() const { return (ops_left_ != 0 || !is_guarded) && work_.is_left(); }
+bool Picture::may_go_on() const {
+    return (ops_left_ != 0 || !is_guarded) && (work_.is_left() || window_begins_);
+}
 
 void Picture::paint_op(SDL_Surface &screen, PaintOp op, const Area &part) {
     if (!work_.is_left()) return;
@@ -118,6 +120,7 @@ void Picture::paint_op(SDL_Surface &screen, PaintOp op, const Area &part) {
 void Picture::paint_ops(SDL_Surface &screen) {
     const bool leaves_out = may_leave_out(screen) && find_visible(screen);
     for (std::size_t k = 0; k < ops_.size(); ++k) {
+        if (k == window_begins_) work_.begin(&screen);
         const auto whole = std::span(&ops_[k].area, 1);
         for (const Area &part : leaves_out ? visibility_.shown(k) : whole) {
             paint_op(screen, ops_[k], part);
@@ -185,6 +188,7 @@ void Picture::end(vel_context &ctx) {
     ops_.clear();
     groups_.clear();
     begins_group_ = false;
+    window_begins_.reset();
     lines_.trim();
 }
 

@@ -25,6 +25,8 @@ public:
     // False when it has become so large that what comes later is not painted.
     bool may_go_on() const;
 
+    // What follows is the active window, which has work of its own.
+    void begin_window() { window_begins_ = ops_.size(); }
     // What follows is of one object.
     void begin_object() { begins_group_ = true; }
     // Both throw std::bad_alloc, and then add nothing.
@@ -66,10 +68,11 @@ private:
 
     u32 depth_ = 0; // of Painting
     std::optional<Steps> steps_;
-    u32 ops_left_ = 0;               // that the picture may still have
-    Work work_;                      // that it may still cost
-    std::vector<PaintOp> ops_;       // in the order of painting
-    std::vector<PaintGroup> groups_; // what each object paints
+    u32 ops_left_ = 0;                         // that the picture may still have
+    Work work_;                                // that it may still cost
+    std::optional<std::size_t> window_begins_; // with which operation, until that is painted
+    std::vector<PaintOp> ops_;                 // in the order of painting
+    std::vector<PaintGroup> groups_;           // what each object paints
     bool begins_group_ = false;
     bool is_whole_ = true; // nothing of it was painted already
     TextCache lines_;

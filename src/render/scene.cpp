@@ -102,6 +102,7 @@ void draw_all(vel_context &ctx) {
     const Painting painting(ctx);
     draw_desktop(ctx);
     draw_background_windows(ctx);
+    begin_window(ctx);
     draw_marked_window(ctx);
     draw_frame_buttons(ctx);
 }

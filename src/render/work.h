@@ -10,8 +10,9 @@ namespace velumo {
 // there is; a form can be made to paint thousands of texts and pictures over each other.
 class Work {
 public:
+    // For what lies under the active window, and again for what comes from there on.
     void begin(const SDL_Surface *screen) {
-        constexpr i64 at_least = 100'000'000, for_a_pixel = 400;
+        constexpr i64 at_least = 50'000'000, for_a_pixel = 200;
         left_ = at_least + (screen == nullptr ? 0 : for_a_pixel * area_of(*screen).size());
     }
     // When nothing is left, what comes later is not painted.
