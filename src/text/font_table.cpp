@@ -124,7 +124,7 @@ Fitting FontTable::fitting_words(const char *line, std::string_view text, u32 li
 u32 FontTable::sure_words(const Extent &line, std::string_view words, u32 line_width) const {
     // A line and a word on its own both have pixels beside their steps, and a word that kerns with
     // the line is longer on its own.
-    const int beside = 2 * (last_end_ - first_begin_ + 2 * outline_) + widest_;
+    const int beside = 2 * (last_end_ - first_begin_ + 2 * outline_) + most_kerned_;
     Extent steps{line.x, INT_MIN, INT_MAX, line.last};
     const u32 followed = follow(steps, words, as_signed(line_width), beside);
     u32 sure = 0;
@@ -213,12 +213,15 @@ inline Extent FontTable::joined(const Extent &line, const Extent &word, char fir
 // After NUL, the start of a line, a step is the advance of the character alone.
 [[gnu::noinline]] int FontTable::learn_step(u8 before, u8 character) {
     const bool is_first = before == '\0';
-    const int advance = is_first ? learn_glyph(character) : step('\0', character);
+    const int advance = is_first ? learn_glyph(character) : this->step('\0', character);
     const int kerning = is_first ? 0 : kerning_of(before, character);
-    row_of(before)[character] = static_cast<std::int16_t>(advance + kerning);
-    if (advance + kerning < 0) steps_back_ = true;
+    const int step = advance + kerning;
+    row_of(before)[character] = static_cast<std::int16_t>(step);
+    first_begin_ = std::min(first_begin_, step + glyphs_[character].begin);
+    most_kerned_ = std::max(most_kerned_, -kerning);
+    if (step < 0) steps_back_ = true;
     if ((is_first || kerning != 0) && !explains_pair(before, character)) is_exact_ = false;
-    return advance + kerning;
+    return step;
 }
 
 // Returns its advance.
@@ -230,9 +233,7 @@ int FontTable::learn_glyph(u8 character) {
     const Glyph glyph{sound(m.min_x) - advance, std::max(sound(m.max_x) - advance, 0)};
     glyphs_[character] = glyph;
     indices_[character] = TTF_GlyphIsProvided(look_.font, character);
-    first_begin_ = std::min(first_begin_, glyph.begin);
     last_end_ = std::max(last_end_, glyph.end);
-    widest_ = std::max(widest_, advance);
     return advance;
 }
 

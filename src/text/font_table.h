@@ -95,8 +95,10 @@ private:
     bool is_exact_ = true;
     bool steps_back_ = false; // somewhere
     std::array<Glyph, 256> glyphs_{};
-    int first_begin_ = 0, last_end_ = 0, widest_ = 0; // of all
-    std::array<int, 256> indices_{};                  // of the glyphs in the font, 0 for none
+    // Of all that is known: how far the pixels of a character begin before the place where its step
+    // does, how far they reach beyond the place where it ends, and by how much a pair is closer.
+    int first_begin_ = 0, last_end_ = 0, most_kerned_ = 0;
+    std::array<int, 256> indices_{};      // of the glyphs in the font, 0 for none
     std::array<const Steps *, 256> rows_; // each of the steps below, or of nothing known
     std::array<std::unique_ptr<Steps>, 256> steps_{};
     char grown_[VEL_LINE_SIZE] = {}; // the line of the last call, with what fitted
