@@ -127,7 +127,9 @@ u32 FontTable::sure_words(const Extent &line, std::string_view words, u32 line_w
     const int beside = 2 * (last_end_ - first_begin_ + 2 * outline_) + most_kerned_;
     Extent steps{line.x, INT_MIN, INT_MAX, line.last};
     const u32 followed = follow(steps, words, as_signed(line_width), beside);
-    u32 sure = 0;
+    // No word among so few characters is too long.
+    const std::string_view first = words.substr(0, std::min(followed, longest_word));
+    u32 sure = static_cast<u32>(first.rfind(' ') + 1);
     for (std::size_t blank; (blank = words.find(' ', sure)) < followed;) {
         if (blank - sure > longest_word) break;
         sure = static_cast<u32>(blank + 1);
