@@ -13,7 +13,8 @@ using FontName = std::pair<std::string, u32>; // the file and its size
 // before is not tried again.
 class FontOpening {
 public:
-    FontOpening(vel_context &ctx, u32 objects) : ctx_(ctx), objects_(objects), files_(ctx) {}
+    FontOpening(vel_context &ctx, u32 objects)
+        : ctx_(ctx), objects_(std::min<u32>(objects, VEL_MAX_RECORDS)), files_(ctx) {}
 
     // Throws std::bad_alloc.
     TTF_Font *open(const char *path, u32 size);
@@ -22,7 +23,7 @@ private:
     TTF_Font *open_first(OwnFonts &fonts, const char *path, const FontName &name);
 
     vel_context &ctx_;
-    const u32 objects_; // that have a font of their own
+    const u32 objects_; // that have a font of their own, as many as a form can
     FormFiles files_;
     u32 cost_ = 0;                           // of the fonts whose files were read
     std::map<FontName, std::string> failed_; // with their error texts

@@ -185,6 +185,8 @@ void Picture::end(vel_context &ctx) {
         lines_.hand_over(key_of(last_text_), last_text_.font, ctx.text_surface, work_);
     }
     last_text_ = {};
+    // All that was painted came before the window.
+    if (window_begins_ == ops_.size()) work_.begin(ctx.screen);
     ops_.clear();
     groups_.clear();
     begins_group_ = false;
