@@ -316,7 +316,7 @@ TEST_F(QuickForm, hundreds_of_pictures_over_each_other_are_not_all_painted) {
     SDL_Surface *picture = make_surface(320, 200);
     make_window(8, 100, 60, 50, 40).hidden = 0;
     open(8);
-    for (const std::size_t count : {50U, 400U, 8192U}) { // the last as many as are painted at once
+    for (const std::size_t count : {50U, 400U, 65536U}) { // the last as many as are painted at once
         std::vector<vel_object> many(objects, objects + 9);
         many.resize(9 + count, make(9, VEL_TYPE_PICTURE, 0, 0, 320, 200));
         for (vel_object &o : many) o.image = picture;

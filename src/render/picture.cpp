@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::size_t default_cache_size = std::size_t{4} << 20; // bytes
 // A longer picture is painted in pieces, so that its operations do not fill the memory.
-constexpr std::size_t max_ops = 8192;
+constexpr std::size_t max_ops = 65536;
 // The lines of a text and what is around them, for each object that a file has room for. One that
 // is made to paint more must not take minutes.
 constexpr u32 most_ops = VEL_MAX_RECORDS * (VEL_TEXT_LINES + 24);
