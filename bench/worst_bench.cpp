@@ -7,7 +7,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <functional>
+#include <optional>
 #include <random>
 #include <string>
 #include <string_view>
@@ -25,6 +25,8 @@ namespace {
 constexpr std::uint32_t count = VEL_MAX_RECORDS, window = VEL_FRAME_BUTTONS + 1;
 // Objects from here on have no dependents: of each before, a hundred are.
 constexpr std::uint32_t first_leaf = window + count / VEL_MAX_DEPENDENTS + 1;
+
+constexpr const char *form_path = "a.form", *text_path = "a.text", *picture_path = "a.bmp";
 
 using Record = vel_object_file_rec;
 using Text = vel_text_rec;
@@ -89,7 +91,6 @@ void cover_in_many_fonts(Record &record, std::uint32_t number) {
 }
 
 // One path for all.
-const char *picture_path = nullptr;
 void show_picture(Record &record, std::uint32_t number) {
     show_all(record, number);
     if (number < first_leaf) return;
@@ -97,10 +98,17 @@ void show_picture(Record &record, std::uint32_t number) {
     copy(picture_path, record.image_path);
 }
 
+using Maker = void (*)(Record &record, std::uint32_t number);
+
 struct Form {
     const char *name;
     Writer write;
-    void (*make)(Record &record, std::uint32_t number);
+    Maker make;
+
+    bool has_one_on_top() const {
+        const Maker covering[] = {cover_whole, cover_narrow, cover_in_many_fonts};
+        return std::find(std::begin(covering), std::end(covering), make) != std::end(covering);
+    }
 };
 constexpr Form forms[] = {
     {"letters, whole lines", letter, cover_whole},
@@ -120,19 +128,19 @@ constexpr Form forms[] = {
 
 // --- Files
 
+// A folder to work in.
 class Files {
 public:
-    Files() { measure::demand(mkdtemp(folder_) != nullptr, "no temporary folder can be made"); }
+    Files() {
+        measure::demand(mkdtemp(folder_) != nullptr && chdir(folder_) == 0,
+                        "no temporary folder can be made");
+    }
     ~Files() {
-        for (const std::string &path : {form(), text(), picture()}) unlink(path.c_str());
+        for (const char *path : {form_path, text_path, picture_path}) unlink(path);
         rmdir(folder_);
     }
     Files(const Files &) = delete;
     Files &operator=(const Files &) = delete;
-
-    std::string form() const { return folder_ + std::string("/a.form"); }
-    std::string text() const { return folder_ + std::string("/a.text"); }
-    std::string picture() const { return folder_ + std::string("/a.bmp"); }
 
     void write(const Form &form_of) const {
         Random random; // the same bytes each time
@@ -143,19 +151,20 @@ public:
             if (number > window) hang(records, number);
         }
         records[window - 1].type = VEL_TYPE_WINDOW;
+        records[drawn_last(records) - 1].fill_g = 255;
         std::vector<Text> texts(count);
         for (Text &text : texts) {
             for (std::size_t k = 0; k + 1 < VEL_TEXT_SIZE; ++k) {
                 text.text[k] = form_of.write(random, k);
             }
         }
-        save(form(), records);
-        save(text(), texts);
+        save(form_path, records);
+        save(text_path, texts);
     }
     void write_picture() const {
         SDL_Surface *const picture =
             SDL_CreateRGBSurface(SDL_SWSURFACE, office::width, office::height, 8, 0, 0, 0, 0);
-        SDL_SaveBMP(picture, this->picture().c_str());
+        SDL_SaveBMP(picture, picture_path);
         SDL_FreeSurface(picture);
     }
 
@@ -166,8 +175,15 @@ private:
         records[number - 1].master = master;
         records[master - 1].dep_objs[place % VEL_MAX_DEPENDENTS] = number;
     }
-    template <class T> static void save(const std::string &path, const std::vector<T> &records) {
-        std::FILE *const file = std::fopen(path.c_str(), "wb");
+    static std::uint32_t drawn_last(const std::vector<Record> &records) {
+        std::uint32_t number = window;
+        while (records[number - 1].dep_objs[VEL_MAX_DEPENDENTS - 1] != 0) {
+            number = records[number - 1].dep_objs[VEL_MAX_DEPENDENTS - 1];
+        }
+        return number;
+    }
+    template <class T> static void save(const char *path, const std::vector<T> &records) {
+        std::FILE *const file = std::fopen(path, "wb");
         measure::demand(file != nullptr &&
                             std::fwrite(records.data(), sizeof(T), records.size(), file) ==
                                 records.size() &&
@@ -184,7 +200,14 @@ struct Figures {
     double seconds, mebibytes;
 };
 
-Figures show(const Files &files) {
+// The object that is drawn last is as green as no other.
+bool shows_the_last(const office::Display &display) {
+    const auto *pixels = static_cast<const Uint32 *>(display.screen->pixels);
+    return std::any_of(pixels, pixels + office::width * office::height,
+                       [green = display.pixel_of(0xFF00)](Uint32 pixel) { return pixel == green; });
+}
+
+Figures show(const Form &form) {
     const office::Display display = office::open_display();
     vel_context ctx{};
     ctx.screen = display.screen;
@@ -193,25 +216,27 @@ Figures show(const Files &files) {
     ctx.screen_height = office::height;
     ctx.screen_rect = {0, 0, office::width, office::height};
     const auto start = std::chrono::steady_clock::now();
-    const std::int32_t loaded =
-        vel_load_forms(&ctx, 0, 0, files.form().c_str(), files.text().c_str());
+    const std::int32_t loaded = vel_load_forms(&ctx, 0, 0, form_path, text_path);
     measure::demand(loaded == VEL_OK, "the form does not load");
     ctx.window_to_activate = window;
     vel_activate_window(&ctx);
     vel_draw_all_objects(&ctx, 1, 1);
     const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - start;
+    measure::demand(!form.has_one_on_top() || shows_the_last(display),
+                    "what is on top does not show");
     rusage used{};
     getrusage(RUSAGE_SELF, &used);
     return {passed.count(), static_cast<double>(used.ru_maxrss) / 1024};
 }
 
-Figures show_in_process(const Files &files) {
+// None when the form was not shown, which the process has said.
+std::optional<Figures> show_in_process(const Form &form) {
     int ends[2];
     measure::demand(pipe(ends) == 0, "there is no pipe");
     const pid_t child = fork();
     measure::demand(child >= 0, "there is no process");
     if (child == 0) {
-        const Figures figures = show(files);
+        const Figures figures = show(form);
         _exit(write(ends[1], &figures, sizeof figures) == sizeof figures ? 0 : 1);
     }
     close(ends[1]);
@@ -219,23 +244,24 @@ Figures show_in_process(const Files &files) {
     const bool is_whole = read(ends[0], &figures, sizeof figures) == sizeof figures;
     close(ends[0]);
     waitpid(child, nullptr, 0);
-    measure::demand(is_whole, "a form was not shown");
-    return figures;
+    return is_whole ? std::optional(figures) : std::nullopt;
 }
 
-void measure_form(const Form &form, const Files &files, std::size_t runs) {
+bool measure_form(const Form &form, const Files &files, std::size_t runs) {
     files.write(form);
     std::vector<double> seconds;
     double mebibytes = 0;
     for (std::size_t run = 0; run < runs; ++run) {
-        const Figures figures = show_in_process(files);
-        seconds.push_back(figures.seconds);
-        mebibytes = std::max(mebibytes, figures.mebibytes);
+        const std::optional<Figures> figures = show_in_process(form);
+        if (!figures) return false;
+        seconds.push_back(figures->seconds);
+        mebibytes = std::max(mebibytes, figures->mebibytes);
     }
     std::sort(seconds.begin(), seconds.end());
     std::printf("%-32s %6.2f s, at best %.2f, at worst %.2f; %4.0f MiB\n", form.name,
                 seconds[seconds.size() / 2], seconds.front(), seconds.back(), mebibytes);
     std::fflush(stdout);
+    return true;
 }
 
 } // namespace
@@ -245,9 +271,10 @@ int main(int argc, char **argv) {
     measure::demand(runs > 0, "usage: worst_bench [RUNS]");
     const Files files;
     files.write_picture();
-    const std::string path = files.picture();
-    picture_path = path.c_str();
     std::printf("%u objects and texts of 999 characters, from files to a screen of %d x %d:\n",
                 count, office::width, office::height);
-    for (const Form &form : forms) measure_form(form, files, static_cast<std::size_t>(runs));
+    const bool are_shown = std::all_of(std::begin(forms), std::end(forms), [&](const Form &form) {
+        return measure_form(form, files, static_cast<std::size_t>(runs));
+    });
+    return are_shown ? 0 : 1;
 }
