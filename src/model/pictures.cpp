@@ -56,7 +56,7 @@ SDL_Surface *PictureLoading::load_checked(const char *path) try {
     const auto [known, is_new] = known_.try_emplace(path, nullptr);
     if (is_new) return known->second = load_first(path);
     SDL_Surface *first = known->second;
-    if (first == nullptr || !have_room_for(i64{first->w} * first->h)) return nullptr;
+    if (first == nullptr || !has_room_for(i64{first->w} * first->h)) return nullptr;
     SDL_Surface *copy = SDL_ConvertSurface(first, first->format, first->flags);
     if (copy != nullptr) pixels_ += i64{copy->w} * copy->h;
     return copy;
@@ -64,7 +64,7 @@ SDL_Surface *PictureLoading::load_checked(const char *path) try {
     return nullptr;
 }
 
-bool PictureLoading::have_room_for(i64 pixels) const {
+bool PictureLoading::has_room_for(i64 pixels) const {
     return pixels_ + pixels <= most_pixels_in_all;
 }
 
@@ -75,7 +75,7 @@ SDL_Surface *PictureLoading::load_first(const char *path) {
     if (format == PictureFormat::other && ctx_.strict_pictures != 0) return nullptr;
     const i64 pixels = pixels_of_whole(format, content.bytes());
     if (format != PictureFormat::other && pixels == 0) return nullptr;
-    if (!have_room_for(pixels)) return nullptr;
+    if (!has_room_for(pixels)) return nullptr;
     const Stream stream(SDL_RWFromConstMem(content.bytes().data(), static_cast<int>(content.size)));
     if (stream == nullptr) return nullptr;
     SDL_Surface *picture = decode(format, stream.get(), path);

@@ -19,7 +19,7 @@ public:
 private:
     SDL_Surface *load_checked(const char *path);
     SDL_Surface *load_first(const char *path);
-    bool have_room_for(i64 pixels) const;
+    bool has_room_for(i64 pixels) const;
 
     const vel_context &ctx_;
     FormFiles files_;
