@@ -136,6 +136,7 @@ private:
         }
         o.border_style = random.below(7);
         o.border_inset = random.below(4);
+        o.window_kind = o.centred = random.below(2); // both in a window that centres its lines
         o.clip_mode = random.below(3);
         o.hidden = random.one_in(6);
         o.editable = 1;
@@ -309,6 +310,28 @@ TEST_F(QuickForm, many_fonts_in_one_picture_are_each_their_own) {
     velumo::state_of(ctx).draws_plainly = false;
     expect_drawn_afresh();
     for (TTF_Font *font : fonts) TTF_CloseFont(font);
+}
+
+// Lines of less than one pixel go up from below the object's middle, and an object far on the left
+// is where 16 bits of its place are.
+TEST_F(QuickForm, text_shows_outside_its_limits) {
+    struct Case {
+        std::uint32_t x, line_spacing, scroll_y, margin_right;
+    };
+    for (const auto &[x, line_spacing, scroll_y, margin_right] :
+         {Case{50, 0U - 40, 35, 0}, Case{0U - 65520, 0, 0, 60000}}) {
+        vel_object &label = make(8, VEL_TYPE_LABEL, static_cast<int>(x), 60, 100, 40);
+        label.line_spacing = line_spacing;
+        label.scroll_y = scroll_y;
+        label.margin_right = margin_right;
+        set_label(label, "M");
+        clear();
+        velumo::state_of(ctx).draws_plainly = true;
+        vel_draw_all_objects(&ctx, 0, 0);
+        velumo::state_of(ctx).draws_plainly = false;
+        EXPECT_NE(box_of(blue), "") << x;
+        expect_drawn_afresh();
+    }
 }
 
 // Each picture is as large as the screen. A small box comes after them, and a window.

@@ -42,6 +42,7 @@ bool mixes(const PaintOp &op) {
         return op.image != nullptr && (op.image->flags & (SDL_SRCALPHA | SDL_SRCCOLORKEY)) != 0;
     case PaintOp::Kind::veil:
     case PaintOp::Kind::text:
+    case PaintOp::Kind::block:
         break;
     }
     return true;

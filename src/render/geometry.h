@@ -75,6 +75,14 @@ struct Piece {
 };
 Piece visible_piece(Span limits, Span extent, u32 full);
 
+// Where a part of a surface shows, and which part that is.
+struct Patch {
+    i64 x, y, from_x, from_y, width, height;
+};
+inline Patch patch_of(const Piece &x, const Piece &y) {
+    return {x.at, y.at, x.from, y.from, x.length, y.length};
+}
+
 // Pixels of a span, counted in 32 bits; 0 when it has none.
 inline i64 room_in(Span span) { return std::max(as_signed(as_field(span.end - span.begin)), 0); }
 

@@ -1,7 +1,7 @@
 // One step of painting, with everything that its pixels follow from. For drawing.
 #pragma once
 
-#include "render/rect.h"
+#include "render/geometry.h"
 
 namespace velumo {
 
@@ -34,19 +34,14 @@ inline SDL_Rect sdl_rect(const Area &a) {
     return sdl_rect(Rect{a.left, a.top, i64{a.right} - a.left, i64{a.bottom} - a.top});
 }
 
-struct TextLine {
-    TTF_Font *font;
-    const char *text;
-    vel_colour colour;
-};
-
 struct PaintOp {
     enum class Kind : u8 {
         box,
         run,   // of pixels, one row or one column, on the surface as a whole
         veil,  // a box that lets through what is under it
         image, // a part of a surface
-        text   // a part of a rendered line
+        text,  // a part of a rendered line
+        block  // lines of text that are not looked at yet
     };
     Kind kind = Kind::box;
     bool takes_lock = false; // a run, where the surface must be locked
@@ -59,8 +54,12 @@ struct PaintOp {
     TTF_Font *font = nullptr;     // of a text
     u32 font_id = 0;              // of its table, which may be gone when the text is painted
     u32 line_number = 0;          // of a text that is compared; different texts never share one
+    u32 block_number = 0;         // of a block, among those of the picture
 
     bool paints_same_as(const PaintOp &other) const;
 };
+PaintOp box_op(const Rect &rect, vel_colour colour);
+PaintOp image_op(SDL_Surface *image, const Patch &patch);
+PaintOp text_op(TTF_Font *font, const char *text, vel_colour colour, const Patch &patch);
 
 } // namespace velumo

@@ -4,7 +4,6 @@
 
 #include "render/picture.h"
 #include "render/pixels.h"
-#include "text/font_table.h"
 
 namespace velumo {
 namespace {
@@ -22,17 +21,13 @@ void paint_what_was_gathered(vel_context &ctx) {
     if (Picture *picture = picture_of(ctx)) picture->paint(ctx);
 }
 
-void paint_now(vel_context &ctx, const PaintOp &op) {
+void paint_now(vel_context &ctx, PaintOp op) {
     paint_what_was_gathered(ctx);
+    if (op.kind == PaintOp::Kind::text) {
+        SDL_FreeSurface(ctx.text_surface);
+        op.image = ctx.text_surface = render_line(op.font, op.text, op.colour);
+    }
     paint_part(*ctx.screen, op, op.area);
-}
-
-void paint_text_now(vel_context &ctx, const TextLine &line, PaintOp place) {
-    paint_what_was_gathered(ctx);
-    SDL_FreeSurface(ctx.text_surface);
-    ctx.text_surface = render_line(line.font, line.text, line.colour);
-    place.image = ctx.text_surface;
-    paint_part(*ctx.screen, place, place.area);
 }
 
 } // namespace
@@ -88,21 +83,20 @@ void paint(vel_context &ctx, const PaintOp &op) {
     if (ctx.screen == nullptr) return;
     Picture *picture = gathering_picture(ctx);
     try {
-        if (picture != nullptr) return picture->add(ctx, op);
+        if (picture != nullptr && picture->add(ctx, op)) return;
     } catch (const std::bad_alloc &) {
     }
     paint_now(ctx, op);
 }
 
-void paint_text(vel_context &ctx, const TextLine &line, const PaintOp &place) {
-    if (ctx.screen == nullptr) return;
+void paint(vel_context &ctx, const TextBlock &block) {
     Picture *picture = gathering_picture(ctx);
-    const FontTable *table = picture == nullptr ? nullptr : table_of(ctx, line.font);
+    const bool may_wait = picture != nullptr && may_be_painted_later(ctx, block);
     try {
-        if (table != nullptr) return picture->add_text(ctx, line, table->id, place);
+        if (may_wait && picture->add(ctx, block)) return;
     } catch (const std::bad_alloc &) {
     }
-    paint_text_now(ctx, line, place);
+    for_each_op(ctx, block, [&ctx](const PaintOp &op) { paint(ctx, op); });
 }
 
 } // namespace velumo

@@ -6,7 +6,7 @@
 #include <span>
 
 #include "model/walk.h"
-#include "render/paint_op.h"
+#include "render/text_block.h"
 #include "text/fonts.h"
 
 namespace velumo {
@@ -47,10 +47,9 @@ void begin_object(vel_context &ctx);
 // False when the picture that is being made has become so large that what follows is not painted.
 bool may_go_on(const vel_context &ctx);
 
-// Paints with the picture that is being made, or at once.
+// Both paint with the picture that is being made, or at once. The line of text that is painted last
+// is text_surface.
 void paint(vel_context &ctx, const PaintOp &op);
-
-// The operation says where, and which part of the line. The line painted last is text_surface.
-void paint_text(vel_context &ctx, const TextLine &line, const PaintOp &place);
+void paint(vel_context &ctx, const TextBlock &block);
 
 } // namespace velumo

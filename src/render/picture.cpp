@@ -4,6 +4,8 @@
 
 #include "render/changes.h"
 #include "render/pixels.h"
+#include "text/font_table.h"
+#include "text/fonts.h"
 
 namespace velumo {
 namespace {
@@ -27,6 +29,13 @@ bool share_pixels(const SDL_Surface &screen, const SDL_Surface *image) {
     return is_before(start(*image), end(screen)) && is_before(start(screen), end(*image));
 }
 
+// False without memory for what is known of its font.
+bool has_font_id(const vel_context &ctx, PaintOp &text) {
+    const FontTable *table = table_of(ctx, text.font);
+    if (table != nullptr) text.font_id = table->id;
+    return table != nullptr;
+}
+
 LineKey key_of(const PaintOp &text) { return {text.font_id, text.colour, text.text}; }
 
 } // namespace
@@ -45,25 +54,31 @@ void Picture::open(const vel_context &ctx, bool compares_texts) {
     is_whole_ = true;
 }
 
-void Picture::add(vel_context &ctx, const PaintOp &op) {
+bool Picture::add(vel_context &ctx, PaintOp op) {
+    const bool is_text = op.kind == PaintOp::Kind::text;
+    if (is_text && !has_font_id(ctx, op)) return false;
     make_room(ctx);
+    if (is_text && compares_texts_) op.line_number = lines_.line_of(key_of(op), op.font).number;
     append(*ctx.screen, op);
+    if (is_text) {
+        last_text_ = op;
+        blocks_before_it_ = blocks_.size();
+    }
+    return true;
 }
 
-void Picture::add_text(vel_context &ctx, const TextLine &line, u32 font_id, const PaintOp &place) {
+bool Picture::add(vel_context &ctx, const TextBlock &block) {
+    PaintOp op{.kind = PaintOp::Kind::block, .area = area_of(block), .font = block.font};
+    if (compares_texts_ || !has_font_id(ctx, op)) return false;
     make_room(ctx);
-    PaintOp text = place;
-    text.font = line.font;
-    text.font_id = font_id;
-    text.text = line.text;
-    text.colour = line.colour;
-    if (compares_texts_) text.line_number = lines_.line_of(key_of(text), line.font).number;
-    append(*ctx.screen, text);
-    last_text_ = text;
+    op.block_number = static_cast<u32>(blocks_.size());
+    blocks_.push_back(block);
+    append(*ctx.screen, op);
+    return true;
 }
 
 void Picture::make_room(vel_context &ctx) {
-    if (ops_.size() == max_ops) paint(ctx);
+    if (std::max(ops_.size(), blocks_.size()) == max_ops) paint(ctx);
 }
 
 void Picture::append(const SDL_Surface &screen, const PaintOp &op) {
@@ -85,13 +100,13 @@ void Picture::append(const SDL_Surface &screen, const PaintOp &op) {
 
 void Picture::paint(vel_context &ctx) {
     ground_ = {};
-    is_whole_ = false;
-    if (!ops_.empty()) paint_ops(*ctx.screen);
+    is_whole_ = compares_texts_ = false;
+    if (!ops_.empty()) paint_ops(ctx);
     end(ctx);
 }
 
 void Picture::paint_window(vel_context &ctx) {
-    if (!ops_.empty()) paint_ops(*ctx.screen);
+    if (!ops_.empty()) paint_ops(ctx);
     remember_window(ctx);
     end(ctx);
 }
@@ -117,15 +132,33 @@ void Picture::paint_op(SDL_Surface &screen, PaintOp op, const Area &part) {
     paint_part(screen, op, part);
 }
 
-void Picture::paint_ops(SDL_Surface &screen) {
+void Picture::paint_ops(vel_context &ctx) {
+    SDL_Surface &screen = *ctx.screen;
     const bool leaves_out = may_leave_out(screen) && find_visible(screen);
     for (std::size_t k = 0; k < ops_.size(); ++k) {
         if (k == window_begins_) work_.begin(&screen);
         const auto whole = std::span(&ops_[k].area, 1);
-        for (const Area &part : leaves_out ? visibility_.shown(k) : whole) {
-            paint_op(screen, ops_[k], part);
+        const auto parts = leaves_out ? visibility_.shown(k) : whole;
+        if (ops_[k].kind == PaintOp::Kind::block) {
+            paint_block(ctx, ops_[k], parts);
+        } else {
+            for (const Area &part : parts) paint_op(screen, ops_[k], part);
         }
     }
+}
+
+void Picture::paint_block(vel_context &ctx, const PaintOp &op, std::span<const Area> parts) {
+    if (parts.empty() || !work_.is_left()) return;
+    const TextBlock &block = blocks_[op.block_number];
+    work_.spend(work_of_looking_at(block.lines));
+    for_each_op(ctx, block, [&](PaintOp line) {
+        work_.spend(work_of_looking_at(1));
+        line.font_id = op.font_id;
+        for (const Area &part : parts) {
+            const Area shown = common(line.area, part);
+            if (!common(shown, area_of(*ctx.screen)).is_empty()) paint_op(*ctx.screen, line, shown);
+        }
+    });
 }
 
 // Where a pixel is refused with a message, each is refused; and what is painted from the surface
@@ -180,14 +213,34 @@ void Picture::remember_window(const vel_context &ctx) {
     ground_ = Ground(*ctx.screen);
 }
 
+// The blocks behind the last text that is known may have been covered, so that nobody looked what
+// they paint.
+void Picture::find_last_text(vel_context &ctx) {
+    bool is_found = false;
+    for (std::size_t k = blocks_.size(); k-- > blocks_before_it_ && !is_found;) {
+        if (!work_.is_left()) return;
+        if (blocks_[k].shows_dots) continue;
+        work_.spend(work_of_looking_at(blocks_[k].lines));
+        for_each_op(ctx, blocks_[k], [&](const PaintOp &op) {
+            if (op.kind != PaintOp::Kind::text) return;
+            last_text_ = op;
+            is_found = true;
+        });
+    }
+    if (is_found && !has_font_id(ctx, last_text_)) last_text_ = {};
+}
+
 void Picture::end(vel_context &ctx) {
+    find_last_text(ctx);
     if (last_text_.font != nullptr) {
         lines_.hand_over(key_of(last_text_), last_text_.font, ctx.text_surface, work_);
     }
     last_text_ = {};
+    blocks_before_it_ = 0;
     // All that was painted came before the window.
     if (window_begins_ == ops_.size()) work_.begin(ctx.screen);
     ops_.clear();
+    blocks_.clear();
     groups_.clear();
     begins_group_ = false;
     window_begins_.reset();

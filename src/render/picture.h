@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "model/walk.h"
+#include "render/text_block.h"
 #include "render/text_cache.h"
 #include "render/visibility.h"
 #include "render/work.h"
@@ -29,9 +30,10 @@ public:
     void begin_window() { window_begins_ = ops_.size(); }
     // What follows is of one object.
     void begin_object() { begins_group_ = true; }
-    // Both throw std::bad_alloc, and then add nothing.
-    void add(vel_context &ctx, const PaintOp &op);
-    void add_text(vel_context &ctx, const TextLine &line, u32 font_id, const PaintOp &place);
+    // Both add nothing where they return false, and throw std::bad_alloc: what cannot be kept until
+    // it is painted.
+    bool add(vel_context &ctx, PaintOp op);
+    bool add(vel_context &ctx, const TextBlock &block);
 
     // Paints what was gathered.
     void paint(vel_context &ctx);
@@ -56,7 +58,8 @@ private:
 
     void append(const SDL_Surface &screen, const PaintOp &op);
     void make_room(vel_context &ctx);
-    void paint_ops(SDL_Surface &screen);
+    void paint_ops(vel_context &ctx);
+    void paint_block(vel_context &ctx, const PaintOp &op, std::span<const Area> parts);
     void paint_op(SDL_Surface &screen, PaintOp op, const Area &part);
     bool may_leave_out(const SDL_Surface &screen) const;
     bool find_visible(const SDL_Surface &screen);
@@ -64,6 +67,7 @@ private:
     void paint_again(SDL_Surface &screen, const Area &area);
     std::size_t first_op_in(const Area &area, const Area &clip) const;
     void remember_window(const vel_context &ctx);
+    void find_last_text(vel_context &ctx);
     void end(vel_context &ctx);
 
     u32 depth_ = 0; // of Painting
@@ -72,12 +76,14 @@ private:
     Work work_;                                // that it may still cost
     std::optional<std::size_t> window_begins_; // with which operation, until that is painted
     std::vector<PaintOp> ops_;                 // in the order of painting
+    std::vector<TextBlock> blocks_;            // the same, also what does not show
     std::vector<PaintGroup> groups_;           // what each object paints
     bool begins_group_ = false;
     bool is_whole_ = true; // nothing of it was painted already
     TextCache lines_;
     bool compares_texts_ = false;
     PaintOp last_text_; // that was to be painted, without a font when there was none
+    std::size_t blocks_before_it_ = 0;
     Visibility visibility_;
     Ground ground_; // of the window painted last, if nothing was painted since
     std::vector<PaintOp> window_;

@@ -126,6 +126,8 @@ void paint_part(SDL_Surface &screen, const PaintOp &op, const Area &part) {
         blit(screen, op.image, op.from_x + part.left - op.area.left,
              op.from_y + part.top - op.area.top, part);
         break;
+    case PaintOp::Kind::block: // its lines are painted one by one
+        break;
     }
 }
 

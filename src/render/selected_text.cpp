@@ -3,7 +3,7 @@
 #include <new>
 
 #include "model/types.h"
-#include "render/surface.h"
+#include "render/colour.h"
 #include "text/rows.h"
 
 namespace velumo {

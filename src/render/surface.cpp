@@ -31,17 +31,6 @@ void paint_run(vel_context &ctx, const Rect &r, vel_colour colour, Locking locki
     paint(ctx, op);
 }
 
-// A part of a surface, and where it goes.
-PaintOp op_of(PaintOp::Kind kind, const Patch &p) {
-    const SDL_Rect from = sdl_rect(Rect{p.from_x, p.from_y, p.width, p.height});
-    const SDL_Rect to = sdl_rect(Rect{p.x, p.y, p.width, p.height});
-    PaintOp op{.kind = kind};
-    op.area = area_of(to);
-    op.from_x = from.x;
-    op.from_y = from.y;
-    return op;
-}
-
 } // namespace
 
 void draw_pixel(vel_context &ctx, Pixel at, vel_colour colour) {
@@ -67,9 +56,7 @@ void draw_line(vel_context &ctx, Pixel from, Pixel to, vel_colour colour, Lockin
 }
 
 void draw_box(vel_context &ctx, const Rect &rect, vel_colour colour) {
-    PaintOp op{.kind = PaintOp::Kind::box, .colour = colour};
-    op.area = area_of(sdl_rect(rect));
-    paint(ctx, op);
+    paint(ctx, box_op(rect, colour));
 }
 
 void draw_outline(vel_context &ctx, const Rect &rect, vel_colour colour) {
@@ -92,13 +79,7 @@ void draw_veil(vel_context &ctx, const Rect &rect, vel_colour colour, u8 opacity
 
 void draw_image(vel_context &ctx, SDL_Surface *image, const Patch &patch) {
     if (image == nullptr) return;
-    PaintOp op = op_of(PaintOp::Kind::image, patch);
-    op.image = image;
-    paint(ctx, op);
-}
-
-void draw_text(vel_context &ctx, const TextLine &line, const Patch &patch) {
-    paint_text(ctx, line, op_of(PaintOp::Kind::text, patch));
+    paint(ctx, image_op(image, patch));
 }
 
 } // namespace velumo

@@ -34,10 +34,13 @@ inline i64 work_of(PaintOp::Kind kind, i64 pixels) {
     case PaintOp::Kind::image:
         return 500 + 12 * pixels;
     case PaintOp::Kind::text:
+    case PaintOp::Kind::block:
         break;
     }
     return 1500 + 4 * pixels;
 }
+// Of so many lines of a text, or boxes of it, of which it is asked what shows.
+inline i64 work_of_looking_at(u32 count) { return 200 * i64{count}; }
 // Of a line, before it is painted the first time.
 inline i64 work_of_rendering(i64 pixels) { return 20000 + 2 * pixels; }
 
