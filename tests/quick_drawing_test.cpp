@@ -357,7 +357,7 @@ TEST_F(QuickForm, hundreds_of_pictures_over_each_other_are_not_all_painted) {
 
 // --- Widths
 
-// How much of the front of a text fits a line, word by word, each with its blank.
+// How much of the front of a text fits a line, word by word and blank by blank.
 std::size_t fitting(TTF_Font *font, const std::string &text, int line_width) {
     const auto wide = [font](const std::string &s) {
         return static_cast<int>(velumo::width_asked_of(font, s.c_str()));
@@ -366,8 +366,9 @@ std::size_t fitting(TTF_Font *font, const std::string &text, int line_width) {
     for (std::size_t end = 0; (end = text.find(' ', line.size())) != std::string::npos;) {
         const std::string word = text.substr(line.size(), end - line.size());
         if (!word.empty() && wide(word) > line_width - wide(line)) break;
-        if (wide(line + word + ' ') > line_width) break;
-        line += word + ' ';
+        line += word;
+        if (wide(line + ' ') > line_width) break;
+        line += ' ';
     }
     return line.size();
 }

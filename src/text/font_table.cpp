@@ -69,16 +69,20 @@ u32 FontTable::width(const char *text) {
 }
 
 u32 FontTable::growing_width(const char *text) {
-    if (std::strncmp(text, grown_, grown_length_) != 0) {
+    const Extent line = grown(text);
+    return is_exact_ ? width_of(line) : width_asked_of(look_.font, text);
+}
+
+Extent FontTable::grown(std::string_view text) {
+    if (!text.starts_with({grown_, grown_length_})) {
         grown_length_ = 0;
         grown_line_ = {};
     }
-    Extent line = grown_line_;
-    if (const std::string_view added = text + grown_length_; !added.empty()) {
-        line = extended(line, added);
-        keep_grown(added, line);
-    }
-    return is_exact_ ? width_of(line) : width_asked_of(look_.font, text);
+    const std::string_view added = text.substr(grown_length_);
+    if (added.empty()) return grown_line_;
+    const Extent line = extended(grown_line_, added);
+    keep_grown(added, line);
+    return line;
 }
 
 void FontTable::keep_grown(std::string_view added, const Extent &line) {
@@ -88,30 +92,29 @@ void FontTable::keep_grown(std::string_view added, const Extent &line) {
     grown_line_ = line;
 }
 
-Fitting FontTable::fitting_words(const char *line, std::string_view text, u32 line_width) {
+Fitting FontTable::fitting_words(std::string_view line, std::string_view text, u32 line_width) {
     const std::string_view words = ended_words(text);
     // Without one for this line, nothing need be measured.
     if (words.empty()) return {};
-    u32 width = growing_width(line);
-    Fitting fitting{sure_words(grown_line_, words, line_width)};
-    Extent extent = grown_line_;
-    if (fitting.characters != 0) {
-        extent = extended(extent, words.substr(0, fitting.characters));
-        width = width_of(extent);
-    }
+    Extent extent = grown(line);
+    Fitting fitting{sure_words(extent, words, line_width)};
+    extent = extended(extent, words.substr(0, fitting.characters));
+    u32 width = width_of(extent);
     for (u32 begin = fitting.characters, end = begin; end < words.size(); begin = ++end) {
         Extent word = nothing;
         while (words[end] != ' ') extend(word, words[end++]);
         if (end - begin > longest_word) break;
-        Extent longer = extent;
         if (end != begin) {
             fitting.next_is_too_wide = !fits_behind(width, width_of(word), line_width);
             if (fitting.next_is_too_wide) break;
-            longer = joined(extent, word, words[begin]);
+            extent = joined(extent, word, words[begin]);
+            fitting.characters = end;
         }
+        Extent longer = extent;
         extend(longer, ' ');
         width = width_of(longer);
-        if (width > line_width) break;
+        fitting.next_is_too_wide = width > line_width;
+        if (fitting.next_is_too_wide) break;
         extent = longer;
         fitting.characters = end + 1;
     }
@@ -137,9 +140,9 @@ u32 FontTable::sure_words(const Extent &line, std::string_view words, u32 line_w
     return sure;
 }
 
-Fitting FontTable::fitting_characters(const char *line, std::string_view text, u32 line_width) {
-    growing_width(line);
-    Extent extent = grown_line_;
+Fitting FontTable::fitting_characters(std::string_view line, std::string_view text,
+                                      u32 line_width) {
+    Extent extent = grown(line);
     Fitting fitting;
     while (fitting.characters < text.size()) {
         Extent longer = extent;

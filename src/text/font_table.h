@@ -50,8 +50,8 @@ public:
     u32 growing_width(const char *text);
     // See measure.h. The line is shorter than its buffer; the next width asked for is mostly that
     // of it with what fits.
-    Fitting fitting_words(const char *line, std::string_view text, u32 line_width);
-    Fitting fitting_characters(const char *line, std::string_view text, u32 line_width);
+    Fitting fitting_words(std::string_view line, std::string_view text, u32 line_width);
+    Fitting fitting_characters(std::string_view line, std::string_view text, u32 line_width);
 
 private:
     // Where its pixels begin, and how far they reach beyond where the next character starts, from
@@ -86,6 +86,7 @@ private:
         return static_cast<u32>(pixels + 2 * outline_);
     }
     u32 sure_words(const Extent &line, std::string_view words, u32 line_width) const;
+    Extent grown(std::string_view text);
     void keep_grown(std::string_view added, const Extent &line);
     bool explains_pair(u8 before, u8 character);
 

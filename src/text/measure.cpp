@@ -49,13 +49,13 @@ u32 growing_width(const vel_context &ctx, TTF_Font *font, const char *text) {
     return measured<&FontTable::growing_width>(ctx, font, text);
 }
 
-Fitting fitting_words(const vel_context &ctx, TTF_Font *font, const char *line,
+Fitting fitting_words(const vel_context &ctx, TTF_Font *font, std::string_view line,
                       std::string_view text, u32 line_width) {
     return fitting(ctx, font,
                    [&](FontTable &table) { return table.fitting_words(line, text, line_width); });
 }
 
-Fitting fitting_characters(const vel_context &ctx, TTF_Font *font, const char *line,
+Fitting fitting_characters(const vel_context &ctx, TTF_Font *font, std::string_view line,
                            std::string_view text, u32 line_width) {
     return fitting(ctx, font, [&](FontTable &table) {
         return table.fitting_characters(line, text, line_width);

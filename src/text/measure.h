@@ -14,11 +14,11 @@ u32 text_width(const vel_context &ctx, TTF_Font *font, const char *text);
 // The same, quick for a text that begins as the one before in its font: a line that grows.
 u32 growing_width(const vel_context &ctx, TTF_Font *font, const char *text);
 
-// The words that have a blank behind them, with their blanks; and single characters. Nothing is
+// The words that have a blank behind them, and their blanks; and single characters. Nothing is
 // known to fit, nor to be too wide, where the font is asked for each width.
-Fitting fitting_words(const vel_context &ctx, TTF_Font *font, const char *line,
+Fitting fitting_words(const vel_context &ctx, TTF_Font *font, std::string_view line,
                       std::string_view text, u32 line_width);
-Fitting fitting_characters(const vel_context &ctx, TTF_Font *font, const char *line,
+Fitting fitting_characters(const vel_context &ctx, TTF_Font *font, std::string_view line,
                            std::string_view text, u32 line_width);
 
 // Pixels from one line of an object's text to the next.

@@ -1,6 +1,6 @@
 #include "text/words.h"
 
-#include <cstring>
+#include <optional>
 
 #include "text/line_width.h"
 
@@ -14,19 +14,19 @@ void take_back_character(vel_context &ctx, const Place &place) {
     put_all(ctx, place.text, place.line, place.column, {"", 1});
 }
 
-// The line at the place; null when it is not what was placed on it so far.
-const char *placed_line(const vel_context &ctx, const Place &place) {
-    const char *line = line_of(ctx, place.text, place.line);
-    return std::strlen(line) == place.column ? line : nullptr;
+// The line at the place; none when it is not what was placed on it so far.
+std::optional<std::string_view> placed_line(const vel_context &ctx, const Place &place) {
+    const std::string_view line = line_of(ctx, place.text, place.line);
+    return line.size() == place.column ? std::optional(line) : std::nullopt;
 }
 
 // Those that surely fit, without a look at each. The column is before the last one.
 Fitting copy_fitting_characters(vel_context &ctx, const vel_object &object, Place &place,
                                 Word word) {
-    const char *line = placed_line(ctx, place);
-    if (line == nullptr) return {};
+    const auto line = placed_line(ctx, place);
+    if (!line) return {};
     const u32 most = std::min(word.length, last_column - place.column);
-    const Fitting fitting = fitting_characters(ctx, font_of(ctx, object), line,
+    const Fitting fitting = fitting_characters(ctx, font_of(ctx, object), *line,
                                                {word.characters, most}, object.line_width);
     copy_characters(ctx, place, {word.characters, fitting.characters});
     if (fitting.next_is_too_wide) take_back_character(ctx, place);
@@ -62,9 +62,9 @@ Placed split_word(vel_context &ctx, const vel_object &object, Word word, Place &
 // None where the object has no line width yet, or the line is not what was placed on it so far.
 Fitting words_for_line(const vel_context &ctx, const vel_object &object, const Place &place,
                        std::string_view text) {
-    const char *line = placed_line(ctx, place);
-    if (line == nullptr || object.line_width == 0 || place.column >= max_columns) return {};
-    return fitting_words(ctx, font_of(ctx, object), line,
+    const auto line = placed_line(ctx, place);
+    if (!line || object.line_width == 0 || place.column >= max_columns) return {};
+    return fitting_words(ctx, font_of(ctx, object), *line,
                          text.substr(0, max_columns - place.column), object.line_width);
 }
 
@@ -88,7 +88,7 @@ void copy_characters(vel_context &ctx, Place &place, Word word) {
 u32 copy_whole_words(vel_context &ctx, const vel_object &object, Place &place,
                      std::string_view text) {
     u32 copied = 0;
-    for (Place at = place;; next_line(at)) {
+    for (Place at = place;;) {
         const Fitting words = words_for_line(ctx, object, at, text.substr(copied));
         // A word that is too wide for a line of its own is not one for the next.
         if (words.characters == 0 && at.line != place.line) return copied;
@@ -96,6 +96,13 @@ u32 copy_whole_words(vel_context &ctx, const vel_object &object, Place &place,
         copied += words.characters;
         place = at;
         if (!words.next_is_too_wide || place.line >= last_line) return copied;
+        next_line(at);
+        if (text[copied] == ' ') {
+            take_back_character(ctx, place);
+            copy_characters(ctx, at, {" ", 1});
+            ++copied;
+            place = at;
+        }
     }
 }
 

@@ -40,8 +40,8 @@ bool try_character(vel_context &ctx, const vel_object &object, const Place &plac
 void copy_characters(vel_context &ctx, Place &place, Word word);
 
 // Writes the words at the front of a text that have a blank behind them and go whole into a line of
-// the object, from the place on. Returns how many characters of the text that were. It stops at the
-// last line and where it takes more than that: a word to split, a blank that begins a line.
+// the object, from the place on, and the blanks. Returns how many characters of the text that were.
+// It stops at the end of the last line and at a word to split.
 u32 copy_whole_words(vel_context &ctx, const vel_object &object, Place &place,
                      std::string_view text);
 
