@@ -97,47 +97,38 @@ Fitting FontTable::fitting_words(std::string_view line, std::string_view text, u
     // Without one for this line, nothing need be measured.
     if (words.empty()) return {};
     Extent extent = grown(line);
-    Fitting fitting{sure_words(extent, words, line_width)};
-    extent = extended(extent, words.substr(0, fitting.characters));
-    u32 width = width_of(extent);
-    for (u32 begin = fitting.characters, end = begin; end < words.size(); begin = ++end) {
+    Fitting fitting;
+    u32 &fits = fitting.characters;
+    while ((fits += sure_words(extent, words.substr(fits), line_width)) < words.size()) {
+        u32 end = fits;
         Extent word = nothing;
         while (words[end] != ' ') extend(word, words[end++]);
-        if (end - begin > longest_word) break;
-        if (end != begin) {
-            fitting.next_is_too_wide = !fits_behind(width, width_of(word), line_width);
+        if (end - fits > longest_word) break;
+        if (end != fits) {
+            fitting.next_is_too_wide = !fits_behind(width_of(extent), width_of(word), line_width);
             if (fitting.next_is_too_wide) break;
-            extent = joined(extent, word, words[begin]);
-            fitting.characters = end;
+            extent = joined(extent, word, words[fits]);
+            fits = end;
         }
         Extent longer = extent;
         extend(longer, ' ');
-        width = width_of(longer);
-        fitting.next_is_too_wide = width > line_width;
+        fitting.next_is_too_wide = width_of(longer) > line_width;
         if (fitting.next_is_too_wide) break;
         extent = longer;
-        fitting.characters = end + 1;
+        ++fits;
     }
     if (!is_exact_) return {};
-    keep_grown(text.substr(0, fitting.characters), extent);
+    keep_grown(text.substr(0, fits), extent);
     return fitting;
 }
 
-// How many characters of the words at the front surely fit, by their steps alone.
-u32 FontTable::sure_words(const Extent &line, std::string_view words, u32 line_width) const {
+// Goes on by the words at the front that surely fit, by their steps alone, with their blanks.
+// Returns how many characters that are.
+u32 FontTable::sure_words(Extent &line, std::string_view words, u32 line_width) const {
     // A line and a word on its own both have pixels beside their steps, and a word that kerns with
     // the line is longer on its own.
     const int beside = 2 * (last_end_ - first_begin_ + 2 * outline_) + most_kerned_;
-    Extent steps{line.x, INT_MIN, INT_MAX, line.last};
-    const u32 followed = follow(steps, words, as_signed(line_width), beside);
-    // No word among so few characters is too long.
-    const std::string_view first = words.substr(0, std::min(followed, longest_word));
-    u32 sure = static_cast<u32>(first.rfind(' ') + 1);
-    for (std::size_t blank; (blank = words.find(' ', sure)) < followed;) {
-        if (blank - sure > longest_word) break;
-        sure = static_cast<u32>(blank + 1);
-    }
-    return sure;
+    return follow<Whole::words>(line, words, as_signed(line_width), beside);
 }
 
 Fitting FontTable::fitting_characters(std::string_view line, std::string_view text,
@@ -152,7 +143,8 @@ Fitting FontTable::fitting_characters(std::string_view line, std::string_view te
         extent = longer;
         ++fitting.characters;
         const int beside = last_end_ - std::min(extent.min_x, 0) + 2 * outline_;
-        fitting.characters += follow(extent, text.substr(fitting.characters), line_width, beside);
+        fitting.characters +=
+            follow<Whole::characters>(extent, text.substr(fitting.characters), line_width, beside);
     }
     if (!is_exact_) return {};
     keep_grown(text.substr(0, fitting.characters), extent);
@@ -174,28 +166,42 @@ Extent FontTable::extended(const Extent &extent, std::string_view characters) {
     while (!characters.empty()) {
         extend(longer, characters.front());
         characters.remove_prefix(1);
-        characters.remove_prefix(follow(longer, characters, INT_MAX, 0));
+        characters.remove_prefix(follow<Whole::characters>(longer, characters, INT_MAX, 0));
     }
     return longer;
 }
 
 // Goes on by known steps, as long as there is room for what follows and the pixels beside it, and
-// returns by how many characters. As no step goes back, only the first characters of a line can
-// begin before it, with which others deal, and only the last can end behind it.
+// returns by how many characters; of words, only by those with a blank behind them. As no step goes
+// back, only the first characters of a line can begin before it, with which others deal, and only
+// the last can end behind it.
+template <FontTable::Whole whole>
 inline u32 FontTable::follow(Extent &extent, std::string_view characters, i64 room,
                              int beside) const {
     if (steps_back_ || extent.x + first_begin_ < extent.min_x) return 0;
     const int last_x = static_cast<int>(std::clamp<i64>(room - beside, INT_MIN, INT_MAX));
     const u8 first = extent.last;
     std::size_t last = first;
-    int x = extent.x;
-    std::size_t count = 0;
+    int x = extent.x, ended_x = x;
+    std::size_t count = 0, ended = 0;
     for (; count < characters.size(); ++count) {
         const std::size_t character = static_cast<u8>(characters[count]);
         const int step = known_step(last, character);
         if (step == unknown_step || x + step > last_x) break;
         x += step;
         last = character;
+        if (whole == Whole::characters) continue;
+        if (character == ' ') {
+            ended = count + 1;
+            ended_x = x;
+        } else if (count - ended == longest_word) {
+            break;
+        }
+    }
+    if (whole == Whole::words) {
+        count = ended;
+        x = ended_x;
+        last = count == 0 ? first : ' ';
     }
     extent.x = x;
     extent.last = static_cast<u8>(last);

@@ -79,13 +79,15 @@ private:
     int sound(int pixels);
     void extend(Extent &extent, char character);
     Extent extended(const Extent &extent, std::string_view characters);
+    enum class Whole { characters, words };
+    template <Whole whole>
     u32 follow(Extent &extent, std::string_view characters, i64 room, int beside) const;
     Extent joined(const Extent &line, const Extent &word, char first);
     u32 width_of(const Extent &extent) const {
         const int pixels = std::max(extent.max_x, 0) - std::min(extent.min_x, 0);
         return static_cast<u32>(pixels + 2 * outline_);
     }
-    u32 sure_words(const Extent &line, std::string_view words, u32 line_width) const;
+    u32 sure_words(Extent &line, std::string_view words, u32 line_width) const;
     Extent grown(std::string_view text);
     void keep_grown(std::string_view added, const Extent &line);
     bool explains_pair(u8 before, u8 character);
