@@ -62,6 +62,11 @@ TEST_F(Flow, the_chain_ends_what_does_not_fit) {
         EXPECT_EQ(flow(feeds(40 * members) + "lost"), 39U) << members;
         EXPECT_STREQ(line(test::u32(members) + 1, 0), "");
     }
+    // Words without blanks are placed even then; here the list of members has no end.
+    make_chain(width_of("m"));
+    std::fill_n(objects[8].dep_objs, VEL_MAX_DEPENDENTS, 9U);
+    EXPECT_EQ(flow(std::string(20000, 'm')), 39U);
+    EXPECT_STREQ(line(1, 39), "m");
 }
 
 TEST_F(Flow, a_split_word_is_copied_with_its_nul_and_printed_on_the_last_line) {

@@ -65,6 +65,13 @@ TEST_F(Depth24, refuses_each_pixel_with_a_line_and_fills_boxes) {
               "24 bit is not supported ! \n24 bit is not supported ! \n"
               "Error - can't get color depth. \n");
     EXPECT_EQ(box_of(test::red), "1,1 1x1");
+    // Also what is covered later: the border's four lines.
+    make(8, VEL_TYPE_LABEL, 10, 10, 7, 5).border_style = VEL_BORDER_FRAME;
+    make(9, VEL_TYPE_LABEL, 0, 0, 100, 100);
+    testing::internal::CaptureStdout();
+    vel_draw_all_objects(&ctx, 0, 0);
+    const std::string printed = testing::internal::GetCapturedStdout();
+    EXPECT_EQ(std::count(printed.begin(), printed.end(), '\n'), 2 * 9 + 2 * 7);
 }
 
 // SDL makes them, and writes beside their memory.

@@ -5,6 +5,8 @@
 #include <random>
 #include <sstream>
 
+#include "clipboard/clipboard.h"
+
 namespace {
 
 using test::Names;
@@ -225,9 +227,11 @@ TEST_F(Typing, limits_hold_and_are_said) {
         {lines, "|" + feeds + "\n\n\nx", "x", "|" + feeds + "\n\n\nx", VEL_REFUSED_LINES, 'x'},
         {lines, "|" + feeds + "\n\nx", "Delete", "|" + feeds.substr(1) + "\n\nx",
          VEL_REFUSED_CHARACTER, 1},
+        {lines, "[x|", "C-v", "mm\nm|", VEL_REFUSED_CHARACTER, 0x20AC},
         {field, "[ab|", "Insert", "[ab|", VEL_REFUSED_CHARACTER, 1}};
     for (const auto &[where, before, pressed, after, reason, character] : cases) {
         edit(where, before);
+        velumo::offer(ctx, velumo::Board::clipboard, "m\xE2\x82\xACm\r\nm");
         keys("\1"); // a control character is refused before
         keys(pressed);
         uint32_t refused = 0;
