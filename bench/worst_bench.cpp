@@ -26,7 +26,8 @@ constexpr std::uint32_t count = VEL_MAX_RECORDS, window = VEL_FRAME_BUTTONS + 1;
 // Objects from here on have no dependents: of each before, a hundred are.
 constexpr std::uint32_t first_leaf = window + count / VEL_MAX_DEPENDENTS + 1;
 
-constexpr const char *form_path = "a.form", *text_path = "a.text", *picture_path = "a.bmp";
+constexpr const char *form_path = "a.form", *text_path = "a.text";
+constexpr const char *large_path = "large.bmp", *small_path = "small.bmp";
 
 using Record = vel_object_file_rec;
 using Text = vel_text_rec;
@@ -98,11 +99,18 @@ void cover_with_dots(Record &record, std::uint32_t) {
 }
 
 // One path for all.
-void show_picture(Record &record, std::uint32_t number) {
+void show_picture(Record &record, std::uint32_t number, const char *path) {
     show_all(record, number);
     if (number < first_leaf) return;
     record.type = VEL_TYPE_PICTURE_UNLOADED;
-    copy(picture_path, record.image_path);
+    copy(path, record.image_path);
+}
+void show_large_picture(Record &record, std::uint32_t number) {
+    show_picture(record, number, large_path);
+}
+// Of as many pixels as all objects of a form may have.
+void show_small_picture(Record &record, std::uint32_t number) {
+    show_picture(record, number, small_path);
 }
 
 using Maker = void (*)(Record &record, std::uint32_t number);
@@ -131,7 +139,8 @@ constexpr Form forms[] = {
     {"the same line, all in sight", same, show_all},
     {"different lines, all in sight", in_lines, show_all},
     {"large letters, all in sight", same, show_large},
-    {"pictures, all in sight", same, show_picture},
+    {"large pictures, all in sight", same, show_large_picture},
+    {"small pictures, all in sight", same, show_small_picture},
 };
 
 // --- Files
@@ -144,7 +153,7 @@ public:
                         "no temporary folder can be made");
     }
     ~Files() {
-        for (const char *path : {form_path, text_path, picture_path}) unlink(path);
+        for (const char *path : {form_path, text_path, large_path, small_path}) unlink(path);
         rmdir(folder_);
     }
     Files(const Files &) = delete;
@@ -169,10 +178,10 @@ public:
         save(form_path, records);
         save(text_path, texts);
     }
-    void write_picture() const {
+    void write_picture(const char *path, int width, int height) const {
         SDL_Surface *const picture =
-            SDL_CreateRGBSurface(SDL_SWSURFACE, office::width, office::height, 8, 0, 0, 0, 0);
-        SDL_SaveBMP(picture, picture_path);
+            SDL_CreateRGBSurface(SDL_SWSURFACE, width, height, 24, 0xFF, 0xFF00, 0xFF0000, 0);
+        SDL_SaveBMP(picture, path);
         SDL_FreeSurface(picture);
     }
 
@@ -292,7 +301,8 @@ int main(int argc, char **argv) {
     const int runs = argc > 1 ? std::atoi(argv[1]) : 5;
     measure::demand(runs > 0, "usage: worst_bench [RUNS]");
     const Files files;
-    files.write_picture();
+    files.write_picture(large_path, office::width, office::height);
+    files.write_picture(small_path, 45, 45);
     std::printf("%u objects and texts of 999 characters, from files to a screen of %d x %d:\n",
                 count, office::width, office::height);
     const bool are_shown = std::all_of(std::begin(forms), std::end(forms), [&](const Form &form) {

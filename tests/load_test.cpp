@@ -386,20 +386,32 @@ TEST(Assets, other_pictures_are_loaded_unless_they_are_excluded) {
     EXPECT_EQ(type_loaded(files, "p", jpeg), 9U);
 }
 
-// One picture of two colours, which is decoded once.
+// One picture of a clear colour and another, and one that is all black; each is decoded once.
 TEST(Assets, objects_of_one_picture_each_have_their_own_pixels) {
-    Files files(2);
-    const std::string path = files.folder.write("p.png", png);
-    for (const uint32_t number : {1U, 2U}) set_assets(files, number, path);
+    Files files(4);
+    const std::string black = files.folder.file("p.bmp");
+    SDL_Surface *picture = SDL_CreateRGBSurface(SDL_SWSURFACE, 3, 1, 8, 0, 0, 0, 0);
+    std::memset(picture->format->palette->colors, 0, 256 * sizeof(SDL_Color));
+    EXPECT_EQ(SDL_SaveBMP(picture, black.c_str()), 0);
+    SDL_FreeSurface(picture);
+    const std::string clear = bytes_of("0000000174524e530040e6d866");
+    const std::string half_clear =
+        files.folder.write("p.png", std::string(png).insert(png.find("IDAT") - 4, clear));
+    for (uint32_t k = 1; k <= 4; ++k) set_assets(files, k, k <= 2 ? half_clear : black);
     files.load();
-    const SDL_Surface &a = *files.ctx.objects[1].image, &b = *files.ctx.objects[2].image;
-    const SDL_PixelFormat &f = *a.format, &g = *b.format;
-    EXPECT_EQ(std::tuple(a.flags, a.pitch, f.BitsPerPixel, f.colorkey, f.alpha),
-              std::tuple(b.flags, b.pitch, g.BitsPerPixel, g.colorkey, g.alpha));
-    EXPECT_EQ(std::memcmp(f.palette->colors, g.palette->colors, 2 * sizeof(SDL_Color)), 0);
-    EXPECT_EQ(std::memcmp(a.pixels, b.pixels, 3), 0);
-    static_cast<Uint8 *>(a.pixels)[0] ^= 1;
-    EXPECT_NE(std::memcmp(a.pixels, b.pixels, 3), 0);
+    EXPECT_NE(files.ctx.objects[1].image->flags & SDL_SRCCOLORKEY, 0U);
+    for (const uint32_t number : {1U, 3U}) {
+        const SDL_Surface *first = files.ctx.objects[number].image;
+        const SDL_Surface *second = files.ctx.objects[number + 1].image;
+        ASSERT_NE(second, nullptr) << number;
+        const SDL_PixelFormat &f = *first->format, &g = *second->format;
+        EXPECT_EQ(std::tuple(first->flags, first->pitch, f.BitsPerPixel, f.colorkey, f.alpha),
+                  std::tuple(second->flags, second->pitch, g.BitsPerPixel, g.colorkey, g.alpha));
+        EXPECT_EQ(std::memcmp(f.palette->colors, g.palette->colors, 2 * sizeof(SDL_Color)), 0);
+        EXPECT_EQ(std::memcmp(first->pixels, second->pixels, 3), 0);
+        static_cast<Uint8 *>(first->pixels)[0] ^= 1;
+        EXPECT_NE(std::memcmp(first->pixels, second->pixels, 3), 0);
+    }
 }
 
 // Four files of 64 MiB that hold nothing leave no room for a fifth.

@@ -30,6 +30,29 @@ PictureFormat format_of(Bytes file, const char *path) {
     return picture_format(file);
 }
 
+// With its palette, transparent colour and opacity. SDL's own conversion to the same format paints
+// pixel by pixel, and refuses a palette that is all black.
+SDL_Surface *copy_of(const SDL_Surface &s) {
+    const SDL_PixelFormat &f = *s.format;
+    SDL_Surface *copy = SDL_CreateRGBSurface(SDL_SWSURFACE, s.w, s.h, f.BitsPerPixel, f.Rmask,
+                                             f.Gmask, f.Bmask, f.Amask);
+    if (copy == nullptr) return nullptr;
+    const auto row_of = [](const SDL_Surface &surface, int y) {
+        return static_cast<u8 *>(surface.pixels) + std::ptrdiff_t{y} * surface.pitch;
+    };
+    for (int y = 0; y < s.h; ++y) {
+        std::memcpy(row_of(*copy, y), row_of(s, y),
+                    static_cast<std::size_t>(s.w * f.BytesPerPixel));
+    }
+    if (f.palette != nullptr) {
+        SDL_SetColors(copy, f.palette->colors, 0, f.palette->ncolors);
+        copy->format->palette->ncolors = f.palette->ncolors;
+    }
+    SDL_SetColorKey(copy, s.flags & (SDL_SRCCOLORKEY | SDL_RLEACCEL), f.colorkey);
+    SDL_SetAlpha(copy, s.flags & (SDL_SRCALPHA | SDL_RLEACCEL), f.alpha);
+    return copy;
+}
+
 SDL_Surface *decode(PictureFormat format, SDL_RWops *stream, const char *path) {
     switch (format) {
     case PictureFormat::png:
@@ -57,7 +80,7 @@ SDL_Surface *PictureLoading::load_checked(const char *path) try {
     if (is_new) return known->second = load_first(path);
     SDL_Surface *first = known->second;
     if (first == nullptr || !has_room_for(i64{first->w} * first->h)) return nullptr;
-    SDL_Surface *copy = SDL_ConvertSurface(first, first->format, first->flags);
+    SDL_Surface *copy = copy_of(*first);
     if (copy != nullptr) pixels_ += i64{copy->w} * copy->h;
     return copy;
 } catch (const std::bad_alloc &) {
