@@ -12,14 +12,19 @@ namespace {
 constexpr int ems_high = 4, ems_wide = 8;
 constexpr u32 small_size = 64;
 
-// The instructions of a damaged font may run for long. A sound one takes a hundredth of it.
-constexpr double longest_check = 0.5; // seconds
+constexpr double seconds_for_each = 0.002;
+
+double processor_seconds() {
+    timespec now{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+    return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
+}
 
 class FontCheck {
 public:
-    FontCheck(TTF_Font *font, u32 size, Bytes file)
+    FontCheck(TTF_Font *font, u32 size, Bytes file, double end)
         : font_(font), size_(size), em_(static_cast<int>(std::max(size, small_size))), file_(file),
-          shown_(65536) {}
+          end_(end), shown_(65536) {}
 
     bool passes() { return has_sound_lines() && has_sound_glyphs() && has_sound_kerning(); }
 
@@ -38,13 +43,12 @@ private:
     }
 
     bool has_sound_glyphs() {
-        const double end = seconds() + longest_check;
         bool has_missing = false; // they all show the same glyph
         for (Uint16 character = 1; character < 256; ++character) {
             const int glyph = TTF_GlyphIsProvided(font_, character);
             if (glyph == 0 && has_missing) continue;
             has_missing = has_missing || glyph == 0;
-            if (!has_sound_glyph(character, glyph) || seconds() > end) return false;
+            if (!has_sound_glyph(character, glyph) || processor_seconds() > end_) return false;
         }
         // The first character of a line is moved to where there is room, the others are not.
         return most_before_ <= least_advance_;
@@ -64,12 +68,6 @@ private:
         const int width = ems_wide * em_, height = ems_high * em_;
         return min_x >= -width && min_x <= max_x && max_x <= width && min_y >= -height &&
                min_y <= max_y && max_y <= height && advance >= 0 && advance <= width;
-    }
-
-    static double seconds() {
-        timespec now{};
-        clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
-        return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
     }
 
     // A pair must not go back by more than its first character advances. A font has one table of
@@ -126,6 +124,7 @@ private:
     const u32 size_;
     const int em_;
     const Bytes file_;
+    const double end_;
     std::vector<Shown> shown_; // by glyph
     int least_advance_ = ems_wide * static_cast<int>(max_font_size), most_before_ = 0;
 };
@@ -141,6 +140,11 @@ bool may_be_font(Bytes file) {
                         [text](Start start) { return text.starts_with(start); });
 }
 
-bool is_sound(TTF_Font *font, u32 size, Bytes file) { return FontCheck(font, size, file).passes(); }
+bool FontGate::is_sound(TTF_Font *font, u32 size, Bytes file) {
+    const double start = processor_seconds(), end = start + seconds_left_ + seconds_for_each;
+    const bool passes = FontCheck(font, size, file, end).passes();
+    seconds_left_ = std::max(end - processor_seconds(), 0.0);
+    return passes;
+}
 
 } // namespace velumo

@@ -2,7 +2,6 @@
 
 #include <cstring>
 
-#include "model/font_gate.h"
 #include "model/guard.h"
 
 namespace velumo {
@@ -144,7 +143,7 @@ SharedFile file_of(OwnFonts &fonts, FormFiles &files, const std::string &name, c
     return file;
 }
 
-TTF_Font *open_checked(OwnFonts &fonts, const SharedFile &file, const char *path,
+TTF_Font *open_checked(OwnFonts &fonts, FontGate &gate, const SharedFile &file, const char *path,
                        const FontName &name) {
     const u32 size = name.second;
     if (!may_be_font(file->bytes())) {
@@ -165,7 +164,7 @@ TTF_Font *open_checked(OwnFonts &fonts, const SharedFile &file, const char *path
         return nullptr;
     }
     source->is_closed = nullptr;
-    if (!is_sound(font.get(), size, file->bytes())) {
+    if (!gate.is_sound(font.get(), size, file->bytes())) {
         SDL_SetError("%s is damaged", path);
         return nullptr;
     }
@@ -207,7 +206,7 @@ TTF_Font *FontOpening::open_first(OwnFonts &fonts, const char *path, const FontN
     const SharedFile file = file_of(fonts, files_, name.first, path);
     if (file == nullptr) return nullptr;
     cost_ += cost;
-    return open_checked(fonts, file, path, name);
+    return open_checked(fonts, gate_, file, path, name);
 }
 
 void close_own_fonts(vel_context &ctx) {

@@ -2,6 +2,7 @@
 // model's assets.
 #pragma once
 
+#include "model/font_gate.h"
 #include "model/form_files.h"
 
 namespace velumo {
@@ -25,6 +26,7 @@ private:
     vel_context &ctx_;
     const u32 objects_; // that have a font of their own, as many as a form can
     FormFiles files_;
+    FontGate gate_;
     u32 cost_ = 0;                           // of the fonts whose files were read
     std::map<FontName, std::string> failed_; // with their error texts
 };
