@@ -428,6 +428,24 @@ TEST(Assets, what_one_call_reads_has_an_end) {
     EXPECT_EQ(vel_load_object_images(&files.ctx, 2), 1);
 }
 
+// Pictures of 8,192 x 8,192 pixels, of which six are there: each file costs them all, under all its
+// paths once.
+TEST(Assets, pictures_that_fail_leave_less_room) {
+    const std::string header = bytes_of("000020000000200001030000004864581a");
+    for (const auto &[second, type] : {std::pair("./a", 9U), {"b", 4U}}) {
+        Files files(3);
+        for (const char *name : {"a", "b"}) {
+            files.folder.write(name, std::string(png).replace(16, header.size(), header));
+        }
+        set_assets(files, 1, files.folder.file("a"));
+        set_assets(files, 2, files.folder.file(second));
+        set_assets(files, 3, files.folder.write("p", png));
+        files.load();
+        EXPECT_EQ(files.ctx.objects[1].type, 4U);
+        EXPECT_EQ(files.ctx.objects[3].type, type) << second;
+    }
+}
+
 vel_form_file file_of(const char *path, const std::string &bytes) {
     return {path, reinterpret_cast<const unsigned char *>(bytes.data()), bytes.size()};
 }

@@ -52,6 +52,15 @@ bool File::read(unsigned char *to, std::size_t size) const {
     return true;
 }
 
+std::string identity_of(const char *path) {
+    struct stat status {};
+    if (::stat(path, &status) != 0 || !S_ISREG(status.st_mode)) return {};
+    const timespec &changed = status.st_mtim;
+    const auto text = [](auto number) { return std::to_string(number) + ' '; };
+    return text(status.st_dev) + text(status.st_ino) + text(status.st_size) + text(changed.tv_sec) +
+           text(changed.tv_nsec);
+}
+
 FileContent read_file(const char *path, Access access, std::size_t most) {
     const File file(path, access);
     const auto size = file.size();

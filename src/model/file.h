@@ -3,6 +3,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 
 #include "model/bytes.h"
 #include "model/memory.h"
@@ -41,6 +42,9 @@ struct FileContent {
 
     Bytes bytes() const { return {lent != nullptr ? lent : memory.get(), size}; }
 };
+
+// The same for all paths of a regular file, as long as it is not changed; empty when there is none.
+std::string identity_of(const char *path);
 
 // With a NUL after its last byte. A file of more than so many bytes does not fit into memory.
 FileContent read_file(const char *path, Access access, std::size_t most = max_file_size);

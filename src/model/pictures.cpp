@@ -24,10 +24,11 @@ const char *extension_of(const char *path) {
     return dot == nullptr ? "" : dot + 1;
 }
 
-// SDL_image takes what is named .tga for one, whatever it holds.
+// SDL_image takes what is named so for one, whatever it holds.
+bool is_named_tga(const char *path) { return strcasecmp(extension_of(path), "tga") == 0; }
+
 PictureFormat format_of(Bytes file, const char *path) {
-    if (strcasecmp(extension_of(path), "tga") == 0) return PictureFormat::other;
-    return picture_format(file);
+    return is_named_tga(path) ? PictureFormat::other : picture_format(file);
 }
 
 // With its palette, transparent colour and opacity. SDL's own conversion to the same format paints
@@ -76,7 +77,7 @@ SDL_Surface *PictureLoading::load(const char *path) {
 
 // Each object has pixels of its own, which the program may change. Without memory there are none.
 SDL_Surface *PictureLoading::load_checked(const char *path) try {
-    const auto [known, is_new] = known_.try_emplace(path, nullptr);
+    const auto [known, is_new] = known_.try_emplace(name_of(path), nullptr);
     if (is_new) return known->second = load_first(path);
     SDL_Surface *first = known->second;
     if (first == nullptr || !has_room_for(i64{first->w} * first->h)) return nullptr;
@@ -85,6 +86,12 @@ SDL_Surface *PictureLoading::load_checked(const char *path) try {
     return copy;
 } catch (const std::bad_alloc &) {
     return nullptr;
+}
+
+// A form could name one file in a thousand ways.
+std::string PictureLoading::name_of(const char *path) const {
+    const std::string file = is_in_program(ctx_, path) ? path : identity_of(path);
+    return is_named_tga(path) ? "tga " + file : file;
 }
 
 bool PictureLoading::has_room_for(i64 pixels) const {
@@ -102,12 +109,15 @@ SDL_Surface *PictureLoading::load_first(const char *path) {
     const Stream stream(SDL_RWFromConstMem(content.bytes().data(), static_cast<int>(content.size)));
     if (stream == nullptr) return nullptr;
     SDL_Surface *picture = decode(format, stream.get(), path);
-    if (picture == nullptr) return nullptr;
-    if (!is_drawable_picture(*picture)) {
+    if (picture != nullptr && !is_drawable_picture(*picture)) {
         SDL_FreeSurface(picture);
-        return nullptr;
+        picture = nullptr;
     }
-    pixels_ += i64{picture->w} * picture->h;
+    // Of what is not checked before, nobody knows how long it took to fail.
+    constexpr i64 pixels_of_a_failure = i64{1} << 20;
+    pixels_ += picture != nullptr ? i64{picture->w} * picture->h
+               : pixels != 0      ? pixels
+                                  : pixels_of_a_failure;
     return picture;
 }
 

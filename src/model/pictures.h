@@ -18,13 +18,14 @@ public:
 
 private:
     SDL_Surface *load_checked(const char *path);
+    std::string name_of(const char *path) const;
     SDL_Surface *load_first(const char *path);
     bool has_room_for(i64 pixels) const;
 
     const vel_context &ctx_;
     FormFiles files_;
-    i64 pixels_ = 0;                                          // of all that were loaded
-    std::map<std::string, SDL_Surface *, std::less<>> known_; // the first of each path
+    i64 pixels_ = 0;                             // of all that were decoded
+    std::map<std::string, SDL_Surface *> known_; // the first of each file, whatever its path
 };
 
 } // namespace velumo
