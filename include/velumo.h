@@ -590,8 +590,9 @@ VEL_API const char *vel_error_text(int32_t code) VEL_NOTHROW;
  * are unchanged. Only regular files of at most 64 MiB are read. PNG, BMP and JPEG files are
  * recognised by their content and must be whole; a picture of more than 2^26 pixels is not loaded,
  * nor are more than 2^27 pixels in one call. Other files are loaded as SDL_image does unless
- * strict_pictures is set. One call reads each path once, and 256 MiB at most; objects of one path
- * each get a surface of their own. Nothing is printed.
+ * strict_pictures is set. One call decodes each file once, whatever its path, and reads 256 MiB at
+ * most; what fails to decode counts as pixels, too. Objects of one file each get a surface of their
+ * own. Nothing is printed.
  *
  * \param first number of the first object; 0 means 1
  * \returns 1 if the last picture tried was loaded, -1 if not; 0 if there was none
@@ -611,8 +612,9 @@ VEL_API int32_t vel_load_object_images(vel_context *ctx, uint32_t first) VEL_NOT
  * regular files of at most 64 MiB are read. A font is refused in the same way if its size is above
  * 2000, if a line or a character is out of proportion to its size, as in a damaged file, if the
  * file is compressed or a web font, or if one call would open too many: 256 of up to 125 points, or
- * fewer of larger ones and for more than 1,953 objects, from files of 256 MiB at most. What the
- * program opens itself, as the context's font, is not checked.
+ * fewer of larger ones and for more than 1,953 objects, from files of 256 MiB at most. Nor are all
+ * of them checked for longer than a quarter of a second and two milliseconds each, which sound
+ * fonts do not take. What the program opens itself, as the context's font, is not checked.
  *
  * \param first number of the first object; 0 means 1
  * \returns 1 if the last font tried was opened, -1 if not; 0 if there was none

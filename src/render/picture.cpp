@@ -151,14 +151,15 @@ void Picture::paint_block(vel_context &ctx, const PaintOp &op, std::span<const A
     if (parts.empty() || !work_.is_left()) return;
     const TextBlock &block = blocks_[op.block_number];
     work_.spend(work_of_looking_at(block.lines));
-    for_each_op(ctx, block, [&](PaintOp line) {
+    const auto paint_line = [&](PaintOp line) {
         work_.spend(work_of_looking_at(1));
         line.font_id = op.font_id;
         for (const Area &part : parts) {
             const Area shown = common(line.area, part);
             if (!common(shown, area_of(*ctx.screen)).is_empty()) paint_op(*ctx.screen, line, shown);
         }
-    });
+    };
+    for_each_op(ctx, block, std::ref(paint_line));
 }
 
 // Where a pixel is refused with a message, each is refused; and what is painted from the surface
@@ -217,15 +218,16 @@ void Picture::remember_window(const vel_context &ctx) {
 // they paint.
 void Picture::find_last_text(vel_context &ctx) {
     bool is_found = false;
+    const auto look = [&](const PaintOp &op) {
+        if (op.kind != PaintOp::Kind::text) return;
+        last_text_ = op;
+        is_found = true;
+    };
     for (std::size_t k = blocks_.size(); k-- > blocks_before_it_ && !is_found;) {
         if (!work_.is_left()) return;
         if (blocks_[k].shows_dots) continue;
         work_.spend(work_of_looking_at(blocks_[k].lines));
-        for_each_op(ctx, blocks_[k], [&](const PaintOp &op) {
-            if (op.kind != PaintOp::Kind::text) return;
-            last_text_ = op;
-            is_found = true;
-        });
+        for_each_op(ctx, blocks_[k], std::ref(look));
     }
     if (is_found && !has_font_id(ctx, last_text_)) last_text_ = {};
 }

@@ -78,7 +78,8 @@ private:
 
     void show_dot(i64 x, i64 y, i64 radius) {
         const Limits &limits = block_.limits;
-        if (x + radius < limits.x.begin || x - radius >= limits.x.end) return;
+        const i64 widest_reach = std::max<i64>(radius, 1);
+        if (x + widest_reach < limits.x.begin || x - widest_reach >= limits.x.end) return;
         const i64 first = std::max(-radius, limits.y.begin - y);
         const i64 last = std::min(radius, limits.y.end - 1 - y);
         for (i64 row = first; row <= last; ++row) {

@@ -32,6 +32,7 @@ bool may_be_painted_later(const vel_context &ctx, const TextBlock &block);
 
 // Gives what the block paints, in its order: lines of text, boxes for what is selected and for
 // dots.
+// It takes no memory: what holds more than a pointer is given by reference.
 using GiveOp = std::function<void(const PaintOp &)>;
 void for_each_op(vel_context &ctx, const TextBlock &block, const GiveOp &give);
 
