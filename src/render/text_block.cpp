@@ -1,7 +1,6 @@
 #include "render/text_block.h"
 
 #include <climits>
-#include <cmath>
 
 #include "model/traits.h"
 #include "model/types.h"
@@ -82,9 +81,11 @@ private:
         if (x + widest_reach < limits.x.begin || x - widest_reach >= limits.x.end) return;
         const i64 first = std::max(-radius, limits.y.begin - y);
         const i64 last = std::min(radius, limits.y.end - 1 - y);
+        i64 reach = 0; // the whole part of a root that changes little from row to row
         for (i64 row = first; row <= last; ++row) {
-            const auto reach =
-                static_cast<i64>(std::sqrt(static_cast<double>(radius * radius + 1 - row * row)));
+            const i64 square = radius * radius + 1 - row * row;
+            while (reach * reach > square) --reach;
+            while ((reach + 1) * (reach + 1) <= square) ++reach;
             const Span columns{std::max(x - reach, limits.x.begin),
                                std::min(x + reach + 1, limits.x.end)};
             if (columns.begin >= columns.end) continue;
