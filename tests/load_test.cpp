@@ -407,7 +407,10 @@ TEST(Assets, objects_of_one_picture_each_have_their_own_pixels) {
         const SDL_PixelFormat &f = *first->format, &g = *second->format;
         EXPECT_EQ(std::tuple(first->flags, first->pitch, f.BitsPerPixel, f.colorkey, f.alpha),
                   std::tuple(second->flags, second->pitch, g.BitsPerPixel, g.colorkey, g.alpha));
-        EXPECT_EQ(std::memcmp(f.palette->colors, g.palette->colors, 2 * sizeof(SDL_Color)), 0);
+        for (int k = 0; k < f.palette->ncolors; ++k) {
+            const SDL_Color &c = f.palette->colors[k], &d = g.palette->colors[k];
+            EXPECT_EQ(std::tuple(c.r, c.g, c.b), std::tuple(d.r, d.g, d.b)) << number << " " << k;
+        }
         EXPECT_EQ(std::memcmp(first->pixels, second->pixels, 3), 0);
         static_cast<Uint8 *>(first->pixels)[0] ^= 1;
         EXPECT_NE(std::memcmp(first->pixels, second->pixels, 3), 0);
