@@ -18,9 +18,10 @@ constexpr std::size_t max_ops = 65536;
 constexpr u32 most_ops = VEL_MAX_RECORDS * (VEL_TEXT_LINES + 24);
 constexpr int max_side = 32767; // of a surface, so that parts of boxes fit SDL_Rect
 
-// As the screen may with a picture that it is a part of. What SDL keeps encoded has no pixels.
+// As the screen may with a picture that it is a part of. What SDL keeps encoded has no pixels, and
+// a screen in the memory of the hardware has them only while it is locked.
 bool share_pixels(const SDL_Surface &screen, const SDL_Surface *image) {
-    if (image == nullptr || image->pixels == nullptr) return false;
+    if (image == nullptr || image->pixels == nullptr || screen.pixels == nullptr) return false;
     const auto start = [](const SDL_Surface &s) { return static_cast<const u8 *>(s.pixels); };
     const auto end = [start](const SDL_Surface &s) {
         return start(s) + std::size_t{s.pitch} * static_cast<std::size_t>(s.h);
