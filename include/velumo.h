@@ -591,8 +591,8 @@ VEL_API const char *vel_error_text(int32_t code) VEL_NOTHROW;
  * recognised by their content and must be whole; a picture of more than 2^26 pixels is not loaded,
  * nor are more than 2^27 pixels in one call. Other files are loaded as SDL_image does unless
  * strict_pictures is set. One call decodes each file once, whatever its path, and reads 256 MiB at
- * most; what fails to decode counts as pixels, too. Objects of one file each get a surface of their
- * own. Nothing is printed.
+ * most; what fails to decode counts as pixels, too, and a JPEG file of n > 8 scans for n / 8 times
+ * its pixels. Objects of one file each get a surface of their own. Nothing is printed.
  *
  * \param first number of the first object; 0 means 1
  * \returns 1 if the last picture tried was loaded, -1 if not; 0 if there was none

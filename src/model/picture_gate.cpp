@@ -147,10 +147,12 @@ bool is_frame(u32 code) {
     return code >= 0xC0 && code <= 0xCF && code != 0xC4 && code != 0xC8 && code != 0xCC;
 }
 
-// Each scan of a progressive picture goes over all of it.
-bool are_bearable(i64 scans, i64 pixels) {
-    constexpr i64 small = i64{1} << 22, most = i64{1} << 29;
-    return scans != 0 && scans * std::max(pixels, small) <= most;
+// Each scan of a progressive picture goes over all of it: with more than are usual it takes as long
+// as a larger one.
+i64 pixels_in_scans(i64 scans, i64 pixels) {
+    constexpr i64 usual = 8, small = i64{1} << 22, most = i64{1} << 29;
+    if (scans == 0 || scans * std::max(pixels, small) > most) return 0;
+    return pixels * std::max(scans, usual) / usual;
 }
 
 i64 pixels_of_jpeg(Bytes file) {
@@ -164,7 +166,7 @@ i64 pixels_of_jpeg(Bytes file) {
             ++at;
             continue;
         }
-        if (code == end) return are_bearable(scans, pixels) ? pixels : 0;
+        if (code == end) return pixels_in_scans(scans, pixels);
         const u32 size = fields.big16(at + 2);
         if (size < 2 || !fields.has(at + 2, size)) return 0;
         if (is_frame(code)) {
@@ -198,7 +200,7 @@ PictureFormat picture_format(Bytes file) {
     return PictureFormat::other;
 }
 
-i64 pixels_of_whole(PictureFormat format, Bytes file) {
+i64 pixels_to_decode(PictureFormat format, Bytes file) {
     switch (format) {
     case PictureFormat::png:
         return pixels_of_png(file);

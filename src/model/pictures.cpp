@@ -103,7 +103,7 @@ SDL_Surface *PictureLoading::load_first(const char *path) {
     if (content.error != FileError::none || content.size == 0) return nullptr;
     const PictureFormat format = format_of(content.bytes(), path);
     if (format == PictureFormat::other && ctx_.strict_pictures != 0) return nullptr;
-    const i64 pixels = pixels_of_whole(format, content.bytes());
+    const i64 pixels = pixels_to_decode(format, content.bytes());
     if (format != PictureFormat::other && pixels == 0) return nullptr;
     if (!has_room_for(pixels)) return nullptr;
     const Stream stream(SDL_RWFromConstMem(content.bytes().data(), static_cast<int>(content.size)));
@@ -115,9 +115,9 @@ SDL_Surface *PictureLoading::load_first(const char *path) {
     }
     // Of what is not checked before, nobody knows how long it took to fail.
     constexpr i64 pixels_of_a_failure = i64{1} << 20;
-    pixels_ += picture != nullptr ? i64{picture->w} * picture->h
-               : pixels != 0      ? pixels
-                                  : pixels_of_a_failure;
+    pixels_ += pixels != 0          ? pixels
+               : picture != nullptr ? i64{picture->w} * picture->h
+                                    : pixels_of_a_failure;
     return picture;
 }
 
